@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
-#include "code_page.h"
 #include "demo_car.h"
+#include "platform/text_encoding.h"
 
 namespace {
 
@@ -40,6 +40,6 @@ std::string englishAddressMap() {
 }
 
 std::string japaneseAddressMap() {
-  return inCodePage(addressMap("# 架空の車です。実在する車のデータではありません。",
+  return encodeText(addressMap("# 架空の車です。実在する車のデータではありません。",
                                "デモカー 2.0 ターボ (架空)", &DemoEntry::japanese));
 }
