@@ -1,0 +1,31 @@
+// Opening and closing of dialogs over the main window, and the boxes that many commands share.
+#pragma once
+
+#include <string>
+
+#include "core/wording.h"
+#include "platform/desktop.h"
+#include "platform/window.h"
+
+// Shows `dialog` above all windows, or takes it out of that order.
+void makeTopmost(Window& dialog, bool on);
+// Form1 is disabled, the dialog loaded, centred on Form1 and shown topmost.
+void openDialog(Window& dialog);
+// The reverse.
+void closeDialog(Window& dialog);
+
+// A critical box titled "エラー" or "Error": the refusal of a command.
+void showRefusal(const Wording& text);
+// The box of a command's failure: "*ERROR = [", the number, "]" and `remark`.
+void showFailure(int number, const std::string& remark = {}, BoxIcon icon = BoxIcon::critical);
+// The box of a routine without a file: "ERROR (Function:", the name in upper case and ")".
+void showRoutineError(const std::string& routine);
+// The box of an unknown map number.
+void showUnknownMap(const Wording& text);
+
+extern const char* const failureTitle;  // "Detected error.This error is not fatal."
+extern const Wording errorTitle;        // "エラー", "Error"
+
+// The guard of the commands that need an image: shows the refusal and answers true when the content
+// test fails.
+bool refusedWithoutRom(const Wording& text);

@@ -1,0 +1,111 @@
+// The main window's record: the edit store. Its grids and text boxes hold what the user edits; the
+// image follows at the next write-back.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "core/address_map.h"
+#include "platform/canvas.h"
+#include "platform/controls.h"
+#include "platform/grid.h"
+#include "platform/window.h"
+
+struct Form1 : Window {
+  Form1();
+
+  // Brings the panel of tab `tab` before the others.
+  void bringPanelToFront(int tab);
+  int frontPanel() const { return frontPanel_; }
+
+  TabStrip TabStrip1;
+  ProgressBar ProgressBar1{*this};
+
+  Frame Frame1{*this, "ハイオク燃料マップ"}, Frame2{*this, "ハイオク点火マップ"},
+      Frame3{*this, "レギュラー燃料マップ"}, Frame4{*this, "レギュラー点火マップ"},
+      Frame5{*this, "VQ マップ"}, Frame6{*this}, Frame7{*this, "GLOBAL"}, Frame8{*this},
+      Frame9{*this}, Frame10{*this}, Frame11{*this}, Frame12{*this}, Frame13{*this}, Frame14{*this};
+
+  Grid Grid1, Grid2, Grid3, Grid4, Grid5, Grid6, Grid7, Grid8, Grid9;
+  Grid AddGrid1, AddGrid2, AddGrid3, AddGrid4, AddGrid11, AddGrid12, AddGrid13, AddGrid14;
+  Grid TP_FUEL, TP_FIRE, RPM_FUEL, RPM_FIRE;
+
+  // The airflow view and the names on it.
+  static constexpr int viewWidth = 569;
+  static constexpr int viewHeight = 241;
+  Canvas Picture2{*this, viewWidth, viewHeight};
+  Label Label14{*this, "2D VQMAP VIEW"}, Label17{*this, "ZELKOVA"}, Label21{*this, "ZELKOVA"};
+
+  // Status: model, operation under way, file size, engine, comparison file.
+  Label Label1{*this, "機種別アドレスマップが読み込まれていません。"}, Label13{*this},
+      Label20{*this}, Label34{*this}, Label35{*this}, Label37{*this, "仕様"};
+  // Headings of the engine-speed scales.
+  Label Label15{*this, "回転数"}, Label16{*this, "回転数"};
+
+  // The single parameters.
+  Label Label22{*this, "16進数　(この枠内のみ)"};
+  Label Label3{*this, "K_DATA"}, Label4{*this, "IGN_TIME"}, Label5{*this, "FB_SWITCH"},
+      Label6{*this, "REV1_LIMIT"}, Label7{*this, "REV2_LIMIT"}, Label24{*this, "REV3_LIMIT"},
+      Label25{*this, "REV4_LIMIT"}, Label8{*this, "SPEED1_LIMIT"}, Label9{*this, "SPEED2_LIMIT"},
+      Label10{*this, "SPEED3_LIMIT"}, Label23{*this, "SPEED4_LIMIT"},
+      addText1{*this, "ADD_BYTE1"}, addText2{*this, "ADD_BYTE2"}, addText3{*this, "ADD_BYTE3"};
+  Label Label30{*this, "RPM"}, Label31{*this, "RPM"}, Label32{*this, "RPM"}, Label33{*this, "RPM"};
+  Label Label26{*this, "Km/h"}, Label27{*this, "Km/h"}, Label28{*this, "Km/h"},
+      Label29{*this, "Km/h"};
+  TextBox Text1{*this, "N/A"}, Text2{*this, "N/A"}, Text3{*this, "N/A"}, Text4{*this, "N/A"},
+      Text5{*this, "N/A"}, Text6{*this, "N/A"}, Text7{*this, "N/A"}, Text8{*this, "N/A"},
+      Text9{*this, "N/A"}, Text10{*this, "N/A"}, Text11{*this, "N/A"}, Text12{*this, "N/A"},
+      Text13{*this, "N/A"}, Text14{*this, "N/A"};
+  // The four small grids beside them.
+  Label Label11{*this, "TTP_MIN"}, Label12{*this, "TTP_MAX"}, Label2{*this, "AF_LIMIT"},
+      Label18{*this, "ADD_FUEL"};
+
+  MenuItem menuBar{*this, "menuBar"};
+  std::array<MenuItem*, 10> mnuRecentFile{};
+
+ private:
+  int frontPanel_ = 1;
+};
+
+// The main window; made at the first look at it. `discardForm1` ends its life.
+Form1& form1();
+void discardForm1();
+
+// What kinds of cells a map has.
+enum class MapFamily { main, airflow, tpScale, rpmScale, limitRow, additional };
+
+// One row for each map: its keyword in address map files, its grid, where its caption goes, its tab
+// (0: none), and whether the file's scale line counts.
+struct MapKind {
+  MapId id;
+  const char* keyword;
+  Grid Form1::* grid;
+  MapFamily family;
+  Frame Form1::* frame;  // null: the caption goes to `label`, or nowhere
+  Label Form1::* label;
+  int tab;
+  bool scaled() const { return family == MapFamily::rpmScale || family == MapFamily::additional; }
+};
+
+const std::array<MapKind, mapCount>& mapKinds();
+// The kind of `mapId`, null outside 1 to 21.
+const MapKind* findMapKind(int mapId);
+Grid& gridOf(const MapKind& kind);
+// The map that tab 1 to 13 shows, null for tab 14.
+const MapKind* mapKindOfTab(int tab);
+// The grid of `currentTab`, null on tab 14.
+Grid* activeGrid();
+
+// One row for each parameter: its keyword, box and label, whether it is a scaled number, and
+// whether its box is limited to the digits of its bytes.
+struct ParamKind {
+  ParamId id;
+  const char* keyword;
+  TextBox Form1::* box;
+  Label Form1::* label;
+  Label Form1::* unit;  // null for hexadecimal boxes
+  bool limitedLength;
+  bool scaled() const { return unit != nullptr; }
+};
+
+const std::array<ParamKind, paramCount>& paramKinds();

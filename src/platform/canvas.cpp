@@ -1,0 +1,38 @@
+#include "platform/canvas.h"
+
+void Canvas::clear() { items_.clear(); }
+
+void Canvas::lineTo(int x, int y) {
+  add({CanvasItem::line, pen_, x_, y_, x, y});
+  moveTo(x, y);
+}
+
+void Canvas::drawLine(int x1, int y1, int x2, int y2, Colour colour) {
+  add({CanvasItem::line, colour, x1, y1, x2, y2});
+}
+
+void Canvas::drawOutline(int x1, int y1, int x2, int y2, Colour colour) {
+  add({CanvasItem::outline, colour, x1, y1, x2, y2});
+}
+
+void Canvas::drawBar(int x1, int y1, int x2, int y2, Colour colour) {
+  add({CanvasItem::bar, colour, x1, y1, x2, y2});
+}
+
+void Canvas::userMouseDown() {
+  if (!takesInput()) return;
+  userFocus();
+  if (onMouseDown) onMouseDown();
+}
+
+void Canvas::userKeyDown(int keyCode) {
+  if (takesInput() && onKeyDown) onKeyDown(keyCode);
+}
+
+void Canvas::userKey(char32_t key) {
+  if (takesInput() && onKey) onKey(key);
+}
+
+void Canvas::userKeyUp(int keyCode) {
+  if (takesInput() && onKeyUp) onKeyUp(keyCode);
+}

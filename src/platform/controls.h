@@ -1,0 +1,262 @@
+// The small control records: label, frame, text box, check box, option, list, button, tab strip,
+// progress bar, menu item and timer. Grid and canvas have files of their own.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/colour.h"
+#include "platform/control.h"
+#include "platform/window.h"
+
+class Label : public Control {
+ public:
+  explicit Label(Window& owner, std::string caption = {})
+      : Control(owner), caption_(std::move(caption)) {}
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string text) { assign(caption_, std::move(text)); }
+  Colour colour() const { return colour_; }
+  void setColour(Colour colour) { assign(colour_, colour); }
+
+  void userClick();
+  std::function<void()> onClick;
+
+ private:
+  std::string caption_;
+  Colour colour_ = black;
+};
+
+// A captioned border around a group of controls. `frontmost` panels lie above their siblings.
+class Frame : public Control {
+ public:
+  explicit Frame(Window& owner, std::string caption = {})
+      : Control(owner), caption_(std::move(caption)) {}
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string text) { assign(caption_, std::move(text)); }
+
+  void userClick();
+  std::function<void()> onClick;
+
+ private:
+  std::string caption_;
+};
+
+class TextBox : public Control {
+ public:
+  explicit TextBox(Window& owner, std::string text = {}) : Control(owner), text_(std::move(text)) {}
+  const std::string& text() const { return text_; }
+  void setText(std::string text);
+  // The longest text in characters that typing and pasting allow; 0: no limit.
+  int maxLength() const { return maxLength_; }
+  void setMaxLength(int characters) { assign(maxLength_, characters); }
+  // Selected part in characters. A box that gets the focus selects its whole text.
+  int selectionStart() const { return selectionStart_; }
+  int selectionLength() const { return selectionLength_; }
+
+  // The user's doors. `userType` puts each character through the key filter; "\b" is the backspace
+  // key. `userPaste` replaces the selection unfiltered. `userEdit` takes over what a toolkit's own
+  // editing made of the text.
+  bool acceptsKey(char32_t key) const { return !keyFilter || keyFilter(key); }
+  void userType(std::string_view keys);
+  void userPaste(std::string_view text);
+  void userEdit(std::string text);
+  void userSelect(int start, int length);
+
+  // Which characters may be typed; none set: all. Backspace and cursor keys are never filtered.
+  std::function<bool(char32_t)> keyFilter;
+  std::function<void()> onChange;
+
+ protected:
+  void gotFocus() override;
+
+ private:
+  void replaceSelection(std::u32string_view with);
+
+  std::string text_;
+  int maxLength_ = 0;
+  int selectionStart_ = 0;
+  int selectionLength_ = 0;
+};
+
+// Key filters in use.
+bool digitKey(char32_t key);
+
+class CheckBox : public Control {
+ public:
+  explicit CheckBox(Window& owner, std::string caption = {})
+      : Control(owner), caption_(std::move(caption)) {}
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string text) { assign(caption_, std::move(text)); }
+  bool checked() const { return checked_; }
+  void setChecked(bool on) { assign(checked_, on); }
+
+  // `userMouseDown` is the press of a mouse button, before the change that a click brings.
+  void userMouseDown();
+  void userToggle();
+  std::function<void()> onMouseDown;
+  std::function<void()> onChange;
+
+ private:
+  std::string caption_;
+  bool checked_ = false;
+};
+
+class Option;
+
+// Options of which at most one is selected.
+class OptionGroup {
+ public:
+  OptionGroup() = default;
+  OptionGroup(const OptionGroup&) = delete;
+  OptionGroup& operator=(const OptionGroup&) = delete;
+  Option* selected() const;
+  void select(const Option* chosen);
+  const std::vector<Option*>& members() const { return members_; }
+
+ private:
+  friend class Option;
+  std::vector<Option*> members_;
+};
+
+class Option : public Control {
+ public:
+  Option(Window& owner, OptionGroup& group, std::string caption = {});
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string text) { assign(caption_, std::move(text)); }
+  bool selected() const { return selected_; }
+  OptionGroup& group() const { return *group_; }
+
+  void userMouseDown();
+  void userSelect();
+  std::function<void()> onMouseDown;
+  std::function<void()> onSelect;
+
+ private:
+  friend class OptionGroup;
+  OptionGroup* group_;
+  std::string caption_;
+  bool selected_ = false;
+};
+
+class ListBox : public Control {
+ public:
+  ListBox(Window& owner, std::vector<std::string> items)
+      : Control(owner), items_(std::move(items)) {}
+  const std::vector<std::string>& items() const { return items_; }
+  // The selected line, counted from 0; -1: none.
+  int index() const { return index_; }
+  void setIndex(int index) { assign(index_, index); }
+  // The selected line's text, "" for none.
+  std::string text() const;
+  void selectText(std::string_view text);
+
+  void userMouseDown();
+  // Selecting the line that is selected already is no change.
+  void userSelect(int index);
+  std::function<void()> onMouseDown;
+  std::function<void()> onChange;
+
+ private:
+  std::vector<std::string> items_;
+  int index_ = -1;
+};
+
+class Button : public Control {
+ public:
+  explicit Button(Window& owner, std::string caption = {})
+      : Control(owner), caption_(std::move(caption)) {}
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string text) { assign(caption_, std::move(text)); }
+
+  void userClick();
+  std::function<void()> onClick;
+
+ private:
+  std::string caption_;
+};
+
+class TabStrip : public Control {
+ public:
+  struct Tab {
+    std::string caption;
+    std::string toolTip;
+    bool operator==(const Tab&) const = default;
+  };
+  TabStrip(Window& owner, std::vector<Tab> tabs) : Control(owner), tabs_(std::move(tabs)) {}
+  // Tabs are counted from 1.
+  int count() const { return static_cast<int>(tabs_.size()); }
+  const Tab& tab(int number) const { return tabs_.at(static_cast<std::size_t>(number - 1)); }
+  void setCaption(int number, std::string text);
+  void setTabToolTip(int number, std::string text);
+  int selected() const { return selected_; }
+
+  // A click on a tab, on the selected one as well.
+  void userSelect(int number);
+  std::function<void()> onClick;
+
+ private:
+  std::vector<Tab> tabs_;
+  int selected_ = 1;
+};
+
+// Runs from 0 to 100.
+class ProgressBar : public Control {
+ public:
+  using Control::Control;
+  int value() const { return value_; }
+  void setValue(int value) { assign(value_, value); }
+
+ private:
+  int value_ = 0;
+};
+
+// An entry of a menu: a command, a submenu or a separator (caption "-").
+class MenuItem : public Control {
+ public:
+  MenuItem(Window& owner, std::string name, std::string caption = {}, std::string shortcut = {})
+      : Control(owner),
+        name_(std::move(name)),
+        caption_(std::move(caption)),
+        shortcut_(std::move(shortcut)) {}
+  const std::string& name() const { return name_; }
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string text) { assign(caption_, std::move(text)); }
+  const std::string& shortcut() const { return shortcut_; }
+  MenuItem& add(std::unique_ptr<MenuItem> child);
+  const std::vector<std::unique_ptr<MenuItem>>& children() const { return children_; }
+  // This item or the one below it that bears the name; null when there is none.
+  MenuItem* find(std::string_view name);
+
+  void userPick();
+  std::function<void()> onClick;
+
+ private:
+  std::string name_;
+  std::string caption_;
+  std::string shortcut_;
+  std::vector<std::unique_ptr<MenuItem>> children_;
+};
+
+// Fires `onTimer` once per interval while it is enabled.
+class Timer : public Control {
+ public:
+  Timer(Window& owner, int milliseconds) : Control(owner), interval_(milliseconds) {
+    setEnabled(false);
+  }
+  int interval() const { return interval_; }
+  // Starts a new interval from now.
+  void restart(int milliseconds);
+
+  // The interval has run out.
+  void fire();
+  std::function<void()> onTimer;
+
+ private:
+  int interval_;
+};

@@ -1,0 +1,150 @@
+// A rectangle of text cells with background colours: the edit store of a map. It has a current cell
+// and an opposite corner, fixed header rows and columns, widths and heights in twips (1/1440 inch).
+// Moving the current cell collapses the selection; an index outside fails with badSubscript.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/colour.h"
+#include "platform/control.h"
+
+// Four corners as the user made them: `row`, `column` is the current cell, the other pair the
+// opposite corner, which may be smaller or greater.
+struct GridSelection {
+  int row = 0;
+  int column = 0;
+  int rowSel = 0;
+  int columnSel = 0;
+  bool operator==(const GridSelection&) const = default;
+};
+
+// The same rectangle from its low to its high corner, both included.
+struct GridBlock {
+  int top = 0;
+  int left = 0;
+  int bottom = 0;
+  int right = 0;
+  int rows() const { return bottom - top + 1; }
+  int columns() const { return right - left + 1; }
+};
+
+enum class MouseButton { left, right, middle };
+
+class Grid : public Control {
+ public:
+  // How the grid looks; the record only keeps it.
+  struct Look {
+    Colour text = black;
+    Colour lines = rgb(192, 192, 192);
+    Colour ground = white;
+  };
+  // The largest number of cells that a size may ask for.
+  static constexpr int maximumCells = 1'048'576;
+  static constexpr int designColumnWidth = 960;  // twips
+  static constexpr int designRowHeight = 240;    // twips
+
+  Grid(Window& owner, int rows, int columns, int fixedRows, int fixedColumns, Look look);
+
+  int rows() const { return rows_; }
+  int columns() const { return columns_; }
+  int fixedRows() const { return fixedRows_; }
+  int fixedColumns() const { return fixedColumns_; }
+  const Look& look() const { return look_; }
+  // Gives the grid another size; cells that lie in both sizes keep their contents. The current cell
+  // goes to the first data cell. A size below 0 or of more than `maximumCells` fails.
+  void resize(int rows, int columns);
+
+  const std::string& text(int row, int column) const { return cell(row, column).text; }
+  Colour background(int row, int column) const { return cell(row, column).background; }
+  // False for a cell that was never painted.
+  bool painted(int row, int column) const { return cell(row, column).painted; }
+  void setText(int row, int column, std::string_view text);
+  void setBackground(int row, int column, Colour colour);
+  void setCell(int row, int column, std::string_view text, Colour colour);
+  // Takes all texts and colours away; the size stays.
+  void clear();
+
+  int row() const { return selection_.row; }
+  int column() const { return selection_.column; }
+  int rowSel() const { return selection_.rowSel; }
+  int columnSel() const { return selection_.columnSel; }
+  const GridSelection& selection() const { return selection_; }
+  GridBlock block() const;
+  void setRow(int row);
+  void setColumn(int column);
+  void setRowSel(int row);
+  void setColumnSel(int column);
+  // All four at once, as setColumn, setRow, setColumnSel, setRowSel would.
+  void setSelection(const GridSelection& selection);
+  // The selected cells' text: tabs between columns, carriage returns between rows.
+  std::string clip() const;
+
+  // Repainting. Writes while it is off are shown when it goes on again.
+  bool redraw() const { return redraw_; }
+  void setRedraw(bool on);
+
+  int columnWidth(int column) const;
+  int rowHeight(int row) const;
+  void setColumnWidths(int twips);
+  void setColumnWidth(int column, int twips);
+  void setRowHeight(int row, int twips);
+
+  // The user's doors. A selection is kept inside the data cells where the grid has any.
+  void userSelect(const GridSelection& selection);
+  void userDoubleClick();
+  void userKey(char32_t key);
+  void userKeyUp();
+  void userMouseDown(MouseButton button);
+
+  std::function<void()> onDoubleClick;
+  std::function<void(char32_t)> onKey;
+  std::function<void()> onKeyUp;
+  std::function<void(MouseButton)> onMouseDown;
+
+ private:
+  struct Cell {
+    std::string text;
+    Colour background;
+    bool painted = false;
+  };
+  void checkRow(int row) const;
+  void checkColumn(int column) const;
+  const Cell& cell(int row, int column) const;
+  Cell& cell(int row, int column);
+  void cellChanged(int row, int column);
+  void selectionChanged(const GridSelection& selection);
+  void changed(Change::Kind kind);
+
+  int rows_;
+  int columns_;
+  int fixedRows_;
+  int fixedColumns_;
+  Look look_;
+  std::vector<Cell> cells_;
+  GridSelection selection_;
+  bool redraw_ = true;
+  bool dirty_ = false;
+  int widthOfAll_ = designColumnWidth;
+  std::vector<int> ownWidths_;  // of the first columns; 0: the width of all
+  std::vector<int> ownHeights_;
+};
+
+// Keeps a grid from repainting, and hides it if told so, until the end of the scope, on every path.
+// Both are put back as they were found.
+class GridPause {
+ public:
+  enum class Hide { no, yes };
+  explicit GridPause(Grid& grid, Hide hide = Hide::no);
+  ~GridPause();
+  GridPause(const GridPause&) = delete;
+  GridPause& operator=(const GridPause&) = delete;
+
+ private:
+  Grid& grid_;
+  bool redraw_;
+  bool visible_;
+};

@@ -1,0 +1,76 @@
+#include "platform/window.h"
+
+#include "platform/controls.h"
+#include "platform/desktop.h"
+
+void Window::setCaption(std::string text) {
+  if (caption_ == text) return;
+  caption_ = std::move(text);
+  tell({Change::values});
+}
+
+void Window::setEnabled(bool on) {
+  enabled_ = on;
+  tell({Change::values});
+}
+
+void Window::setTopmost(bool on) {
+  topmost_ = on;
+  tell({Change::values});
+}
+
+bool Window::takesInput() const {
+  return enabled_ && loaded_ && !(hasDesktop() && desktop().asking());
+}
+
+void Window::load() {
+  if (loaded_) return;
+  loaded_ = true;
+  enabled_ = true;
+  active_ = false;
+  focus_ = nullptr;
+  if (onLoad) onLoad();
+}
+
+void Window::unload() {
+  if (!loaded_) return;
+  loaded_ = false;
+  active_ = false;
+  focus_ = nullptr;
+  if (onUnload) onUnload();
+  desktop().hideWindow(*this);
+}
+
+void Window::userActivate() {
+  if (!loaded_ || active_) return;
+  active_ = true;
+  if (onActivate) onActivate();
+  if (!focus_ && firstFocus) firstFocus->setFocus();
+}
+
+void Window::userClose() {
+  if (!takesInput()) return;
+  if (onClose) return onClose();
+  Button* button = closeButton ? closeButton : cancelButton;
+  if (button) button->userClick();
+}
+
+void Window::userEnter() {
+  if (defaultButton) defaultButton->userClick();
+}
+
+void Window::userEscape() {
+  if (cancelButton) cancelButton->userClick();
+}
+
+void Window::userKey() {
+  if (takesInput() && onKey) onKey();
+}
+
+void Window::moveFocus(Control* to) {
+  if (focus_ == to) return;
+  Control* const from = focus_;
+  focus_ = to;
+  if (from && from->onLostFocus) from->onLostFocus();
+  if (focus_ == to && to) to->gotFocus();
+}

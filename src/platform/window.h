@@ -1,0 +1,84 @@
+// The record of a window: title, whether it takes input, where it stands, which of its controls has
+// the focus, and what happens when it is loaded, becomes active, is closed and is unloaded.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "platform/control.h"
+
+class Button;
+
+class Window {
+ public:
+  explicit Window(std::string name) : name_(std::move(name)) {}
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+
+  // The window's name in the program ("Form1"), the same in every language.
+  const std::string& name() const { return name_; }
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string text);
+  bool enabled() const { return enabled_; }
+  void setEnabled(bool on);
+  // Between load and unload. Only a loaded window takes input.
+  bool loaded() const { return loaded_; }
+  bool active() const { return active_; }
+  bool topmost() const { return topmost_; }
+  void setTopmost(bool on);
+  // The window over whose middle this one is placed; none until `centreOn`.
+  const Window* centredOn() const { return centredOn_; }
+  void centreOn(const Window& other) { centredOn_ = &other; }
+
+  Control* focus() const { return focus_; }
+  bool takesInput() const;
+  // Repaints the window with all its controls at once.
+  void refresh() { tell({Change::repaint}); }
+
+  // Runs the load handler; a window that is already loaded stays as it is.
+  void load();
+  // Runs the unload handler and leaves the front end without the window.
+  void unload();
+
+  // The user's doors.
+  void userActivate();
+  // The close box: the `onClose` handler if there is one, else a click on the cancel button, else
+  // nothing.
+  void userClose();
+  // Enter and Escape: a click on the default or the cancel button.
+  void userEnter();
+  void userEscape();
+  // Any key pressed while the window or one of its controls has the focus; runs before the control
+  // sees the key.
+  void userKey();
+
+  Button* defaultButton = nullptr;
+  Button* cancelButton = nullptr;
+  // What the close box does where it isn't the cancel button's work.
+  Button* closeButton = nullptr;
+  // The control that has the focus when the window opens.
+  Control* firstFocus = nullptr;
+  std::function<void(const Change&)> observer;
+  std::function<void()> onLoad;
+  std::function<void()> onActivate;
+  std::function<void()> onClose;
+  std::function<void()> onUnload;
+  std::function<void()> onKey;
+
+ private:
+  friend class Control;
+  void tell(const Change& change) const {
+    if (observer) observer(change);
+  }
+  void moveFocus(Control* to);
+
+  std::string name_;
+  std::string caption_;
+  bool enabled_ = true;
+  bool loaded_ = false;
+  bool active_ = false;
+  bool topmost_ = false;
+  const Window* centredOn_ = nullptr;
+  Control* focus_ = nullptr;
+};
