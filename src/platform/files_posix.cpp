@@ -1,0 +1,203 @@
+// Files by POSIX calls; the lock that marks a waiting file as held is flock.
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include "platform/files_system.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr mode_t anyMayWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+constexpr mode_t plainPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
+constexpr mode_t allPermissions = plainPermissions | S_ISUID | S_ISGID | S_ISVTX;
+constexpr mode_t newFile = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;
+constexpr std::size_t smallestStep = 65536;      // bytes by which a growing file is followed
+constexpr std::size_t largestStep = 0x40000000;  // bytes in one call; some systems refuse more
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  ~Descriptor() {
+    if (number_ >= 0) close(number_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int number() const { return number_; }
+
+ private:
+  int number_;
+};
+
+[[noreturn]] void fail(int error) { throw std::system_error(error, std::generic_category()); }
+
+void require(bool succeeded) {
+  if (!succeeded) fail(errno);
+}
+
+void requireRegular(const struct stat& status) {
+  if (S_ISDIR(status.st_mode)) fail(EISDIR);
+  if (!S_ISREG(status.st_mode)) fail(EACCES);
+}
+
+// A device may act on being opened, and a pipe may wait: hence the look before, and O_NONBLOCK for
+// what takes the name meanwhile.
+int openRegular(const fs::path& path) {
+  struct stat status {};
+  require(stat(path.c_str(), &status) == 0);
+  requireRegular(status);
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  require(file >= 0);
+  return file;
+}
+
+std::size_t regularSize(int file) {
+  struct stat status {};
+  require(fstat(file, &status) == 0);
+  requireRegular(status);
+  return static_cast<std::size_t>(status.st_size);
+}
+
+std::size_t readSome(int file, std::span<std::uint8_t> room) {
+  while (true) {
+    const ssize_t count = read(file, room.data(), std::min(room.size(), largestStep));
+    if (count >= 0) return static_cast<std::size_t>(count);
+    if (errno != EINTR) fail(errno);
+  }
+}
+
+void flush(int file) {
+  while (fsync(file) != 0) {
+    if (errno == EINVAL || errno == ENOTSUP) return;  // no disk behind this file system
+    if (errno != EINTR) fail(errno);
+  }
+}
+
+// False if a removal of abandoned files came between making the file and holding it. A file system
+// without locks lets nobody else hold it either.
+bool hold(int file) {
+  if (flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
+  struct stat status {};
+  require(fstat(file, &status) == 0);
+  return status.st_nlink > 0;
+}
+
+void takeOwnerAndPermissions(int file, const struct stat& from) {
+  struct stat own {};
+  require(fstat(file, &own) == 0);
+  const bool same = own.st_uid == from.st_uid && own.st_gid == from.st_gid;
+  const bool owned = same || fchown(file, from.st_uid, from.st_gid) == 0;
+  const bool grouped = owned || fchown(file, static_cast<uid_t>(-1), from.st_gid) == 0;
+  // Rights to run as the owner must not pass to another one, nor the group's rights to another.
+  mode_t wanted = from.st_mode & (owned ? allPermissions : plainPermissions);
+  if (!grouped) wanted &= ~static_cast<mode_t>(S_IRWXG) | (wanted & S_IRWXO) << 3;
+  if ((own.st_mode & allPermissions) != wanted) require(fchmod(file, wanted) == 0);
+}
+
+}  // namespace
+
+const char pathSeparator = '/';
+
+bool isSeparator(char c) { return c == '/'; }
+
+std::size_t rootLength(std::string_view path) { return path.starts_with('/') ? 1 : 0; }
+
+std::vector<std::uint8_t> readRegularFile(const fs::path& path, std::size_t atMost) {
+  const Descriptor file(openRegular(path));
+  // One byte more than the size: the end shows in the second read without a larger buffer.
+  std::vector<std::uint8_t> bytes(std::min(regularSize(file.number()) + 1, atMost));
+  std::size_t filled = 0;
+  while (filled < atMost) {
+    if (filled == bytes.size()) {
+      bytes.resize(std::min(atMost, filled + std::max(filled, smallestStep)));
+    }
+    const std::size_t count = readSome(file.number(), std::span(bytes).subspan(filled));
+    if (count == 0) break;
+    filled += count;
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+void requireReadable(const fs::path& path) {
+  const Descriptor file(openRegular(path));
+  regularSize(file.number());
+}
+
+void requireReplaceable(const fs::path& target) {
+  struct stat status {};
+  if (stat(target.c_str(), &status) != 0) {
+    if (errno != ENOENT) fail(errno);
+    return;
+  }
+  requireRegular(status);
+  // Who may write anything all the same doesn't overrule a file that was made read-only.
+  if ((status.st_mode & anyMayWrite) == 0) fail(EACCES);
+  require(faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0);
+}
+
+WaitingFile::WaitingFile(fs::path path, std::intptr_t handle)
+    : path_(std::move(path)), handle_(handle) {}
+
+WaitingFile::WaitingFile(WaitingFile&& other) noexcept
+    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, -1)) {
+  other.path_.clear();
+}
+
+WaitingFile::~WaitingFile() {
+  if (!path_.empty()) unlink(path_.c_str());
+  if (handle_ >= 0) close(static_cast<int>(handle_));
+}
+
+std::optional<WaitingFile> WaitingFile::create(const fs::path& path, const fs::path& target) {
+  struct stat status {};
+  const bool replaces = stat(target.c_str(), &status) == 0;
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
+                        replaces ? ownerOnly : newFile);
+  if (file < 0 && errno == EEXIST) return std::nullopt;
+  require(file >= 0);
+  WaitingFile waiting(path, file);
+  if (!hold(file)) return std::nullopt;
+  if (replaces) takeOwnerAndPermissions(file, status);
+  return waiting;
+}
+
+void WaitingFile::write(std::span<const std::uint8_t> bytes) {
+  const int file = static_cast<int>(handle_);
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(file, bytes.data(), std::min(bytes.size(), largestStep));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) fail(count < 0 ? errno : EIO);
+    bytes = bytes.subspan(static_cast<std::size_t>(count));
+  }
+  flush(file);
+}
+
+void WaitingFile::moveTo(const fs::path& target) {
+  require(rename(path_.c_str(), target.c_str()) == 0);
+  path_.clear();
+  close(static_cast<int>(std::exchange(handle_, -1)));
+}
+
+void flushFolder(const fs::path& folder) noexcept {
+  const char* const name = folder.empty() ? "." : folder.c_str();
+  const Descriptor opened(open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (opened.number() >= 0) fsync(opened.number());
+}
+
+void removeIfAbandoned(const fs::path& path) noexcept {
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  struct stat status {};
+  if (file.number() < 0 || fstat(file.number(), &status) != 0) return;
+  if (S_ISREG(status.st_mode) && flock(file.number(), LOCK_EX | LOCK_NB) == 0) {
+    unlink(path.c_str());
+  }
+}

@@ -1,0 +1,204 @@
+// Files by Win32 calls. A waiting file is open without leave to delete it, which marks it as held.
+#define NOMINMAX  // else the header takes std::min away
+#include <windows.h>
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include "platform/files_system.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t smallestStep = 65536;      // bytes by which a growing file is followed
+constexpr std::size_t largestStep = 0x40000000;  // bytes in one call
+constexpr DWORD diskQuotaExceeded = 1295;        // unnamed in some headers
+constexpr DWORD keptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                                 FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+class Handle {
+ public:
+  explicit Handle(HANDLE handle) : handle_(handle) {}
+  ~Handle() {
+    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+  }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  HANDLE get() const { return handle_; }
+
+ private:
+  HANDLE handle_;
+};
+
+// The errors that callers tell apart get their portable names; the rest keep the system's number.
+[[noreturn]] void fail(DWORD error) {
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+      throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory));
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+      throw std::system_error(std::make_error_code(std::errc::not_a_directory));
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_WRITE_PROTECT:
+    case ERROR_INVALID_NAME:
+      throw std::system_error(std::make_error_code(std::errc::permission_denied));
+    case ERROR_NOT_READY:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_BAD_UNIT:
+      throw std::system_error(std::make_error_code(std::errc::no_such_device));
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+    case diskQuotaExceeded:
+      throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
+    case ERROR_NOT_ENOUGH_MEMORY:
+    case ERROR_OUTOFMEMORY:
+      throw std::system_error(std::make_error_code(std::errc::not_enough_memory));
+    default:
+      throw std::system_error(static_cast<int>(error), std::system_category());
+  }
+}
+
+void require(bool succeeded) {
+  if (!succeeded) fail(GetLastError());
+}
+
+HANDLE toHandle(std::intptr_t value) { return reinterpret_cast<HANDLE>(value); }
+
+const std::intptr_t noHandle = reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE);
+
+HANDLE openRegular(const fs::path& path) {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+  require(file != INVALID_HANDLE_VALUE);
+  if (GetFileType(file) == FILE_TYPE_DISK) return file;
+  CloseHandle(file);
+  fail(ERROR_ACCESS_DENIED);
+}
+
+std::size_t readSome(HANDLE file, std::span<std::uint8_t> room) {
+  DWORD count = 0;
+  const auto wanted = static_cast<DWORD>(std::min(room.size(), largestStep));
+  require(ReadFile(file, room.data(), wanted, &count, nullptr) != FALSE);
+  return count;
+}
+
+// What can't be taken over is left as the folder gives it.
+void takeAttributesAndAccess(const fs::path& path, const fs::path& from) {
+  const DWORD attributes = GetFileAttributesW(from.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return;
+  SetFileAttributesW(path.c_str(), attributes & keptAttributes);
+  constexpr SECURITY_INFORMATION part = DACL_SECURITY_INFORMATION;
+  DWORD size = 0;
+  GetFileSecurityW(from.c_str(), part, nullptr, 0, &size);
+  std::vector<std::uint8_t> access(size);
+  if (size > 0 && GetFileSecurityW(from.c_str(), part, access.data(), size, &size) != FALSE) {
+    SetFileSecurityW(path.c_str(), part, access.data());
+  }
+}
+
+bool isDriveLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+}  // namespace
+
+const char pathSeparator = '\\';
+
+bool isSeparator(char c) { return c == '\\' || c == '/'; }
+
+std::size_t rootLength(std::string_view path) {
+  const auto separatorAt = [path](std::size_t i) {
+    return i < path.size() && isSeparator(path[i]);
+  };
+  if (separatorAt(0)) return separatorAt(1) ? 2 : 1;
+  const bool drive = path.size() >= 2 && isDriveLetter(path[0]) && path[1] == ':';
+  return drive && separatorAt(2) ? 3 : 0;
+}
+
+std::vector<std::uint8_t> readRegularFile(const fs::path& path, std::size_t atMost) {
+  const Handle file(openRegular(path));
+  LARGE_INTEGER size{};
+  require(GetFileSizeEx(file.get(), &size) != FALSE);
+  // One byte more than the size: the end shows in the second read without a larger buffer.
+  std::vector<std::uint8_t> bytes(std::min(static_cast<std::size_t>(size.QuadPart) + 1, atMost));
+  std::size_t filled = 0;
+  while (filled < atMost) {
+    if (filled == bytes.size()) {
+      bytes.resize(std::min(atMost, filled + std::max(filled, smallestStep)));
+    }
+    const std::size_t count = readSome(file.get(), std::span(bytes).subspan(filled));
+    if (count == 0) break;
+    filled += count;
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+void requireReadable(const fs::path& path) { const Handle file(openRegular(path)); }
+
+void requireReplaceable(const fs::path& target) {
+  const DWORD attributes = GetFileAttributesW(target.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    const DWORD error = GetLastError();
+    if (error != ERROR_FILE_NOT_FOUND) fail(error);
+    return;
+  }
+  if ((attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) {
+    fail(ERROR_ACCESS_DENIED);
+  }
+  const Handle file(CreateFileW(target.c_str(), GENERIC_WRITE, shareAll, nullptr, OPEN_EXISTING,
+                                FILE_ATTRIBUTE_NORMAL, nullptr));
+  require(file.get() != INVALID_HANDLE_VALUE);
+  if (GetFileType(file.get()) != FILE_TYPE_DISK) fail(ERROR_ACCESS_DENIED);
+}
+
+WaitingFile::WaitingFile(fs::path path, std::intptr_t handle)
+    : path_(std::move(path)), handle_(handle) {}
+
+WaitingFile::WaitingFile(WaitingFile&& other) noexcept
+    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, noHandle)) {
+  other.path_.clear();
+}
+
+WaitingFile::~WaitingFile() {
+  if (handle_ != noHandle) CloseHandle(toHandle(handle_));
+  if (!path_.empty()) DeleteFileW(path_.c_str());
+}
+
+std::optional<WaitingFile> WaitingFile::create(const fs::path& path, const fs::path& target) {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_EXISTS) return std::nullopt;
+  require(file != INVALID_HANDLE_VALUE);
+  WaitingFile waiting(path, reinterpret_cast<std::intptr_t>(file));
+  takeAttributesAndAccess(path, target);
+  return waiting;
+}
+
+void WaitingFile::write(std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty()) {
+    DWORD count = 0;
+    const auto wanted = static_cast<DWORD>(std::min(bytes.size(), largestStep));
+    require(WriteFile(toHandle(handle_), bytes.data(), wanted, &count, nullptr) != FALSE);
+    if (count == 0) fail(ERROR_WRITE_FAULT);
+    bytes = bytes.subspan(count);
+  }
+  require(FlushFileBuffers(toHandle(handle_)) != FALSE);
+}
+
+// An open file can't be moved here.
+void WaitingFile::moveTo(const fs::path& target) {
+  CloseHandle(toHandle(std::exchange(handle_, noHandle)));
+  constexpr DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+  require(MoveFileExW(path_.c_str(), target.c_str(), how) != FALSE);
+  path_.clear();
+}
+
+// MOVEFILE_WRITE_THROUGH has done it.
+void flushFolder(const fs::path&) noexcept {}
+
+void removeIfAbandoned(const fs::path& path) noexcept { DeleteFileW(path.c_str()); }
