@@ -160,6 +160,7 @@ WaitingFile::~WaitingFile() {
 std::optional<WaitingFile> WaitingFile::create(const fs::path& path, const fs::path& target) {
   struct stat status {};
   const bool replaces = stat(target.c_str(), &status) == 0;
+  require(replaces || errno == ENOENT);
   const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
                         replaces ? ownerOnly : newFile);
   if (file < 0 && errno == EEXIST) return std::nullopt;
