@@ -1,0 +1,275 @@
+// Saves under fire: every system call of a replacement fails in turn, or the process dies at it.
+// The calls are taken over here by name and passed on to the C library.
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <functional>
+
+#include "platform/failure.h"
+#include "platform/files.h"
+#include "scratch_folder.h"
+
+namespace {
+
+constexpr int never = -1;
+
+int callsLeft = never;            // until the call that fails
+std::function<int()> atThatCall;  // gives the error it fails with; 0 lets it pass
+
+bool failsNow() {
+  if (callsLeft == never || callsLeft-- > 0) return false;
+  callsLeft = never;
+  errno = atThatCall();
+  return errno != 0;
+}
+
+template <typename Call>
+Call* original(const char* name) {
+  return reinterpret_cast<Call*>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+extern "C" {
+
+int open(const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  static const auto call = original<int(const char*, int, ...)>("open");
+  return failsNow() ? -1 : call(path, flags, mode);
+}
+
+ssize_t write(int file, const void* bytes, size_t count) {
+  static const auto call = original<ssize_t(int, const void*, size_t)>("write");
+  return failsNow() ? -1 : call(file, bytes, count);
+}
+
+int fsync(int file) {
+  static const auto call = original<int(int)>("fsync");
+  return failsNow() ? -1 : call(file);
+}
+
+int rename(const char* from, const char* to) noexcept {
+  static const auto call = original<int(const char*, const char*)>("rename");
+  return failsNow() ? -1 : call(from, to);
+}
+
+int link(const char* from, const char* to) noexcept {
+  static const auto call = original<int(const char*, const char*)>("link");
+  return failsNow() ? -1 : call(from, to);
+}
+
+int unlink(const char* path) noexcept {
+  static const auto call = original<int(const char*)>("unlink");
+  return failsNow() ? -1 : call(path);
+}
+
+int remove(const char* path) noexcept {
+  static const auto call = original<int(const char*)>("remove");
+  return failsNow() ? -1 : call(path);
+}
+
+int fchmod(int file, mode_t mode) noexcept {
+  static const auto call = original<int(int, mode_t)>("fchmod");
+  return failsNow() ? -1 : call(file, mode);
+}
+
+int faccessat(int folder, const char* path, int how, int flags) noexcept {
+  static const auto call = original<int(int, const char*, int, int)>("faccessat");
+  return failsNow() ? -1 : call(folder, path, how, flags);
+}
+
+}  // extern "C"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Two files of which one is new, so that both kinds of replacement are met.
+class Pair {
+ public:
+  Pair() {
+    replaceFile(folder_ / "even", bytesOf("old"));
+    fs::permissions(folder_ / "even", fs::perms::all);
+  }
+  int save() const {
+    const std::string even = folder_ / "even";
+    const std::string odd = folder_ / "odd";
+    const FileContent files[] = {{even, bytesOf("new even")}, {odd, bytesOf("new odd")}};
+    return trapFailure([&] { replaceFiles(files); });
+  }
+  bool isOld() const { return stands("even", "old") && !fs::exists(folder_ / "odd"); }
+  bool isNew() const { return stands("even", "new even") && stands("odd", "new odd"); }
+  // A process that dies between the two renames has replaced the first only.
+  bool isHalfway() const { return stands("even", "new even") && !fs::exists(folder_ / "odd"); }
+  std::size_t count() const { return folder_.count(); }
+  fs::perms permissions() const { return fs::status(folder_ / "even").permissions(); }
+
+ private:
+  bool stands(const char* name, const char* content) const {
+    return fs::exists(folder_ / name) && contentOf(folder_ / name) == content;
+  }
+
+  ScratchFolder folder_;
+};
+
+// Runs `body` in a process of its own and gives its exit code.
+int inChild(const std::function<int()>& body) {
+  const pid_t child = fork();
+  if (child == 0) _exit(body());
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(SavesUnderFire, AFailingCallLeavesTheOldFilesOrTheNewOnes) {
+  const struct {
+    int error;
+    int number;
+  } errors[] = {{ENOSPC, diskFull}, {EIO, deviceError}, {EACCES, pathFileAccess}};
+  int points = 0;
+  for (const auto& row : errors) {
+    bool reached = true;
+    for (int at = 0; reached; ++at, points += reached) {
+      const Pair pair;
+      atThatCall = [&] { return row.error; };
+      callsLeft = at;
+      const int number = pair.save();
+      reached = std::exchange(callsLeft, never) == never;
+      EXPECT_TRUE(number == 0 || number == row.number) << number;
+      EXPECT_TRUE(number == 0 ? pair.isNew() : pair.isOld()) << "call " << at << ": " << number;
+      EXPECT_EQ(pair.permissions(), fs::perms::all) << "call " << at;
+      EXPECT_EQ(pair.save(), 0);
+      EXPECT_TRUE(pair.isNew());
+      EXPECT_EQ(pair.count(), 2U) << "call " << at;
+    }
+  }
+  std::printf("failing calls tried: %d\n", points);
+  EXPECT_GE(points, 45);
+}
+
+TEST(SavesUnderFire, ADyingProcessLeavesWholeFilesAndTheNextSaveCleansUp) {
+  int code = 9;
+  int points = 0;
+  for (int at = 0; code == 9; ++at, ++points) {
+    const Pair pair;
+    code = inChild([&] {
+      atThatCall = [] {
+        _exit(9);
+        return 0;
+      };
+      callsLeft = at;
+      return pair.save();
+    });
+    EXPECT_TRUE(pair.isOld() || pair.isNew() || pair.isHalfway()) << "call " << at;
+    EXPECT_EQ(pair.save(), 0);
+    EXPECT_TRUE(pair.isNew());
+    EXPECT_EQ(pair.count(), 2U) << "call " << at;
+  }
+  std::printf("deaths tried: %d\n", points);
+  EXPECT_EQ(code, 0);
+  EXPECT_GT(points, 15);
+}
+
+TEST(SavesUnderFire, AnotherProcessLeavesTheWaitingFileOfALivingOneAlone) {
+  const Pair pair;
+  int other = -1;
+  bool interrupted = false;
+  for (int at = 0; at < 12; ++at) {
+    atThatCall = [&] {
+      interrupted = true;
+      other = inChild([&] { return pair.save(); });
+      return 0;
+    };
+    callsLeft = at;
+    EXPECT_EQ(pair.save(), 0) << "call " << at;
+    EXPECT_EQ(other, 0);
+    EXPECT_TRUE(pair.isNew());
+    EXPECT_EQ(pair.count(), 2U);
+  }
+  EXPECT_TRUE(interrupted);
+}
+
+TEST(SavesUnderFire, OnlyAbandonedFilesOfTheSameTargetAreRemoved) {
+  const ScratchFolder folder;
+  const std::string foreign[] = {".a.zelkova-new", ".a.AF63DC4C8601EC8C-.zelkova-new",
+                                 ".a.AF63DC4C8601EC8C-0123456789abcdef.zelkova-new",
+                                 ".b.AF63DC4C8601EC8C-0123456789ABCDEF.zelkova-new"};
+  const std::string ours = ".a.AF63DC4C8601EC8C-0123456789ABCDEF.zelkova-new";
+  for (const std::string& name : foreign) replaceFile(folder / name, {});
+  replaceFile(folder / ours, {});
+  replaceFile(folder / "a", {});
+  EXPECT_FALSE(fs::exists(folder / ours));
+  EXPECT_EQ(folder.count(), std::size(foreign) + 1);
+}
+
+TEST(SpecialFiles, PipesAndDevicesAreRefusedWithoutWaiting) {
+  const ScratchFolder folder;
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), S_IRWXU), 0);
+  for (const std::string& path : {folder / "pipe", std::string("/dev/null")}) {
+    EXPECT_EQ(trapFailure([&] { readFile(path); }), pathFileAccess) << path;
+    EXPECT_EQ(trapFailure([&] { replaceFile(path, {}); }), pathFileAccess) << path;
+    EXPECT_FALSE(fileExists(path)) << path;
+  }
+  EXPECT_EQ(folder.count(), 1U);
+}
+
+constexpr uid_t nobody = 65534;
+
+// An ordinary user's view: what the superuser may do anyway is refused there.
+int asOrdinaryUser(const std::function<int()>& body) {
+  return inChild([&] {
+    const bool changed = geteuid() != 0 || (setgid(nobody) == 0 && setuid(nobody) == 0);
+    return changed ? body() : -1;
+  });
+}
+
+TEST(Permissions, AnOrdinaryUserIsRefusedWhatIsNotHis) {
+  const ScratchFolder folder;
+  const std::string closed = folder / "closed";
+  const std::string file = folder / "closed/file";
+  const std::string secret = folder / "secret";
+  fs::create_directory(closed);
+  replaceFile(file, bytesOf("old"));
+  replaceFile(secret, bytesOf("old"));
+  fs::permissions(secret, fs::perms::none);
+  fs::permissions(file, fs::perms(0666));
+  fs::permissions(closed, fs::perms(0555));
+  const auto save = [](const std::string& path) {
+    return trapFailure([&] { replaceFile(path, bytesOf("new")); });
+  };
+  EXPECT_EQ(asOrdinaryUser([&] { return save(file); }), pathFileAccess);
+  EXPECT_EQ(asOrdinaryUser([&] { return save(folder / "closed/another"); }), pathFileAccess);
+  EXPECT_EQ(asOrdinaryUser([&] { return trapFailure([&] { readFile(secret); }); }), pathFileAccess);
+  EXPECT_EQ(asOrdinaryUser([&] { return fileExists(secret) ? 1 : 0; }), 0);
+  EXPECT_EQ(contentOf(file), "old");
+  fs::permissions(closed, fs::perms::owner_all);
+  EXPECT_EQ(std::distance(fs::directory_iterator(closed), fs::directory_iterator()), 1);
+}
+
+TEST(Permissions, OwnersAreKeptAndNewFilesObeyTheMask) {
+  const ScratchFolder folder;
+  const std::string path = folder / "file";
+  const mode_t mask = umask(027);
+  replaceFile(path, {});
+  umask(mask);
+  EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
+  const uid_t owner = geteuid() == 0 ? nobody : geteuid();
+  ASSERT_EQ(chown(path.c_str(), owner, static_cast<gid_t>(-1)), 0);
+  replaceFile(path, bytesOf("new"));
+  struct stat status {};
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, owner);
+  EXPECT_EQ(status.st_mode & 07777U, 0640U);
+}
+
+}  // namespace
