@@ -1,0 +1,143 @@
+#include "graphs/graph_3d_editing.h"
+
+#include <algorithm>
+#include <string>
+
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/error_log.h"
+#include "core/map_display.h"
+#include "core/settings_file.h"
+#include "graphs/dr_graph.h"
+#include "graphs/graph_3d.h"
+#include "graphs/key_assignment.h"
+#include "graphs/projection.h"
+#include "platform/canvas.h"
+#include "platform/failure.h"
+#include "platform/numbers.h"
+
+namespace {
+
+constexpr int highestValue = 255;
+
+std::int32_t& heightAtCursor() {
+  return graphState.heights[static_cast<std::size_t>(graphState.cursorColumn)]
+                           [static_cast<std::size_t>(graphState.cursorRow)];
+}
+
+void moveCursor(int keyCode) {
+  std::int32_t& row = graphState.cursorRow;
+  std::int32_t& column = graphState.cursorColumn;
+  if (keyCode == upKey && row < graphState.rows) ++row;
+  if (keyCode == downKey && row > 1) --row;
+  if (keyCode == rightKey && column < graphState.columns) ++column;
+  if (keyCode == leftKey && column > 1) --column;
+}
+
+void showPlace(const Grid& loadScale, const Grid& speedScale) {
+  DR_GRAPH.Label2.setCaption(loadScale.text(0, graphState.cursorColumn) + "kg");
+  DR_GRAPH.Label3.setCaption(speedScale.text(graphState.cursorRow - 1, 0) + "rpm");
+}
+
+// Fails when a scale has no such column or row; the read-outs behind it then stay.
+void showReadOuts(std::int32_t step) {
+  const MapKind* kind = mapKindOfTab(editorState.currentTab);
+  if (!kind || kind->family == MapFamily::airflow) return;
+  const Form1& form = form1();
+  if (kind->id == HIGH_FUEL || kind->id == REG_FUEL) showPlace(form.TP_FUEL, form.RPM_FUEL);
+  if (kind->id == HIGH_FIRE || kind->id == REG_FIRE) showPlace(form.TP_FIRE, form.RPM_FIRE);
+  DR_GRAPH.Label4.setCaption("DATA : " + plainNumber(static_cast<double>(heightAtCursor()) / step));
+}
+
+void showReadOutsAsFarAsTheyGo(std::int32_t step) {
+  trapFailure([step] { showReadOuts(step); });
+}
+
+std::int32_t cellValue(std::int32_t height, std::int32_t flag) {
+  const std::int64_t added = flag == 1 ? graphState.magnification * graphState.fbMask : 0;
+  const double value = static_cast<double>(height + added) / graphState.magnification;
+  return std::clamp(roundClamped(value), 0, highestValue);
+}
+
+void writeCells(Grid& grid, int columns, int rows) {
+  const GridPause pause(grid, GridPause::Hide::yes);
+  for (int row = 1; row <= rows; ++row) {
+    for (int column = 1; column <= columns; ++column) {
+      const auto k = static_cast<std::size_t>((row - 1) * graphState.columns + column - 1);
+      const std::int32_t value = cellValue(
+          graphState.heights[static_cast<std::size_t>(column)][static_cast<std::size_t>(row)],
+          graphState.fbFlags[k]);
+      grid.setCell(row, column, decimalText(value), cellColour(value));
+    }
+  }
+  if (columns < 1 || rows < 1) return;
+  grid.setColumn(columns);
+  grid.setRow(rows);
+}
+
+void writeMapOnShow() {
+  const MapKind* kind = mapOnShow();
+  if (!kind) return;
+  writeGraphToGrid(gridOf(*kind), entryOf(*kind).columns, entryOf(*kind).rows);
+}
+
+void takeParameters() {
+  editorState.graphFbMask = maskOfBoxes();
+  editorState.graphFbThreshold = thresholdOfBox();
+  editorState.graphMagnification = selectedMagnification();
+}
+
+}  // namespace
+
+void graphKeyDown(int keyCode) {
+  const std::int32_t step = selectedMagnification();
+  moveCursor(keyCode);
+  showReadOutsAsFarAsTheyGo(step);
+  markCursor(markerRed);
+}
+
+void graphKey(char32_t key) {
+  const std::int32_t step = selectedMagnification();
+  std::int32_t& height = heightAtCursor();
+  if (isAssignedKey(editorState.plusKey, key)) {
+    height = std::min(clampTo32Bits(std::int64_t{height} + step), highestValue * step);
+  }
+  if (isAssignedKey(editorState.minusKey, key)) {
+    height = clampTo32Bits(std::int64_t{height} - step);
+  }
+  DR_GRAPH.Picture1.setFocus();
+}
+
+void graphKeyUp(int /*keyCode*/) {
+  showReadOutsAsFarAsTheyGo(selectedMagnification());
+  if (const MapKind* kind = mapOnShow()) {
+    const MapEntry& entry = entryOf(*kind);
+    drawGraph3D(gridOf(*kind), entry.columns, entry.rows, entry.caption, 1);
+  }
+  markCursor(markerYellow);
+}
+
+void writeGraphToGrid(Grid& grid, std::int32_t columns, std::int32_t rows) {
+  const int shownColumns = std::min(columns, graphState.columns);
+  const int shownRows = std::min(rows, graphState.rows);
+  const int number = trapFailure([&] { writeCells(grid, shownColumns, shownRows); });
+  logError("3Dグラフデータ書込", number, failureText(number));
+}
+
+void saveGraphEdits() {
+  writeMapOnShow();
+  takeParameters();
+  saveSettingsOrTell();
+}
+
+void okGraph3D() {
+  writeMapOnShow();
+  takeParameters();
+  editorState.graphShowCompare = DR_GRAPH.Check3.checked() ? 1 : 0;
+  saveSettingsOrTell();
+  closeDialog(DR_GRAPH);
+}
+
+void cancelGraph3D() { closeDialog(DR_GRAPH); }
+
+void DRAW_PUT() { drawCursorSquare(1, markerRed); }

@@ -1,0 +1,7 @@
+// Which character the user has assigned to raising and to lowering a value.
+#pragma once
+
+#include <string_view>
+
+// True if `key` is the first character of `assignment`. An empty assignment matches no key.
+bool isAssignedKey(std::string_view assignment, char32_t key);

@@ -1,0 +1,51 @@
+#include "graphs/surface_picture.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace {
+
+void appendQuad(std::vector<Segment>& picture, const std::array<CanvasPoint, 4>& corners) {
+  for (std::size_t k = 0; k < corners.size(); ++k) {
+    const CanvasPoint& from = corners[k];
+    const CanvasPoint& to = corners[(k + 1) % corners.size()];
+    picture.push_back({from.x, from.y, to.x, to.y});
+  }
+}
+
+// How many cells of the row, counted from 1, have a value.
+int cellsHeld(const SurfaceExtent& extent, int row) {
+  const std::int64_t before = extent.stride * (row - 1);
+  return static_cast<int>(std::clamp<std::int64_t>(extent.held - before, 0, extent.columns));
+}
+
+}  // namespace
+
+std::vector<Segment> surfaceWire(const GraphTable& x, const GraphTable& y,
+                                 const SurfaceExtent& extent) {
+  std::vector<Segment> picture;
+  if (extent.columns < 2 || extent.rows < 2) return picture;
+  picture.reserve(4 * static_cast<std::size_t>(extent.columns - 1) *
+                  static_cast<std::size_t>(extent.rows - 1));
+  const auto corner = [&](int column, int row) {
+    const auto c = static_cast<std::size_t>(column);
+    const auto r = static_cast<std::size_t>(row);
+    return CanvasPoint{x[c][r], y[c][r]};
+  };
+  for (int row = 1; row < extent.rows; ++row) {
+    const int held = cellsHeld(extent, row + 1);
+    for (int column = 1; column < held; ++column) {
+      appendQuad(picture, {corner(column, row), corner(column + 1, row),
+                           corner(column + 1, row + 1), corner(column, row + 1)});
+    }
+  }
+  return picture;
+}
+
+std::vector<Segment> groundFrame(const Projection& projection, int columns, int rows) {
+  std::vector<Segment> picture;
+  if (columns < 1 || rows < 1) return picture;
+  const auto corner = [&](int column, int row) { return groundPoint(projection, column, row); };
+  appendQuad(picture, {corner(1, 1), corner(columns, 1), corner(columns, rows), corner(1, rows)});
+  return picture;
+}

@@ -1,0 +1,188 @@
+#include "graphs/tp_curve.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "calc/boost.h"
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "graphs/key_assignment.h"
+#include "graphs/projection.h"
+#include "graphs/tp_picture.h"
+#include "platform/failure.h"
+#include "platform/numbers.h"
+
+TpGraphState tpGraphState;
+D2Graph D2_GRAPH;
+
+namespace {
+
+constexpr Colour orange = rgb(255, 128, 0);
+constexpr Colour frameGreen = rgb(0, 128, 0);
+constexpr Colour curveGreen = rgb(64, 255, 64);
+constexpr Colour tickYellow = rgb(255, 255, 128);
+constexpr Colour cursorRed = rgb(255, 0, 0);
+constexpr int tickReach = 1;    // pixels up and down
+constexpr int cursorReach = 2;  // pixels each way
+constexpr const char* axisText = "min                  TP value                  max";
+
+constexpr Wording withoutRom{"ROM DATAが読み込まれていないのに、2Dグラフ編集はできません。",
+                             "ROM DATA reads and been crowded, 2D graph editing aren't possible."};
+constexpr Wording onThisTab{"この画面で、2Dグラフ編集はできません。",
+                            "With this screen, 2D graph editing aren't possible."};
+
+std::int32_t& pointY(int point) { return tpGraphState.pointY[static_cast<std::size_t>(point - 1)]; }
+
+// The TP scale that the current tab edits; null on all tabs but two.
+const MapKind* scaleOfTab() {
+  if (editorState.currentTab == 1) return findMapKind(TP_SCALE_FUEL);
+  if (editorState.currentTab == 2) return findMapKind(TP_SCALE_FIRE);
+  return nullptr;
+}
+
+const MapEntry& entryOf(const MapKind& kind) { return editorState.addressMap.map(kind.id); }
+
+void drawBarAround(int point, int reachX, int reachY, Colour colour) {
+  const int x = tpPointX(point);
+  const std::int64_t y = pointY(point);
+  D2_GRAPH.Picture1.drawBar(x - reachX, clampTo32Bits(y - reachY), x + reachX,
+                            clampTo32Bits(y + reachY), colour);
+}
+
+void drawTick(int point) { drawBarAround(point, 0, tickReach, tickYellow); }
+
+void drawCursor() {
+  if (tpGraphState.pointCount < 1) return;
+  drawBarAround(tpGraphState.cursorPoint, cursorReach, cursorReach, cursorRed);
+}
+
+void startPicture() {
+  Canvas& canvas = D2_GRAPH.Picture1;
+  canvas.clear();
+  canvas.setVisible(false);
+  canvas.drawOutline(10, 10, 531, 310, frameGreen);
+}
+
+void showPicture() {
+  drawCursor();
+  D2_GRAPH.Picture1.setVisible(true);
+  D2_GRAPH.Picture1.repaint();
+}
+
+// Empty when the engine described in the settings gives no boost.
+std::string boostLine(std::int32_t tp) {
+  float boost = 0;
+  const int number = trapFailure([&] { boost = boostFromTp(tp); });
+  if (number != 0 || !std::isfinite(boost)) return {};
+  return (editorState.english != 0 ? "Boost:" : "加給:") + formatFixed(boost, 2);
+}
+
+void showReadOut() {
+  if (tpGraphState.pointCount < 1) return;
+  const std::int32_t tp = roundClamped(tpOfPointY(pointY(tpGraphState.cursorPoint)));
+  D2_GRAPH.Label1.setCaption(boostLine(tp) + "\nDATA : " + decimalText(tp));
+}
+
+void keyDown(int keyCode) {
+  std::int32_t& point = tpGraphState.cursorPoint;
+  if (keyCode == rightKey && point < tpGraphState.pointCount) ++point;
+  if (keyCode == leftKey && point > 1) --point;
+  drawCursor();
+  D2_GRAPH.Picture1.repaint();
+}
+
+void keyPress(char32_t key) {
+  if (tpGraphState.pointCount < 1) return;
+  std::int32_t& y = pointY(tpGraphState.cursorPoint);
+  if (isAssignedKey(editorState.minusKey, key)) y = loweredTpPoint(y);
+  if (isAssignedKey(editorState.plusKey, key)) y = raisedTpPoint(y);
+}
+
+void keyUp(int /*keyCode*/) {
+  startPicture();
+  showReadOut();
+  drawTpCurve();
+  showPicture();
+}
+
+void openTpGraph() {
+  tpGraphState = {};
+  D2_GRAPH.setCaption("");
+  D2_GRAPH.Label1.setCaption("");
+  D2_GRAPH.Label2.setCaption(axisText);
+  D2_GRAPH.Picture1.clear();
+  const MapKind* kind = scaleOfTab();
+  if (!kind || !entryOf(*kind).present()) return;
+  loadTpGraph(gridOf(*kind), entryOf(*kind).columns, entryOf(*kind).caption);
+}
+
+void okTpGraph() {
+  const MapKind* kind = scaleOfTab();
+  if (kind && entryOf(*kind).present()) writeTpGraphToGrid(gridOf(*kind), entryOf(*kind).columns);
+  recalculateBoost();
+  closeDialog(D2_GRAPH);
+}
+
+void cancelTpGraph() { closeDialog(D2_GRAPH); }
+
+void wireTpGraph() {
+  D2Graph& window = D2_GRAPH;
+  window.onLoad = openTpGraph;
+  window.Picture1.onKeyDown = keyDown;
+  window.Picture1.onKey = keyPress;
+  window.Picture1.onKeyUp = keyUp;
+  window.Command1.onClick = okTpGraph;
+  window.Command2.onClick = cancelTpGraph;
+}
+
+}  // namespace
+
+D2Graph::D2Graph() : Window("D2_GRAPH") {
+  Label1.setColour(orange);
+  Label2.setColour(orange);
+  closeButton = &Command2;
+  firstFocus = &Picture1;
+}
+
+void loadTpGraph(Grid& grid, std::int32_t columns, const std::string& caption) {
+  D2_GRAPH.setCaption(caption);
+  tpGraphState = {};
+  // A scale may say that it is longer than its grid.
+  tpGraphState.pointCount = std::clamp(std::min(columns, grid.columns() - 1), 0, tpPoints);
+  {
+    const GridPause pause(grid, GridPause::Hide::yes);
+    for (int point = 1; point <= tpGraphState.pointCount; ++point) {
+      pointY(point) = tpPointY(roundClamped(parseNumber(grid.text(1, point))));
+    }
+  }
+  startPicture();
+  drawTpCurve();
+  showPicture();
+}
+
+void drawTpCurve() {
+  for (int point = 1; point <= tpGraphState.pointCount; ++point) {
+    if (point < tpGraphState.pointCount) {
+      D2_GRAPH.Picture1.drawLine(tpPointX(point), pointY(point), tpPointX(point + 1),
+                                 pointY(point + 1), curveGreen);
+    }
+    drawTick(point);
+  }
+}
+
+void writeTpGraphToGrid(Grid& grid, std::int32_t columns) {
+  const GridPause pause(grid, GridPause::Hide::yes);
+  const int count = std::min(columns, tpGraphState.pointCount);
+  for (int point = 1; point <= count; ++point) {
+    grid.setText(1, point, plainNumber(std::max(tpOfPointY(pointY(point)), 0.0)));
+  }
+}
+
+void TP_2D() {
+  if (refusedWithoutRom(withoutRom)) return;
+  if (!scaleOfTab()) return showRefusal(onThisTab);
+  wireTpGraph();
+  openDialog(D2_GRAPH);
+}
