@@ -8,7 +8,7 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
-#include "graphs/key_assignment.h"
+#include "core/key_assignment.h"
 #include "graphs/projection.h"
 #include "graphs/tp_picture.h"
 #include "platform/failure.h"

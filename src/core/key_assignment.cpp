@@ -1,4 +1,4 @@
-#include "graphs/key_assignment.h"
+#include "core/key_assignment.h"
 
 #include "platform/utf8.h"
 
