@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-// The boost of a TP value in kg/cm2 on this engine, each step in single precision. Zero cylinders or
-// injector size fail with divisionByZero.
+// The boost of a TP value in kg/cm2 on this engine, each step in single precision. Zero cylinders
+// or injector size fail with divisionByZero.
 float boostFromTp(std::int32_t tp);
 
 // Rewrites the boost row of both TP grids from their TP values. Any failure ends it silently.

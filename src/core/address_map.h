@@ -103,5 +103,5 @@ void applyEntryPresence();
 // The captions of the eight additional map frames before an address map names them.
 void resetAdditionalCaptions();
 
-// The menu command: picks an address map file, reads it and makes it the one in use.
-void load_map_addr();
+// The model's name on its label, or the prompt to load an address map.
+void showTypeUnit();

@@ -22,8 +22,8 @@ constexpr int copyRows = 41;
 struct EditorState {
   // Image and files.
   RomImage image = RomImage(startImageBytes);
-  RomImage savedImage;          // the file's bytes as last loaded or saved
-  std::int32_t imageSize = 0;   // bytes; 0: no image is loaded
+  RomImage savedImage;         // the file's bytes as last loaded or saved
+  std::int32_t imageSize = 0;  // bytes; 0: no image is loaded
   std::int32_t probeAddress = 0;
   std::int32_t guardAnswer = 0;  // of confirmDiscard: 1 go on, 0 stop
   std::int32_t progressCount = 0;
@@ -89,6 +89,6 @@ extern EditorState editorState;
 // The program's own version, whatever the settings file says.
 constexpr const char* programVersion = "Version 1.98.48E";
 
-// True when the 17 bytes from `probeAddress` and the 16 bytes from 0 are not all zero. Bytes outside
-// the image count as 0.
+// True when the 17 bytes from `probeAddress` and the 16 bytes from 0 are not all zero. Bytes
+// outside the image count as 0.
 bool isRomLoaded();

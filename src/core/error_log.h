@@ -1,5 +1,5 @@
-// The log of failures, `error.log` in the program's folder: newest line first, at most 249 lines. It
-// is written only if it exists; logging never adds a failure of its own.
+// The log of failures, `error.log` in the program's folder: newest line first, at most 249 lines.
+// It is written only if it exists; logging never adds a failure of its own.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// The frame of a command that touches files: one trap for all failures, the log, the box, and a last
-// step that runs on every path.
+// The frame of a command that touches files: one trap for all failures, the log, the box, and a
+// last step that runs on every path.
 #pragma once
 
 #include <functional>

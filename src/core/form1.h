@@ -47,8 +47,8 @@ struct Form1 : Window {
   Label Label3{*this, "K_DATA"}, Label4{*this, "IGN_TIME"}, Label5{*this, "FB_SWITCH"},
       Label6{*this, "REV1_LIMIT"}, Label7{*this, "REV2_LIMIT"}, Label24{*this, "REV3_LIMIT"},
       Label25{*this, "REV4_LIMIT"}, Label8{*this, "SPEED1_LIMIT"}, Label9{*this, "SPEED2_LIMIT"},
-      Label10{*this, "SPEED3_LIMIT"}, Label23{*this, "SPEED4_LIMIT"},
-      addText1{*this, "ADD_BYTE1"}, addText2{*this, "ADD_BYTE2"}, addText3{*this, "ADD_BYTE3"};
+      Label10{*this, "SPEED3_LIMIT"}, Label23{*this, "SPEED4_LIMIT"}, addText1{*this, "ADD_BYTE1"},
+      addText2{*this, "ADD_BYTE2"}, addText3{*this, "ADD_BYTE3"};
   Label Label30{*this, "RPM"}, Label31{*this, "RPM"}, Label32{*this, "RPM"}, Label33{*this, "RPM"};
   Label Label26{*this, "Km/h"}, Label27{*this, "Km/h"}, Label28{*this, "Km/h"},
       Label29{*this, "Km/h"};
@@ -79,10 +79,10 @@ enum class MapFamily { main, airflow, tpScale, rpmScale, limitRow, additional };
 struct MapKind {
   MapId id;
   const char* keyword;
-  Grid Form1::* grid;
+  Grid Form1::*grid;
   MapFamily family;
-  Frame Form1::* frame;  // null: the caption goes to `label`, or nowhere
-  Label Form1::* label;
+  Frame Form1::*frame;  // null: the caption goes to `label`, or nowhere
+  Label Form1::*label;
   int tab;
   bool scaled() const { return family == MapFamily::rpmScale || family == MapFamily::additional; }
 };
@@ -101,9 +101,9 @@ Grid* activeGrid();
 struct ParamKind {
   ParamId id;
   const char* keyword;
-  TextBox Form1::* box;
-  Label Form1::* label;
-  Label Form1::* unit;  // null for hexadecimal boxes
+  TextBox Form1::*box;
+  Label Form1::*label;
+  Label Form1::*unit;  // null for hexadecimal boxes
   bool limitedLength;
   bool scaled() const { return unit != nullptr; }
 };

@@ -1,0 +1,80 @@
+#include "calc/engine_specification.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "calc/boost.h"
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/engine_summary.h"
+#include "core/settings_file.h"
+#include "platform/numbers.h"
+
+Form2 form2;
+
+namespace {
+
+std::int32_t enteredNumber(const TextBox& box) {
+  constexpr double limit = std::numeric_limits<std::int32_t>::max();
+  return roundToLong(std::clamp(parseNumber(box.text()), -limit, limit));
+}
+
+struct Field {
+  Label Form2::*label;
+  Wording caption;
+  TextBox Form2::*box;
+  Wording toolTip;
+};
+
+const Field fields[] = {
+    {&Form2::Label1,
+     {"排気量", "Exhaust quantity"},
+     &Form2::Text1,
+     {"エンジンの総排気量を入力してください。", "I input exhaust quantity of an engine."}},
+    {&Form2::Label2,
+     {"インジェクター噴射量", "Injector blast-off quantity"},
+     &Form2::Text2,
+     {"インジェクター１本あたりの噴射量を入力してください。",
+      "I input injector around 1 capacity."}},
+    {&Form2::Label5,
+     {"気筒数", "Cylinder number"},
+     &Form2::Text3,
+     {"エンジンの気筒数を入力してください。", "I input a cylinder number of an engine."}},
+};
+
+}  // namespace
+
+Form2::Form2() : Window("Form2") {
+  defaultButton = &Command2;
+  cancelButton = &Command1;
+  firstFocus = &Text1;
+  for (const Field& field : fields) (this->*field.box).keyFilter = digitKey;
+  onLoad = [this] {
+    setCaption(captioned({"仕様設定", "Specification set up"}));
+    for (const Field& field : fields) {
+      (this->*field.label).setCaption(captioned(field.caption));
+      (this->*field.box).setToolTip(captioned(field.toolTip));
+    }
+  };
+  Command2.onClick = [this] {
+    takeOver();
+    closeDialog(*this);
+  };
+  Command1.onClick = [this] { closeDialog(*this); };
+}
+
+void Form2::takeOver() {
+  editorState.displacement = enteredNumber(Text1);
+  editorState.injectorSize = enteredNumber(Text2);
+  editorState.cylinders = enteredNumber(Text3);
+  saveSettingsOrTell();
+  recalculateBoost();
+  showEngineSummary();
+}
+
+void set_spl() {
+  form2.Text1.setText(decimalText(editorState.displacement));
+  form2.Text2.setText(decimalText(editorState.injectorSize));
+  form2.Text3.setText(decimalText(editorState.cylinders));
+  openDialog(form2);
+}

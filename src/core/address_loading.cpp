@@ -1,0 +1,70 @@
+#include "core/address_loading.h"
+
+#include <algorithm>
+
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/file_command.h"
+#include "core/form1.h"
+#include "core/loader_tail.h"
+#include "core/map_display.h"
+#include "core/rom_image.h"
+#include "core/settings_file.h"
+
+namespace {
+
+const Wording dialogTitle{"機種別アドレス情報　読み込み",
+                          "The address information by the model is read. (*.adr file)"};
+const char* const advice =
+    "\r\n\r\nReading of an address file went wrong."
+    "\r\n\r\nPlease read again from a menu after starting. "
+    "\r\n\r\nFrom next time, it could start to usual.";
+
+void clearParamToolTips() {
+  for (const ParamKind& kind : paramKinds()) (form1().*kind.box).setToolTip("");
+}
+
+// Edits still belong to the map in force: they go into the image before it is given up.
+void keepEdits() {
+  if (editorState.imageSize != 0) writeBackAll();
+}
+
+void showImageUnderNewMap() {
+  if (editorState.imageSize == 0) return;
+  editorState.progressCount = 0;
+  resetPanels();
+  loaderTail();
+}
+
+void pickAndRead() {
+  editorState.lineCount = 0;
+  const ChosenFile chosen = desktop().chooseFileToOpen(
+      {"Address Map (*.adr)|*.adr", worded(dialogTitle), settledPath(editorState.addressFolder),
+       settledPath(editorState.addressFilePath)});
+  editorState.addressFilePath = chosen.path;
+  desktop().setBusyPointer(true);
+  std::fill(editorState.lines.begin(), editorState.lines.end(), "#");
+  readAddressFile(chosen.path);
+}
+
+void putInForce() {
+  keepEdits();
+  resetAdditionalCaptions();
+  clearParamToolTips();
+  saveSettingsOrTell();
+  setGridLayout();
+  SET_MAP_ADDR();
+  showTypeUnit();
+  showImageUnderNewMap();
+}
+
+}  // namespace
+
+void load_map_addr() {
+  runFileCommand({"ADR File読み込み",
+                  [] {
+                    pickAndRead();
+                    putInForce();
+                  },
+                  [](int number) { showFailure(number, advice); }});
+}

@@ -1,0 +1,51 @@
+#include "core/dialogs.h"
+
+#include <string>
+
+#include "core/editor_state.h"
+#include "core/form1.h"
+
+const char* const failureTitle = "Detected error.This error is not fatal.";
+const Wording errorTitle{"エラー", "Error"};
+
+void makeTopmost(Window& dialog, bool on) {
+  dialog.setTopmost(on);
+  if (on) desktop().showWindow(dialog);
+}
+
+void openDialog(Window& dialog) {
+  form1().setEnabled(false);
+  dialog.centreOn(form1());
+  dialog.load();
+  makeTopmost(dialog, true);
+}
+
+void closeDialog(Window& dialog) {
+  form1().setEnabled(true);
+  makeTopmost(dialog, false);
+  dialog.unload();
+}
+
+void showRefusal(const Wording& text) {
+  desktop().showBox({BoxIcon::critical, BoxButtons::ok, worded(errorTitle), worded(text)});
+}
+
+void showFailure(int number, const std::string& remark, BoxIcon icon) {
+  const std::string text = "*ERROR = [" + std::to_string(number) + "]" + remark;
+  desktop().showBox({icon, BoxButtons::ok, failureTitle, text});
+}
+
+void showRoutineError(const std::string& routine) {
+  desktop().showBox(
+      {BoxIcon::critical, BoxButtons::ok, "ERROR", "ERROR (Function:" + routine + ")"});
+}
+
+void showUnknownMap(const Wording& text) {
+  desktop().showBox({BoxIcon::none, BoxButtons::ok, "ZELKOVA", worded(text)});
+}
+
+bool refusedWithoutRom(const Wording& text) {
+  if (isRomLoaded()) return false;
+  showRefusal(text);
+  return true;
+}

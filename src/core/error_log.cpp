@@ -1,0 +1,49 @@
+#include "core/error_log.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <ctime>
+#include <vector>
+
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "core/text_lines.h"
+#include "platform/failure.h"
+#include "platform/files.h"
+#include "platform/numbers.h"
+#include "platform/text_encoding.h"
+
+namespace {
+
+constexpr std::size_t readableLines = 256;
+constexpr std::size_t keptLines = 249;
+
+std::string currentTime() {
+  const std::time_t now = std::time(nullptr);
+  char text[32];
+  const std::size_t length =
+      std::strftime(text, sizeof text, "%y/%m/%d %H:%M", std::localtime(&now));
+  return {text, length};
+}
+
+void addLine(const std::string& line) {
+  const std::string path = joinPath(editorState.appPath, "error.log");
+  std::vector<std::string> lines = splitLines(readTextFile(path));
+  if (lines.size() > readableLines) throw Failure(badSubscript);
+  lines.insert(lines.begin(), line);
+  lines.resize(std::min(lines.size(), keptLines));
+  std::string text;
+  for (const std::string& each : lines) text += each + "\r\n";
+  replaceTextFile(path, text);
+}
+
+}  // namespace
+
+void logError(const std::string& location, int number, const std::string& text) {
+  if (number != 0 && number != cancelled) {
+    const std::string line =
+        currentTime() + " " + location + " " + signedBlank(number) + " " + text;
+    trapFailure([&line] { addLine(line); });
+  }
+  form1().refresh();
+}

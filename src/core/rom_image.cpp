@@ -1,0 +1,179 @@
+#include "core/rom_image.h"
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "core/global_parameters.h"
+#include "core/image_bytes.h"
+#include "core/map_display.h"
+#include "platform/failure.h"
+#include "platform/numbers.h"
+#include "platform/utf8.h"
+
+namespace {
+
+struct Extent {
+  const MapKind& kind;
+  int columns;
+  int rows;
+  std::int64_t address;
+  int bytes;
+};
+
+std::uint8_t asByte(std::int32_t value) {
+  if (value < 0 || value > 255) throw Failure(overflow);
+  return static_cast<std::uint8_t>(value);
+}
+
+// The whole part of `number` / `scale`, rounded down.
+std::int32_t unscaled(double number, double scale) {
+  if (scale == 0) throw Failure(divisionByZero);
+  return roundToLong(std::floor(number / scale));
+}
+
+std::uint8_t storedByte(const MapKind& kind, std::string_view text) {
+  const double number = parseNumber(text);
+  if (!kind.scaled()) return asByte(roundToLong(number));
+  return asByte(unscaled(number, editorState.addressMap.map(kind.id).scale));
+}
+
+// Walks the cells of a grid in storing order and refuses those that no draw has filled.
+class StoringWalk {
+ public:
+  explicit StoringWalk(const MapKind& kind)
+      : grid_(gridOf(kind)), drawn_(editorState.cellsDrawn[static_cast<std::size_t>(kind.id)]) {}
+  const std::string& next(int row, int column) {
+    if (stored_++ >= drawn_) throw Failure(badSubscript);
+    return grid_.text(row, column);
+  }
+
+ private:
+  const Grid& grid_;
+  std::int32_t drawn_;
+  std::int32_t stored_ = 0;
+};
+
+void countProgress() { setProgress(++editorState.progressCount); }
+
+void storeBytes(const Extent& extent) {
+  StoringWalk walk(extent.kind);
+  std::int64_t place = extent.address;
+  for (int r = 1; r <= extent.rows; ++r) {
+    for (int c = 1; c <= extent.columns; ++c) {
+      setImageByte(place++, storedByte(extent.kind, walk.next(r, c)));
+      if (extent.kind.family != MapFamily::additional) countProgress();
+    }
+  }
+}
+
+void storeRpmScale(const Extent& extent) {
+  StoringWalk walk(extent.kind);
+  for (int i = 0; i < extent.columns; ++i) {
+    setImageByte(extent.address + i, storedByte(extent.kind, walk.next(i, 0)));
+    countProgress();
+  }
+}
+
+std::uint8_t digitPair(std::string_view digits, std::size_t pair) {
+  const std::size_t start = 2 * pair;
+  if (start >= digits.size()) return 0;
+  return static_cast<std::uint8_t>(hexPrefix(digits.substr(start, 2)));
+}
+
+void storeAirflow(const Extent& extent) {
+  StoringWalk walk(extent.kind);
+  std::int64_t place = extent.address;
+  for (int r = 1; r <= extent.rows; ++r) {
+    for (int word = 1; word <= extent.bytes / 2; ++word) {
+      const std::int32_t value = roundToLong(parseNumber(walk.next(r, word)));
+      const std::string digits = padHex(hexText(static_cast<std::uint32_t>(value)), 2);
+      setImageByte(place++, digitPair(digits, 0));
+      setImageByte(place++, digitPair(digits, 1));
+      countProgress();
+    }
+  }
+}
+
+void storeCells(const Extent& extent) {
+  switch (extent.kind.family) {
+    case MapFamily::airflow:
+      return storeAirflow(extent);
+    case MapFamily::rpmScale:
+      return storeRpmScale(extent);
+    default:
+      return storeBytes(extent);
+  }
+}
+
+void storeDigits(const ParamEntry& entry, std::string_view digits) {
+  for (int i = 0; i < entry.bytes; ++i) {
+    const std::int64_t place = std::int64_t{entry.address} + i;
+    setImageByte(place, digitPair(digits, static_cast<std::size_t>(i)));
+  }
+}
+
+// One byte for each character, so that pairs count characters.
+std::string oneBytePerCharacter(const std::string& text) {
+  std::string bytes;
+  for (const char32_t character : utf32(text)) {
+    bytes.push_back(character < 0x80 ? static_cast<char>(character) : '?');
+  }
+  return bytes;
+}
+
+void checkInsideImage(const ParamEntry& entry) {
+  imageByte(entry.address);
+  imageByte(std::int64_t{entry.address} + entry.bytes - 1);
+}
+
+void storeParam(const ParamKind& kind) {
+  const ParamEntry& entry = editorState.addressMap.param(kind.id);
+  if (!entry.present()) return;
+  // A box that never showed the image's bytes has nothing to say about them.
+  if (!editorState.paramShown[static_cast<std::size_t>(kind.id)]) return checkInsideImage(entry);
+  const std::string& text = (form1().*kind.box).text();
+  if (!kind.scaled()) return storeDigits(entry, oneBytePerCharacter(text));
+  const std::int32_t value = unscaled(parseNumber(text), entry.scale);
+  storeDigits(entry, padHex(hexText(static_cast<std::uint32_t>(value)), entry.bytes));
+}
+
+}  // namespace
+
+void Set_Memory(int columns, int rows, int address, int bytes, int mapId) {
+  const MapKind* kind = findMapKind(mapId);
+  if (!kind) {
+    return showUnknownMap({"Set_Memoryのパラメーターに例外がある。",
+                           "There is an exception for a parameter of Set_Memory."});
+  }
+  int number = 0;
+  {
+    const GridPause pause(gridOf(*kind), GridPause::Hide::yes);
+    number = trapFailure([&] { storeCells({*kind, columns, rows, address, bytes}); });
+  }
+  if (number != 0) showRoutineError("SET_MEMORY");
+}
+
+void writeMapBack(int mapId) {
+  const MapEntry& entry = editorState.addressMap.map(mapId);
+  Set_Memory(entry.columns, entry.rows, entry.address, entry.bytes, mapId);
+}
+
+void ANY_SET_MEMORY() {
+  const int number = trapFailure([] {
+    for (const ParamKind& kind : paramKinds()) storeParam(kind);
+  });
+  if (number != 0) showRoutineError("ANY_SET_MEMORY");
+}
+
+void writeBackAll() {
+  const GridsPause pause;
+  for (const MapKind& kind : mapKinds()) {
+    if (editorState.addressMap.map(kind.id).present()) writeMapBack(kind.id);
+  }
+  ANY_SET_MEMORY();
+}

@@ -1,0 +1,106 @@
+#include "frontend/main_menu.h"
+
+#include <array>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "calc/boost.h"
+#include "calc/engine_specification.h"
+#include "core/address_loading.h"
+#include "core/form1.h"
+#include "frontend/main_window.h"
+#include "graphs/graph_3d_display.h"
+#include "graphs/tp_curve.h"
+#include "imagefiles/bin_files.h"
+
+namespace {
+
+const MenuRow rows[] = {
+    {1, "file_load", "ﾌｧｲﾙ", "File", "", nullptr},
+    {2, "read_read", "読み込み", "Load", "", nullptr},
+    {3, "load_bin_file", "読み込み(BIN)", "Load (BIN)", "Ctrl+O", load_bin_file},
+    {3, "LOAD_IntelHEX_FILE", "読み込み(IntelHEX)", "Load (IntelHEX)", "Ctrl+H", nullptr},
+    {2, "update_bin_file", "上書き保存", "Save", "Ctrl+S", update_bin_file},
+    {2, "any_anme_save", "別名保存", "Save as...", "", nullptr},
+    {3, "write_bin_file", "別名保存(BIN)", "Save as (BIN)", "", write_bin_file},
+    {3, "ANY_NAME_SAVE_IntelHEX", "別名保存(IntelHEX)", "Save as (IntelHEX)", "", nullptr},
+    {2, "odd_even_file", "奇数/偶数ファイル", "ODD/EVEN File", "", nullptr},
+    {2, "Norika", "比較元ファイル読み込み", "Comparison File", "", nullptr},
+    {3, "comp_bin", "読み込み(BIN)", "Load (BIN)", "", nullptr},
+    {3, "comp_intelHex", "読み込み(IntelHEX)", "Load (IntelHEX)", "", nullptr},
+    {2, "spa", "-", "", "", nullptr},
+    {2, "owari", "終了", "Quit", "Ctrl+Q", closeForm1},
+    {2, "space2", "-", "", "", nullptr},
+    {1, "edit_0", "編集", "Edit", "", nullptr},
+    {2, "CPY", "コピー", "Copy", "Ctrl+C", nullptr},
+    {2, "PST", "張り付け", "Paste", "Ctrl+V", nullptr},
+    {2, "dt_cpy", "データコピー", "Data copy", "", nullptr},
+    {3, "F_F", "燃料・点火", "Fuel/Ignition time.", "", nullptr},
+    {3, "T_R", "TP/回転スケール", "TP/RPM scale", "", nullptr},
+    {2, "DDDEEDS", "機能", "Function", "", nullptr},
+    {3, "add_dec", "増減", "Addition and reduction", "", nullptr},
+    {3, "kakeru", "乗算", "Multiplication", "", nullptr},
+    {3, "smooth", "スムージング", "Smooth", "", nullptr},
+    {3, "ADR_EDIT", "アドレス指定編集", "Address specification edit", "", nullptr},
+    {3, "DT_SFT", "マップシフト", "Data shift", "", nullptr},
+    {3, "vq_chan", "VQ MAP変更", "Replace VQ map", "", nullptr},
+    {2, "G_EDIT_RR", "グラフ編集", "Graph editing", "", nullptr},
+    {3, "DISP_3D_Graph", "3D グラフ編集", "3D Graph editing", "Ctrl+G", nullptr},
+    {3, "TP_2D", "TP SCALE 2D グラフ編集", "2D Graph editing. TP only", "", nullptr},
+    {2, "AF_DISP_FORM", "A/F表示", "A/F Display", "", nullptr},
+    {2, "TP_BST_RECAL", "TP/加給再計算", "TP/Boost Re-calculation", "Ctrl+R", TP_BST_RECAL},
+    {2, "CALCU", "Windows電卓", "Calculator", "Ctrl+N", CALCU},
+    {1, "S___", "設定", "Setup", "", nullptr},
+    {2, "load_map_addr", "機種別アドレス読み込み", "Are crowded as reading address file", "",
+     load_map_addr},
+    {2, "set_spl", "仕様設定", "Engine specification setup", "", set_spl},
+    {2, "SET_DEFAULT_FOLDER", "環境設定", "Environment set up", "", nullptr},
+    {1, "HLP777", "ヘルプ", "Help", "", nullptr},
+    {2, "ver_displ", "バージョン情報", "Veriosn", "", nullptr},
+};
+
+constexpr int recentFiles = 10;
+
+bool isSeparator(const MenuRow& row) { return std::string_view(row.japanese) == "-"; }
+
+// A menu whose commands are all missing is missing itself.
+bool isShown(std::size_t index) {
+  if (rows[index].routine || isSeparator(rows[index])) return true;
+  for (std::size_t i = index + 1; i < std::size(rows) && rows[i].level > rows[index].level; ++i) {
+    if (rows[i].routine) return true;
+  }
+  return false;
+}
+
+// The recent files' entries end the first menu; hidden until a list is there.
+void makeRecentEntries(MenuItem& fileMenu) {
+  Form1& form = form1();
+  for (std::size_t i = 0; i < recentFiles; ++i) {
+    const std::string caption = i == 0 ? "-" : "RecentFile" + std::to_string(i);
+    MenuItem& item = fileMenu.add(
+        std::make_unique<MenuItem>(form, "mnuRecentFile" + std::to_string(i), caption));
+    item.setVisible(false);
+    form.mnuRecentFile[i] = &item;
+  }
+}
+
+}  // namespace
+
+std::span<const MenuRow> menuRows() { return rows; }
+
+void makeMainMenu() {
+  Form1& form = form1();
+  std::array<MenuItem*, 5> open{&form.menuBar};
+  for (std::size_t i = 0; i < std::size(rows); ++i) {
+    const MenuRow& row = rows[i];
+    if (!isShown(i)) continue;
+    const auto level = static_cast<std::size_t>(row.level);
+    MenuItem& item = open[level - 1]->add(
+        std::make_unique<MenuItem>(form, row.name, row.japanese, row.shortcut));
+    if (row.routine) item.onClick = row.routine;
+    open[level] = &item;
+  }
+  makeRecentEntries(*form.menuBar.find("file_load"));
+}

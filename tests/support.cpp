@@ -1,0 +1,130 @@
+#include "support.h"
+
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+
+#include "frontend/startup.h"
+#include "platform/text_encoding.h"
+
+namespace {
+
+std::string freshFolder() {
+  static std::atomic<int> count = 0;
+  std::random_device random;
+  const std::string name = "zelkova_" + std::to_string(random()) + "_" + std::to_string(++count);
+  const std::filesystem::path folder = std::filesystem::temp_directory_path() / name;
+  std::filesystem::create_directories(folder);
+  return folder.string();
+}
+
+}  // namespace
+
+ProgramTest::ProgramTest() : folder(freshFolder()) {
+  discardForm1();
+  editorState = EditorState{};
+  useDesktop(&desk);
+}
+
+ProgramTest::~ProgramTest() {
+  for (const std::string& question : desk.unexpected) {
+    ADD_FAILURE() << "unexpected question: " << question;
+  }
+  discardForm1();
+  useDesktop(nullptr);
+  std::filesystem::remove_all(folder);
+}
+
+void ProgramTest::start() {
+  editorState.appPath = folder;
+  loadForm1();
+  desk.showWindow(form1());
+}
+
+void ProgramTest::startWithMap(const std::string& addressMap) {
+  writeText("map.adr", addressMap);
+  writeText("zelkova.ini", firstSettings("map.adr"));
+  start();
+}
+
+void ProgramTest::writeText(const std::string& name, const std::string& text) const {
+  const std::string bytes = encodeText(text);
+  writeBytes(name, {bytes.begin(), bytes.end()});
+}
+
+void ProgramTest::writeBytes(const std::string& name, const Bytes& bytes) const {
+  std::ofstream file(path(name), std::ios::binary);
+  file.write(reinterpret_cast<const char*>(bytes.data()),
+             static_cast<std::streamsize>(bytes.size()));
+}
+
+Bytes ProgramTest::readBytes(const std::string& name) const {
+  std::ifstream file(path(name), std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string ProgramTest::readText(const std::string& name) const {
+  const Bytes bytes = readBytes(name);
+  return decodeText({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+void ProgramTest::pick(const std::string& name) {
+  MenuItem* item = form1().menuBar.find(name);
+  ASSERT_NE(item, nullptr) << name;
+  item->userPick();
+}
+
+void ProgramTest::loadImage(const Bytes& bytes, const std::string& name) {
+  writeBytes(name, bytes);
+  desk.openAnswers.push_back(path(name));
+  pick("load_bin_file");
+}
+
+Bytes ProgramTest::saveImage(const std::string& name) {
+  desk.saveAnswers.push_back(path(name));
+  pick("write_bin_file");
+  return readBytes(name);
+}
+
+void ProgramTest::selectTab(int tab) { form1().TabStrip1.userSelect(tab); }
+
+std::string ProgramTest::lastBox() const {
+  return desk.boxes.empty() ? "" : desk.boxes.back().text;
+}
+
+std::string mapBlock(const std::string& keyword, const std::string& address, int columns, int rows,
+                     int bytes, const std::string& scale, const std::string& caption) {
+  return keyword + "\r\n" + address + "\r\n" + std::to_string(columns) + "\r\n" +
+         std::to_string(rows) + "\r\n" + std::to_string(bytes) + "\r\n" + scale + "\r\n" + caption +
+         "\r\n";
+}
+
+std::string smallMap() {
+  return "# a small car\r\nTYPE_UNIT\r\nSMALL\r\n" + mapBlock("HIGH_FUEL", "&H100", 8, 4, 32) +
+         mapBlock("REG_FUEL", "&H140", 8, 4, 32) + mapBlock("TP_SCALE_FUEL", "&H180", 8, 1, 8) +
+         mapBlock("RPM_SCALE_FUEL", "&H190", 4, 1, 4, "50") +
+         mapBlock("VQ_MAP", "&H200", 8, 1, 16) + mapBlock("TTP_MAX", "&H220", 4, 1, 4) +
+         mapBlock("ADD_MAP1", "&H240", 4, 4, 16, "2") + mapBlock("K_DATA", "&H20", 1, 1, 2) +
+         mapBlock("REV1_LIMIT", "&H30", 1, 1, 2, "12.5") +
+         mapBlock("SPEED1_LIMIT", "&H34", 1, 1, 1, "1");
+}
+
+Bytes patternImage(std::size_t size, std::uint32_t seed) {
+  std::mt19937 random(seed);
+  Bytes bytes(size);
+  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random());
+  return bytes;
+}
+
+std::string firstSettings(const std::string& addressFile) {
+  return "Version\r\n" + addressFile +
+         "\r\n 1998 \r\n 370 \r\n 4 \r\n\r\n\r\n 128 \r\n 125 \r\n 1 \r\n+\r\n-\r\n"
+         " 4096 \r\n 16 \r\n 16 \r\n 1 \r\n 1 \r\n256\r\nBINARY\r\nTRAN\r\n 0 \r\n"
+         " 30 \r\n 14 \r\n 1 \r\n 2 \r\n";
+}
+
+void drag(Grid& grid, int row, int column, int rowSel, int columnSel) {
+  grid.userSelect({row, column, rowSel, columnSel});
+}

@@ -1,0 +1,60 @@
+// The bed of the tests: a program on the headless desktop in a folder of its own, a small car, and
+// the user's doors by name.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "frontend/headless/headless_desktop.h"
+
+using Bytes = std::vector<std::uint8_t>;
+
+// Each test starts the program anew in an empty folder, in English, with "+" and "-" as step keys
+// and colour rate 1. A question that no test expected fails it.
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramTest();
+  ~ProgramTest() override;
+
+  // Starts the program; settings and other files may be put into `folder` before.
+  void start();
+  // The same with the first settings and the address map below.
+  void startWithMap(const std::string& addressMap);
+
+  std::string path(const std::string& name) const { return folder + "/" + name; }
+  void writeText(const std::string& name, const std::string& text) const;
+  void writeBytes(const std::string& name, const Bytes& bytes) const;
+  Bytes readBytes(const std::string& name) const;
+  std::string readText(const std::string& name) const;
+
+  // Picks a menu command; the name must be there.
+  void pick(const std::string& name);
+  // Puts `bytes` into a file and loads it by the menu.
+  void loadImage(const Bytes& bytes, const std::string& name = "image.bin");
+  // Saves the image under `name` by the menu and gives the file's bytes.
+  Bytes saveImage(const std::string& name);
+  void selectTab(int tab);
+  // The text of the last box, "" when none was shown.
+  std::string lastBox() const;
+
+  HeadlessDesktop desk;
+  std::string folder;
+};
+
+// One block of an address map file.
+std::string mapBlock(const std::string& keyword, const std::string& address, int columns, int rows,
+                     int bytes, const std::string& scale = "0",
+                     const std::string& caption = "caption");
+// A map with TYPE_UNIT, 8x4 HIGH_FUEL at &H100, both scales, an airflow map and some parameters.
+std::string smallMap();
+// `size` bytes of a fixed pseudo-random pattern.
+Bytes patternImage(std::size_t size, std::uint32_t seed = 1);
+// The 25 settings lines that the tests start with.
+std::string firstSettings(const std::string& addressFile);
+// Selects cells as a user's drag from one cell to another.
+void drag(Grid& grid, int row, int column, int rowSel, int columnSel);
