@@ -1,0 +1,86 @@
+#include "calc/af_table.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "core/map_display.h"
+#include "platform/numbers.h"
+
+namespace {
+
+constexpr Grid::Look tableLook{white, rgb(64, 64, 64), white};
+constexpr int cellWidth = 430;     // twips
+constexpr int addressWidth = 620;  // twips
+// The ignition maps, the airflow map and the single parameters have no fuel in them.
+constexpr std::array tabsWithoutFuel{2, 4, 5, 14};
+
+float cellReal(const std::string& text) {
+  constexpr double largest = std::numeric_limits<float>::max();
+  return static_cast<float>(std::clamp(parseNumber(text), -largest, largest));
+}
+
+void showCell(Grid& grid, int row, int column, const std::string& text) {
+  const double bound = std::numeric_limits<std::int32_t>::max();
+  const auto shade = roundToLong(std::clamp(parseNumber(text), -bound, bound));
+  grid.setCell(row, column, formatFixed(airFuelRatio(cellReal(text)), 1), cellColour(shade));
+}
+
+}  // namespace
+
+Form5 form5;
+
+Form5::Form5() : Window("Form5"), Grid1(*this, rows + 1, columns + 1, 1, 1, tableLook) {
+  onLoad = [this] { fill(); };
+  Command1.onClick = [this] { closeDialog(*this); };
+  closeButton = &Command1;
+  firstFocus = &Command1;
+}
+
+void Form5::fill() {
+  setCaption(captioned({"A/F表示", "A/F Display"}));
+  Grid1.clear();
+  Grid1.setColumnWidths(cellWidth);
+  Grid1.setColumnWidth(0, addressWidth);
+  const MapKind* const kind = mapKindOfTab(editorState.currentTab);
+  if (!kind) return;
+  const MapEntry& entry = editorState.addressMap.map(kind->id);
+  showAfTable(Grid1, gridOf(*kind), columnsOf(entry), rowsOf(entry), entry.caption, entry.address);
+}
+
+float airFuelRatio(float number) {
+  constexpr float centre = 128;
+  const float enrichment = (number + centre) / centre;
+  return static_cast<float>(14.7 / static_cast<double>(enrichment));
+}
+
+void showAfTable(Grid& targetGrid, const Grid& sourceGrid, int columns, int rows,
+                 const std::string& caption, std::int32_t address) {
+  form5.Frame1.setCaption(worded({"A/F計算結果 - ", "Result of calculating A/F  - "}) + caption);
+  const GridPause pause(targetGrid, GridPause::Hide::yes);
+  const int shownColumns = std::min({columns, Form5::columns, sourceGrid.columns() - 1});
+  const int shownRows = std::min({rows, Form5::rows, sourceGrid.rows() - 1});
+  for (int c = 1; c <= shownColumns; ++c) {
+    targetGrid.setText(0, c, "+" + hexText(static_cast<std::uint32_t>(c - 1)));
+  }
+  for (int r = 1; r <= shownRows; ++r) {
+    const std::int64_t rowAddress = address + std::int64_t{r - 1} * columns;
+    targetGrid.setText(r, 0, padHex(hexText(static_cast<std::uint32_t>(rowAddress)), 2));
+    for (int c = 1; c <= shownColumns; ++c) showCell(targetGrid, r, c, sourceGrid.text(r, c));
+  }
+}
+
+void AF_DISP_FORM() {
+  const Wording withoutRom{"ROM DATAが読み込まれていないのに、A/F表示はできません。",
+                           "ROM DATA reads and been crowded, A/F display aren't possible."};
+  if (refusedWithoutRom(withoutRom)) return;
+  const auto tab = editorState.currentTab;
+  if (std::find(tabsWithoutFuel.begin(), tabsWithoutFuel.end(), tab) != tabsWithoutFuel.end()) {
+    return showRefusal(
+        {"この画面で、A/F表示はできません。", "With this screen, A/F display aren't possible."});
+  }
+  openDialog(form5);
+}

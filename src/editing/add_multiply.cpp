@@ -1,0 +1,153 @@
+#include "editing/add_multiply.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "core/map_display.h"
+#include "editing/entry.h"
+#include "editing/selection.h"
+#include "graphs/airflow_view.h"
+#include "platform/numbers.h"
+
+namespace {
+
+constexpr const char* firstThreshold = "110";
+constexpr double largestThreshold = 65536;
+constexpr double smallestAmount = -255;
+
+const BulkChange addition{
+    "Form7",
+    U'-',
+    {"データ増減", "Addition and reduction"},
+    {"増減値", "Addition and reduction value"},
+    {"値より大きい値は変更されません。", "A more large value aren't changed than a value."},
+    {"-5 したい場合は -5と入力する。", "I input a numerical value that I want to fluctuate."},
+    "増減したい値を入力してください。",
+    DEC_DATA};
+
+const BulkChange multiplication{
+    "Form8",
+    U'.',
+    {"データ乗算", "Multiplication"},
+    {"乗算値", "Multiplication value"},
+    {"しきい値より大きい値は変更されません。", "A more large value aren't changed than a value."},
+    {"15% 増やしたい場合は1.15と入力する。", "I input a numerical value that I want to fluctuate."},
+    "",
+    multiplyData};
+
+float toReal(double value) {
+  constexpr double largest = std::numeric_limits<float>::max();
+  return static_cast<float>(std::clamp(value, -largest, largest));
+}
+
+std::int32_t limited(double value, bool airflow) {
+  if (value < 1) return 0;
+  if (airflow) return value >= 65536 ? 65535 : static_cast<std::int32_t>(value);
+  return value >= 255 ? 255 : static_cast<std::int32_t>(value);
+}
+
+using NewValue = double (*)(double by, std::int32_t number);
+
+void changeCells(const MapKind& kind, std::int32_t threshold, double by, NewValue newValue) {
+  Grid& grid = gridOf(kind);
+  const bool airflow = kind.family == MapFamily::airflow;
+  walkSelection(grid, [&](int row, int column) {
+    const std::int32_t number = cellNumber(grid.text(row, column));
+    if (number >= threshold) return;
+    const std::int32_t changed = limited(newValue(by, number), airflow);
+    grid.setCell(row, column, decimalText(changed),
+                 airflow ? airflowCellColour(changed) : cellColour(changed));
+  });
+  if (airflow) drawAirflowView(grid, editorState.addressMap.map(kind.id).bytes);
+}
+
+void changeOnTab(std::int32_t tab, std::int32_t threshold, float by, NewValue newValue,
+                 const Wording& refusalOnGlobal) {
+  constexpr std::int32_t globalTab = 14;
+  if (const MapKind* const kind = mapKindOfTab(tab)) {
+    changeCells(*kind, threshold, by, newValue);
+  } else if (tab == globalTab) {
+    showRefusal(refusalOnGlobal);
+  } else {
+    showRefusal({"DEC_DATA のパラメーターに例外がある。",
+                 "There is an exception for a parameter of DEC_DATA."});
+  }
+}
+
+}  // namespace
+
+BulkChangeDialog form7{addition};
+BulkChangeDialog form8{multiplication};
+
+BulkChangeDialog::BulkChangeDialog(const BulkChange& design)
+    : Window(design.name), design_(design) {
+  onLoad = [this] { fill(); };
+  Command1.onClick = [this] { accept(); };
+  Command2.onClick = [this] { closeDialog(*this); };
+  Text1.keyFilter = digitKey;
+  Text2.keyFilter = [extra = design.keyBesideDigits](char32_t key) {
+    return digitKey(key) || key == extra;
+  };
+  defaultButton = &Command1;
+  cancelButton = &Command2;
+  firstFocus = &Text1;
+}
+
+void BulkChangeDialog::fill() {
+  setCaption(captioned(design_.title));
+  Label1.setCaption(captioned({"しきい値", "Marginal value"}));
+  Label2.setCaption(captioned(design_.amountCaption));
+  Label3.setCaption(captioned(design_.thresholdNote));
+  Label4.setCaption(captioned(design_.example));
+  Text1.setText(firstThreshold);
+  Text2.setText("");
+  Text2.setToolTip(design_.amountHint);
+}
+
+bool BulkChangeDialog::entriesAreGood() const {
+  if (Text1.text().empty() || Text2.text().empty()) return false;
+  const double threshold = parseNumber(Text1.text());
+  return threshold >= 0 && threshold <= largestThreshold &&
+         parseNumber(Text2.text()) >= smallestAmount;
+}
+
+void BulkChangeDialog::accept() {
+  if (!entriesAreGood()) {
+    return showRefusal({"不正なデータが入力されています。", "Wrong data are inputed."});
+  }
+  design_.change(editorState.currentTab, cellNumber(Text1.text()),
+                 toReal(parseNumber(Text2.text())));
+  closeDialog(*this);
+}
+
+void DEC_DATA(std::int32_t tab, std::int32_t threshold, float amount) {
+  changeOnTab(tab, threshold, amount,
+              [](double by, std::int32_t number) { return std::floor(by) + number; },
+              {"この画面(GLOBAL)で、この機能(増減)は使用できません。",
+               "With this screen(GLOBAL), this function(addition and reduction) can be useful."});
+}
+
+void multiplyData(std::int32_t tab, std::int32_t threshold, float factor) {
+  changeOnTab(tab, threshold, factor,
+              [](double by, std::int32_t number) { return std::floor(by * number) + 1; },
+              {"この画面(GLOBAL)で、この機能(乗算)は使用できません。",
+               "With this screen(GLOBAL), this function(multiplication) can be useful."});
+}
+
+void add_dec() {
+  const Wording refusal{
+      "ROM DATAが読み込まれていないのに、データの増減はできません。",
+      "ROM DATA reads and been crowded, addition and reduction of data aren't possible."};
+  if (!refusedWithoutRom(refusal)) openDialog(form7);
+}
+
+void kakeru() {
+  const Wording refusal{
+      "ROM DATAが読み込まれていないのに、データの乗算はできません。",
+      "ROM DATA reads and been crowded, a multiplication of data aren't possible."};
+  if (!refusedWithoutRom(refusal)) openDialog(form8);
+}

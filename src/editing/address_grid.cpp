@@ -1,0 +1,190 @@
+#include "editing/address_grid.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "calc/boost.h"
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "core/global_parameters.h"
+#include "core/image_bytes.h"
+#include "core/map_display.h"
+#include "editing/copy_buffer.h"
+#include "editing/entry.h"
+#include "editing/selection.h"
+#include "platform/failure.h"
+#include "platform/numbers.h"
+
+namespace {
+
+constexpr Grid::Look hexLook{white, rgb(64, 64, 64), white};
+constexpr int cellWidth = 430;     // twips
+constexpr int addressWidth = 620;  // twips
+constexpr int emptyRows = 2;       // of a grid without a stretch, its header included
+constexpr int emptyColumns = 2;
+
+const Wording hexQuestion{"データは？\r\n\r\n設定できるデータの大きさは、00-FF",
+                          "Data?\r\n\r\nFor a size of data that I can set up, 00-FF"};
+
+std::string hexAddress(std::int64_t address) {
+  return padHex(hexText(static_cast<std::uint32_t>(address)), 2);
+}
+
+std::string hexByte(int byte) { return padHex(hexText(static_cast<std::uint32_t>(byte)), 1); }
+
+std::int32_t hexNumber(std::string_view text) { return hexPrefix(text); }
+
+void writeHexCell(Grid& grid, int row, int column, std::int32_t number) {
+  const int byte = std::clamp(number, 0, byteLimit);
+  grid.setCell(row, column, hexByte(byte), cellColour(byte));
+}
+
+// Each byte's cell, made once for a whole grid of them.
+class HexCells {
+ public:
+  HexCells() {
+    for (int byte = 0; byte <= byteLimit; ++byte) {
+      cells_[static_cast<std::size_t>(byte)] = {hexByte(byte), cellColour(byte)};
+    }
+  }
+  void write(Grid& grid, int row, int column, int byte) const {
+    const Cell& cell = cells_[static_cast<std::size_t>(byte)];
+    grid.setCell(row, column, cell.text, cell.colour);
+  }
+
+ private:
+  struct Cell {
+    std::string text;
+    Colour colour;
+  };
+  std::array<Cell, byteLimit + 1> cells_;
+};
+
+void showStretch(Grid& grid) {
+  const HexCells cells;
+  std::int64_t address = editorState.addressEditStart;
+  for (int c = 1; c < grid.columns(); ++c) {
+    grid.setText(0, c, "+" + hexText(static_cast<std::uint32_t>(c - 1)));
+  }
+  for (int r = 1; r < grid.rows(); ++r) {
+    grid.setText(r, 0, hexAddress(address));
+    for (int c = 1; c < grid.columns(); ++c) cells.write(grid, r, c, imageByte(address++));
+  }
+}
+
+void storeStretch(Grid& grid) {
+  const GridPause pause(grid, GridPause::Hide::yes);
+  std::int64_t address = editorState.addressEditStart;
+  for (int r = 1; r < grid.rows(); ++r) {
+    for (int c = 1; c < grid.columns(); ++c) {
+      const std::int32_t number = std::min(hexNumber(grid.text(r, c)), byteLimit);
+      setImageByte(address++, static_cast<std::uint8_t>(number));
+    }
+  }
+}
+
+void showImageEverywhere() {
+  const GridsPause pause;
+  redrawAllMaps();
+  const int number = trapFailure(showGlobalParams);
+  if (number != 0) showFailure(number);
+  recalculateBoost();
+  form1().refresh();
+}
+
+// Takes a window out of the topmost order, so that a prompt can rise above it.
+class TopmostPause {
+ public:
+  explicit TopmostPause(Window& window) : window_(window) { makeTopmost(window_, false); }
+  ~TopmostPause() { makeTopmost(window_, true); }
+  TopmostPause(const TopmostPause&) = delete;
+  TopmostPause& operator=(const TopmostPause&) = delete;
+
+ private:
+  Window& window_;
+};
+
+void editHexCell() {
+  Grid& grid = form6.eGrid;
+  const TopmostPause topmost(form6);
+  const GridPause pause(grid);
+  editorState.cellValue = hexNumber(grid.text(grid.row(), grid.column()));
+  std::string answer = askForData(hexQuestion, hexByte(editorState.cellValue));
+  if (answer.empty()) return;
+  answer.erase(0, answer.find_first_not_of(" \t"));
+  editorState.cellValue = std::min(hexNumber(answer), byteLimit);
+  writeHexCell(grid, grid.row(), grid.column(), editorState.cellValue);
+}
+
+void stepHexSelection(char32_t key) {
+  Grid& grid = form6.eGrid;
+  onStepKeys(key, [&grid](int direction) {
+    walkSelection(grid, [&](int row, int column) {
+      const std::int32_t number = hexNumber(grid.text(row, column));
+      writeHexCell(grid, row, column, stepped(number, direction, byteLimit));
+    });
+  });
+}
+
+void pasteHexBlock() {
+  constexpr std::int64_t wholeBuffer = std::numeric_limits<std::int64_t>::max();
+  pasteFromBuffer(form6.eGrid, wholeBuffer, writeHexCell);
+}
+
+MenuItem& addItem(MenuItem& menu, const char* name) {
+  return menu.add(std::make_unique<MenuItem>(menu.window(), name));
+}
+
+}  // namespace
+
+Form6 form6;
+
+Form6::Form6()
+    : Window("Form6"),
+      eGrid(*this, emptyRows, emptyColumns, 1, 1, hexLook),
+      edit_02(addItem(menuBar, "edit_02")),
+      e_cpy(addItem(edit_02, "e_cpy")),
+      HSARITUKE(addItem(edit_02, "HSARITUKE")) {
+  onLoad = [this] { fill(); };
+  onUnload = [this] { eGrid.resize(emptyRows, emptyColumns); };
+  eGrid.onDoubleClick = editHexCell;
+  eGrid.onKey = stepHexSelection;
+  eGrid.onMouseDown = [this](MouseButton button) {
+    if (button == MouseButton::right) desktop().popUpMenu(edit_02);
+  };
+  e_cpy.onClick = [this] { copyIntoBuffer(eGrid, hexNumber); };
+  HSARITUKE.onClick = pasteHexBlock;
+  Command1.onClick = [this] { accept(); };
+  Command2.onClick = [this] { closeDialog(*this); };
+  defaultButton = &Command1;
+  cancelButton = &Command2;
+  firstFocus = &eGrid;
+}
+
+void Form6::fill() {
+  setCaption(captioned({"アドレス指定編集", "Address designated editing"}));
+  edit_02.setCaption(captioned({"編集", "Edit"}));
+  e_cpy.setCaption(captioned({"コピー", "Copy"}));
+  HSARITUKE.setCaption(captioned({"張り付け", "Paste"}));
+  Frame1.setCaption("TARGET &H" + hexAddress(editorState.addressEditStart) +
+                    "  X:" + decimalText(editorState.addressEditColumns) +
+                    "  Y:" + decimalText(editorState.addressEditRows));
+  const GridPause pause(eGrid, GridPause::Hide::yes);
+  eGrid.resize(editorState.addressEditRows + 1, editorState.addressEditColumns + 1);
+  eGrid.setColumnWidths(cellWidth);
+  eGrid.setColumnWidth(0, addressWidth);
+  showStretch(eGrid);
+}
+
+void Form6::accept() {
+  storeStretch(eGrid);
+  showImageEverywhere();
+  setProgress(-1);
+  closeDialog(*this);
+}

@@ -1,0 +1,135 @@
+#include "editing/copy_paste.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "core/map_display.h"
+#include "editing/copy_buffer.h"
+#include "editing/entry.h"
+#include "platform/numbers.h"
+
+namespace {
+
+struct Refusals {
+  Wording withoutRom;
+  Wording onGlobalTab;
+};
+
+const Refusals copyRefusals{{"ROM DATAが読み込まれていないのに、データのコピーはできません。",
+                             "ROM DATA reads and been crowded, a copy of data aren't possible."},
+                            {"この画面で、コピー機能は使用できません。",
+                             "With this screen, a copy function can be useful."}};
+
+const Refusals pasteRefusals{
+    {"ROM DATAが読み込まれていないのに、データの張り付けはできません。",
+     "ROM DATA reads and been crowded, stretching and attaching it of data aren't possible."},
+    {"この画面で、張り付けは使用できません。",
+     "With this screen, stretching and attaching it can be useful."}};
+
+// The grid that a command may work on, null after its refusal.
+Grid* guardedGrid(const Refusals& refusals) {
+  if (refusedWithoutRom(refusals.withoutRom)) return nullptr;
+  Grid* const grid = activeGrid();
+  if (!grid) showRefusal(refusals.onGlobalTab);
+  return grid;
+}
+
+void writeMapCell(Grid& grid, int row, int column, std::int32_t number) {
+  grid.setCell(row, column, decimalText(number), cellColour(number));
+}
+
+bool startsWithNumber(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+  if (!text.empty() && (text[0] == '+' || text[0] == '-')) text.remove_prefix(1);
+  if (!text.empty() && text[0] == '.') text.remove_prefix(1);
+  return !text.empty() && text[0] >= '0' && text[0] <= '9';
+}
+
+// The clipboard's text: its cells, and the last column and row that stand behind them.
+struct ClipboardBlock {
+  std::optional<std::string_view> cells;  // none: the text holds nothing but the two numbers
+  std::int32_t lastColumn;
+  std::int32_t lastRow;
+};
+
+std::optional<ClipboardBlock> splitClipboard(std::string_view text) {
+  const std::size_t rowComma = text.rfind(',');
+  if (rowComma == std::string_view::npos) return std::nullopt;
+  const std::string_view row = text.substr(rowComma + 1);
+  text = text.substr(0, rowComma);
+  const std::size_t columnComma = text.rfind(',');
+  const bool bare = columnComma == std::string_view::npos;
+  const std::string_view column = bare ? text : text.substr(columnComma + 1);
+  if (!startsWithNumber(column) || !startsWithNumber(row)) return std::nullopt;
+  ClipboardBlock block{std::nullopt, cellNumber(column), cellNumber(row)};
+  if (!bare) block.cells = text.substr(0, columnComma);
+  return block;
+}
+
+std::optional<std::string_view> takeField(std::optional<std::string_view>& rest) {
+  if (!rest) return std::nullopt;
+  const std::size_t comma = rest->find(',');
+  const std::string_view field = rest->substr(0, comma);
+  if (comma == std::string_view::npos) {
+    rest.reset();
+  } else {
+    rest->remove_prefix(comma + 1);
+  }
+  return field;
+}
+
+// Takes the block's cells that lie inside `target` into the buffer, one by one and never as a list,
+// since the text may be of any length. Returns how many cells of the block the text reaches, as far
+// as it was read.
+std::int64_t readCells(ClipboardBlock& block, const GridBlock& target) {
+  const std::int64_t width = std::int64_t{block.lastColumn} + 1;
+  if (width < 1 || block.lastRow < 0) return 0;
+  const int columns = std::min(target.columns(), copyColumns);
+  const std::int64_t end = (std::min(target.rows(), copyRows) - 1) * width + columns;
+  std::int64_t place = 0;
+  for (; place < end; ++place) {
+    const auto field = takeField(block.cells);
+    if (!field) break;
+    if (place % width >= columns) continue;
+    copiedNumber(static_cast<int>(place % width), static_cast<int>(place / width)) =
+        cellNumber(*field);
+  }
+  return place;
+}
+
+}  // namespace
+
+void copyBlock(Grid& grid) {
+  copyIntoBuffer(grid, cellNumber);
+  std::string text = grid.clip();
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\t' || c == '\r'; }, ',');
+  desktop().setClipboardText(text + ',' + decimalText(editorState.copyLastColumn) + ',' +
+                             decimalText(editorState.copyLastRow));
+}
+
+void pasteBlock(Grid& grid) {
+  const std::optional<std::string> text = desktop().clipboardText();
+  if (!text) return;
+  std::optional<ClipboardBlock> block = splitClipboard(*text);
+  if (!block) return;
+  editorState.copyLastColumn = block->lastColumn;
+  editorState.copyLastRow = block->lastRow;
+  const std::int64_t numbers = readCells(*block, grid.block());
+  pasteFromBuffer(grid, numbers, writeMapCell);
+}
+
+void CPY() {
+  if (Grid* const grid = guardedGrid(copyRefusals)) copyBlock(*grid);
+}
+
+void PST() {
+  if (Grid* const grid = guardedGrid(pasteRefusals)) pasteBlock(*grid);
+}

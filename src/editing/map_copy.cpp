@@ -1,0 +1,128 @@
+#include "editing/map_copy.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "calc/boost.h"
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "core/map_display.h"
+#include "core/rom_image.h"
+
+namespace {
+
+const MapCopy fuelAndIgnition{"Form3",
+                              {HIGH_FUEL, HIGH_FIRE, REG_FUEL, REG_FIRE},
+                              {{{HIGH_FUEL, REG_FUEL}, {HIGH_FIRE, REG_FIRE}}},
+                              {"燃料・点火データコピー", "Data copy. Fuel/Ignition time."},
+                              {"燃料・点火　データコピー", "Data copy. Fuel/Ignition time."},
+                              {{{"ハイオク → レギュラー", "High octane to Low octane"},
+                                {"レギュラー → ハイオク", "Low octane to High octane"}}},
+                              {{{"燃料", "Fuel"}, {"点火", "Ignition time"}}},
+                              {{{"", "I copy a fuel map."}, {"", "I copy an ignition time map."}}},
+                              true,
+                              false};
+
+const MapCopy scales{
+    "Form4",
+    {TP_SCALE_FIRE, TP_SCALE_FUEL, RPM_SCALE_FIRE, RPM_SCALE_FUEL},
+    {{{TP_SCALE_FUEL, TP_SCALE_FIRE}, {RPM_SCALE_FUEL, RPM_SCALE_FIRE}}},
+    {"TP/回転スケールコピー", "Data copy. TP/RPM scale."},
+    {"TP/回転スケール　データコピー", "Data copy. TP/RPM scale."},
+    {{{"燃料 → 点火", "Fuel to Ignition time"}, {"点火 → 燃料", "Ignition time to Fuel"}}},
+    {{{"TP スケール", "TP scale"}, {"回転 スケール", "RPM scale"}}},
+    {{{"", "TP scale also copies it together."}, {"", "RPM scale also copies it together."}}},
+    false,
+    true};
+
+bool isPresent(MapId id) { return editorState.addressMap.map(id).present(); }
+
+// How many bytes from `address` on lie in the image.
+std::int64_t bytesBehind(std::int32_t address) {
+  if (address < 0) return 0;
+  return static_cast<std::int64_t>(editorState.image.size()) - address;
+}
+
+// Copies the smaller size of the two, byte by byte from the front, and never past the image.
+void copyMap(MapId source, MapId target) {
+  const MapEntry& from = editorState.addressMap.map(source);
+  const MapEntry& to = editorState.addressMap.map(target);
+  const std::int64_t count = std::min({std::int64_t{from.bytes}, std::int64_t{to.bytes},
+                                       bytesBehind(from.address), bytesBehind(to.address)});
+  RomImage& image = editorState.image;
+  for (std::int64_t i = 0; i < count; ++i) {
+    image[static_cast<std::size_t>(to.address + i)] =
+        image[static_cast<std::size_t>(from.address + i)];
+  }
+  if (to.present()) drawMap(target);
+}
+
+}  // namespace
+
+MapCopyDialog form3{fuelAndIgnition};
+MapCopyDialog form4{scales};
+
+MapCopyDialog::MapCopyDialog(const MapCopy& design) : Window(design.name), design_(design) {
+  onLoad = [this] { fill(); };
+  Label1.onClick = [this] { Option1.userSelect(); };
+  Label2.onClick = [this] { Option2.userSelect(); };
+  Command1.onClick = [this] { accept(); };
+  Command2.onClick = [this] { closeDialog(*this); };
+  defaultButton = &Command1;
+  cancelButton = &Command2;
+  firstFocus = &Option1;
+}
+
+void MapCopyDialog::fill() {
+  setCaption(captioned(design_.title));
+  Frame1.setCaption(captioned(design_.frame));
+  Label1.setCaption(captioned(design_.directions[0]));
+  Label2.setCaption(captioned(design_.directions[1]));
+  directions.select(&Option1);
+  fillCheck(Check1, 0);
+  fillCheck(Check2, 1);
+}
+
+void MapCopyDialog::fillCheck(CheckBox& check, std::size_t pair) {
+  const MapPair& maps = design_.pairs[pair];
+  check.setCaption(captioned(design_.checks[pair]));
+  check.setToolTip(captioned(design_.hints[pair]));
+  check.setChecked(true);
+  check.setEnabled(!design_.needsBothMaps || (isPresent(maps.first) && isPresent(maps.second)));
+}
+
+void MapCopyDialog::copyPairs() {
+  const GridsPause pause;
+  for (const MapId id : design_.writtenBack) {
+    if (isPresent(id)) writeMapBack(id);
+  }
+  const std::array<const CheckBox*, 2> checks{&Check1, &Check2};
+  for (std::size_t i = 0; i < checks.size(); ++i) {
+    if (!checks[i]->checked() || !checks[i]->enabled()) continue;
+    const auto [first, second] = design_.pairs[i];
+    const bool forward = Option1.selected();
+    copyMap(forward ? first : second, forward ? second : first);
+    if (i == 0 && design_.movesLoads) recalculateBoost();
+  }
+}
+
+void MapCopyDialog::accept() {
+  copyPairs();
+  setProgress(-1);
+  closeDialog(*this);
+}
+
+namespace {
+
+void openUnlessWithoutRom(MapCopyDialog& dialog) {
+  const Wording refusal{"ROM DATAが読み込まれていないのに、データコピーはできません。",
+                        "ROM DATA reads and been crowded, a data copy aren't possible."};
+  if (!refusedWithoutRom(refusal)) openDialog(dialog);
+}
+
+}  // namespace
+
+void F_F() { openUnlessWithoutRom(form3); }
+
+void T_R() { openUnlessWithoutRom(form4); }

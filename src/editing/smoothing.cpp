@@ -1,0 +1,94 @@
+#include "editing/smoothing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "core/map_display.h"
+#include "editing/entry.h"
+#include "platform/numbers.h"
+
+namespace {
+
+constexpr const char* firstThreshold = "120";
+
+// The cell between the one at (row, column) and the one two steps on takes their mean.
+void smoothBetween(Grid& grid, int row, int column, int down, int right, std::int32_t threshold) {
+  const std::int32_t a = cellNumber(grid.text(row, column));
+  const std::int32_t b = cellNumber(grid.text(row + 2 * down, column + 2 * right));
+  if (a >= threshold || b >= threshold) return;
+  const double mean = std::nearbyint((double{0} + a + b) / 2);
+  const auto number = static_cast<std::int32_t>(std::clamp(mean, 0.0, 255.0));
+  grid.setCell(row + down, column + right, decimalText(number), cellColour(number));
+}
+
+void passAlongRows(Grid& grid, const GridBlock& block, std::int32_t threshold) {
+  for (int r = block.top; r <= block.bottom - 2; ++r) {
+    for (int c = block.left; c <= block.right - 2; ++c) smoothBetween(grid, r, c, 0, 1, threshold);
+  }
+}
+
+void passAlongColumns(Grid& grid, const GridBlock& block, std::int32_t threshold) {
+  for (int c = block.left; c <= block.right - 2; ++c) {
+    for (int r = block.top; r <= block.bottom - 2; ++r) smoothBetween(grid, r, c, 1, 0, threshold);
+  }
+}
+
+void smoothOnTab(std::int32_t tab, std::int32_t threshold) {
+  constexpr std::int32_t airflowTab = 5;
+  constexpr std::int32_t globalTab = 14;
+  const MapKind* const kind = mapKindOfTab(tab);
+  if (tab == airflowTab || tab == globalTab) {
+    showRefusal({"この画面で、スムージング機能は使用できません。",
+                 "With this screen, smooth function can be useful."});
+  } else if (kind) {
+    SMOOTH_DATA(gridOf(*kind), threshold);
+  } else {
+    showRefusal({"SMOOTH_DATA のパラメーターに例外がある。",
+                 "There is an exception for a parameter of SMOOTH_DATA."});
+  }
+}
+
+}  // namespace
+
+Form10 form10;
+
+Form10::Form10() : Window("Form10") {
+  onLoad = [this] { fill(); };
+  Command1.onClick = [this] { accept(); };
+  Command2.onClick = [this] { closeDialog(*this); };
+  Text1.keyFilter = digitKey;
+  defaultButton = &Command1;
+  closeButton = &Command2;  // the Escape key is not bound to it
+  firstFocus = &Text1;
+}
+
+void Form10::fill() {
+  setCaption(captioned({"スムージング", "Smooth"}));
+  Label1.setCaption(captioned({"しきい値", "Marginal value"}));
+  Label2.setCaption(captioned({"しきい値より大きい値は変更されません。",
+                               "A more large value aren't changed than a value."}));
+  Text1.setText(firstThreshold);
+}
+
+void Form10::accept() {
+  smoothOnTab(editorState.currentTab, cellNumber(Text1.text()));
+  closeDialog(*this);
+}
+
+void SMOOTH_DATA(Grid& grid, std::int32_t threshold) {
+  const GridPause pause(grid);
+  const GridBlock block = grid.block();
+  passAlongRows(grid, block, threshold);
+  passAlongColumns(grid, block, threshold);
+  grid.setSelection({block.top, block.left, block.bottom, block.right});
+}
+
+void smooth() {
+  const Wording refusal{
+      "ROM DATAが読み込まれていないのに、データのスムージングはできません。",
+      "ROM DATA is smooth and aren't possible for data, been crowded as reading."};
+  if (!refusedWithoutRom(refusal)) openDialog(form10);
+}
