@@ -6,10 +6,17 @@
 #include <string>
 #include <string_view>
 
+#include "calc/af_table.h"
 #include "calc/boost.h"
 #include "calc/engine_specification.h"
 #include "core/address_loading.h"
 #include "core/form1.h"
+#include "editing/add_multiply.h"
+#include "editing/address_dialog.h"
+#include "editing/copy_paste.h"
+#include "editing/map_copy.h"
+#include "editing/map_shift.h"
+#include "editing/smoothing.h"
 #include "frontend/main_window.h"
 #include "graphs/graph_3d_display.h"
 #include "graphs/tp_curve.h"
@@ -34,22 +41,22 @@ const MenuRow rows[] = {
     {2, "owari", "終了", "Quit", "Ctrl+Q", closeForm1},
     {2, "space2", "-", "", "", nullptr},
     {1, "edit_0", "編集", "Edit", "", nullptr},
-    {2, "CPY", "コピー", "Copy", "Ctrl+C", nullptr},
-    {2, "PST", "張り付け", "Paste", "Ctrl+V", nullptr},
+    {2, "CPY", "コピー", "Copy", "Ctrl+C", CPY},
+    {2, "PST", "張り付け", "Paste", "Ctrl+V", PST},
     {2, "dt_cpy", "データコピー", "Data copy", "", nullptr},
-    {3, "F_F", "燃料・点火", "Fuel/Ignition time.", "", nullptr},
-    {3, "T_R", "TP/回転スケール", "TP/RPM scale", "", nullptr},
+    {3, "F_F", "燃料・点火", "Fuel/Ignition time.", "", F_F},
+    {3, "T_R", "TP/回転スケール", "TP/RPM scale", "", T_R},
     {2, "DDDEEDS", "機能", "Function", "", nullptr},
-    {3, "add_dec", "増減", "Addition and reduction", "", nullptr},
-    {3, "kakeru", "乗算", "Multiplication", "", nullptr},
-    {3, "smooth", "スムージング", "Smooth", "", nullptr},
-    {3, "ADR_EDIT", "アドレス指定編集", "Address specification edit", "", nullptr},
-    {3, "DT_SFT", "マップシフト", "Data shift", "", nullptr},
+    {3, "add_dec", "増減", "Addition and reduction", "", add_dec},
+    {3, "kakeru", "乗算", "Multiplication", "", kakeru},
+    {3, "smooth", "スムージング", "Smooth", "", smooth},
+    {3, "ADR_EDIT", "アドレス指定編集", "Address specification edit", "", ADR_EDIT},
+    {3, "DT_SFT", "マップシフト", "Data shift", "", DT_SFT},
     {3, "vq_chan", "VQ MAP変更", "Replace VQ map", "", nullptr},
     {2, "G_EDIT_RR", "グラフ編集", "Graph editing", "", nullptr},
     {3, "DISP_3D_Graph", "3D グラフ編集", "3D Graph editing", "Ctrl+G", nullptr},
     {3, "TP_2D", "TP SCALE 2D グラフ編集", "2D Graph editing. TP only", "", nullptr},
-    {2, "AF_DISP_FORM", "A/F表示", "A/F Display", "", nullptr},
+    {2, "AF_DISP_FORM", "A/F表示", "A/F Display", "", AF_DISP_FORM},
     {2, "TP_BST_RECAL", "TP/加給再計算", "TP/Boost Re-calculation", "Ctrl+R", TP_BST_RECAL},
     {2, "CALCU", "Windows電卓", "Calculator", "Ctrl+N", CALCU},
     {1, "S___", "設定", "Setup", "", nullptr},
