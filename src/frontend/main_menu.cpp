@@ -17,6 +17,7 @@
 #include "editing/map_copy.h"
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"
+#include "frontend/about.h"
 #include "frontend/main_window.h"
 #include "graphs/graph_3d_display.h"
 #include "graphs/tp_curve.h"
@@ -65,7 +66,7 @@ const MenuRow rows[] = {
     {2, "set_spl", "仕様設定", "Engine specification setup", "", set_spl},
     {2, "SET_DEFAULT_FOLDER", "環境設定", "Environment set up", "", nullptr},
     {1, "HLP777", "ヘルプ", "Help", "", nullptr},
-    {2, "ver_displ", "バージョン情報", "Veriosn", "", nullptr},
+    {2, "ver_displ", "バージョン情報", "Veriosn", "", ver_displ},
 };
 
 constexpr int recentFiles = 10;

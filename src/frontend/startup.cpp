@@ -7,6 +7,7 @@
 #include "frontend/languages.h"
 #include "frontend/main_menu.h"
 #include "frontend/main_window.h"
+#include "frontend/splash.h"
 #include "platform/desktop.h"
 
 void loadForm1() {
@@ -26,7 +27,6 @@ void loadForm1() {
 
 void startProgram(const std::string& appPath) {
   editorState.appPath = appPath;
-  loadForm1();
-  desktop().showWindow(form1());
-  desktop().bringToFront(form1());
+  frmSplash.load();
+  desktop().showWindow(frmSplash);
 }
