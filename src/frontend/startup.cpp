@@ -7,7 +7,6 @@
 #include "frontend/languages.h"
 #include "frontend/main_menu.h"
 #include "frontend/main_window.h"
-#include "frontend/splash.h"
 #include "platform/desktop.h"
 
 void loadForm1() {
@@ -27,6 +26,7 @@ void loadForm1() {
 
 void startProgram(const std::string& appPath) {
   editorState.appPath = appPath;
-  frmSplash.load();
-  desktop().showWindow(frmSplash);
+  loadForm1();
+  desktop().showWindow(form1());
+  desktop().bringToFront(form1());
 }
