@@ -18,6 +18,7 @@
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"
 #include "frontend/about.h"
+#include "frontend/environment.h"
 #include "frontend/main_window.h"
 #include "graphs/graph_3d_display.h"
 #include "graphs/tp_curve.h"
@@ -64,7 +65,8 @@ const MenuRow rows[] = {
     {2, "load_map_addr", "機種別アドレス読み込み", "Are crowded as reading address file", "",
      load_map_addr},
     {2, "set_spl", "仕様設定", "Engine specification setup", "", set_spl},
-    {2, "SET_DEFAULT_FOLDER", "環境設定", "Environment set up", "", nullptr},
+    {2, "SET_DEFAULT_FOLDER", "環境設定", "Environment set up", "",
+     SET_DEFAULT_FOLDER},
     {1, "HLP777", "ヘルプ", "Help", "", nullptr},
     {2, "ver_displ", "バージョン情報", "Veriosn", "", ver_displ},
 };

@@ -7,6 +7,7 @@
 #include "frontend/languages.h"
 #include "frontend/main_menu.h"
 #include "frontend/main_window.h"
+#include "imagefiles/recent_files.h"
 #include "platform/desktop.h"
 
 void loadForm1() {
@@ -22,6 +23,7 @@ void loadForm1() {
   setGridLayout();
   editorState.image = RomImage(startImageBytes);
   form.bringPanelToFront(1);
+  rebuildRecentMenu();
 }
 
 void startProgram(const std::string& appPath) {
