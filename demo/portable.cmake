@@ -1,6 +1,6 @@
-# Assembles the portable folder FOLDER: PROGRAM, the demo car made in DEMO, and what SOURCES holds
+# Assembles the portable folder FOLDER: PROGRAMS, the demo car made in DEMO, and what SOURCES holds
 # ready. Settings and log belong to the user: they are put there once and never replaced.
-file(COPY ${PROGRAM} DESTINATION ${FOLDER})
+file(COPY ${PROGRAMS} DESTINATION ${FOLDER})
 file(COPY ${DEMO}/vqmap DESTINATION ${FOLDER})
 file(COPY ${DEMO}/demo_ja.adr ${DEMO}/demo_en.adr ${DEMO}/demo.bin ${SOURCES}/README.md
      DESTINATION ${FOLDER}/demo)
