@@ -33,6 +33,8 @@ TEST(TextEncoding, BytesAreTakenForWhatTheyCanBe) {
       {"half-width katakana", "\xCF\xAF\xCC\xDF", "ﾏｯﾌﾟ"},
       {"a katakana pair that UTF-8 could be", "\xC3\xA9", "ﾃｩ"},
       {"two bytes that no katakana pair could be", "\xC3\x89", "É"},
+      {"the first pair that katakana could be", "\xC3\xA1", "ﾃ｡"},
+      {"one byte below it", "\xC3\xA0", "à"},
       {"katakana pair beside other UTF-8", "\xC3\xA9\xC3\x89", "éÉ"},
       {"overlong UTF-8 is code page", "\xC0\xAF", "ﾀｯ"},
       {"bytes without meaning, one by one", "\xFF\x80\xA0\xFE",
