@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -15,6 +16,9 @@ using RomImage = std::vector<std::uint8_t>;
 // read.
 constexpr std::int32_t startImageBytes = 120001;
 constexpr std::int32_t maximumLines = 1001;
+// The airflow tables of known engines.
+constexpr std::size_t vqTableCount = 9;
+constexpr std::size_t vqTableBytes = 128;
 // A block of copied cells.
 constexpr int copyColumns = 513;
 constexpr int copyRows = 41;
@@ -72,6 +76,9 @@ struct EditorState {
   std::array<std::int32_t, mapCount + 1> cellsDrawn{};
   // Whether a parameter's box shows the image's bytes.
   std::array<bool, paramCount> paramShown{};
+
+  // The airflow tables, in the order of their commands in the menu.
+  std::array<std::array<std::uint8_t, vqTableBytes>, vqTableCount> vqTables{};
 
   // The comparison image.
   RomImage compareImage;

@@ -23,6 +23,8 @@ const Wording existsTitle{"ファイルは既に存在します。", "A file exi
 const Wording existsQuestion{"そのファイルは既に存在します。上書きで保存しますか？",
                              "The file exists already.Do you preserve it with overwrite coming?"};
 
+constexpr std::size_t extensionLength = 3;
+
 }  // namespace
 
 const Wording nothingToSave{"データが読み込まれていないのに保存しようとしました。",
@@ -81,8 +83,25 @@ bool mayOverwrite(std::string path, const std::string& title) {
   return answer == BoxAnswer::ok;
 }
 
+void keepChosen(const ChosenFile& chosen) {
+  editorState.dialogPath = chosen.path;
+  editorState.dialogTitle = chosen.title;
+}
+
+void nameImage() {
+  editorState.imagePath = editorState.dialogPath;
+  editorState.imageTitle = editorState.dialogTitle;
+}
+
+std::string extensionOf(const std::string& path) {
+  std::string extension = path.substr(path.size() - std::min(path.size(), extensionLength));
+  for (char& letter : extension) {
+    if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
+  }
+  return extension;
+}
+
 std::string withExtension(const std::string& path, const std::string& extension) {
-  constexpr std::size_t extensionLength = 3;
   if (path.empty()) return {};
   return path.substr(0, path.size() - std::min(path.size(), extensionLength)) + extension;
 }

@@ -5,6 +5,7 @@
 
 #include "core/editor_state.h"
 #include "core/wording.h"
+#include "platform/desktop.h"
 
 // The title bar: the image's name and " - ZELKOVA".
 void updateTitleBar();
@@ -29,5 +30,12 @@ extern const Wording nothingToSave;
 // Asks whether an existing file may be overwritten; true when there is none.
 bool mayOverwrite(std::string path, const std::string& title);
 
+// Keeps what a file dialog returned; then, once the file is loaded or saved, the image takes its
+// name.
+void keepChosen(const ChosenFile& chosen);
+void nameImage();
+
+// The last three characters of `path`, in upper case: what a file is taken for by its name.
+std::string extensionOf(const std::string& path);
 // `path` with its last three characters replaced by `extension`; "" stays "".
 std::string withExtension(const std::string& path, const std::string& extension);

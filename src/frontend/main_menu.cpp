@@ -23,6 +23,11 @@
 #include "graphs/graph_3d_display.h"
 #include "graphs/tp_curve.h"
 #include "imagefiles/bin_files.h"
+#include "imagefiles/comparison_image.h"
+#include "imagefiles/intel_hex_files.h"
+#include "imagefiles/odd_even.h"
+#include "imagefiles/recent_loading.h"
+#include "imagefiles/vq_tables.h"
 
 namespace {
 
@@ -30,15 +35,17 @@ const MenuRow rows[] = {
     {1, "file_load", "ﾌｧｲﾙ", "File", "", nullptr},
     {2, "read_read", "読み込み", "Load", "", nullptr},
     {3, "load_bin_file", "読み込み(BIN)", "Load (BIN)", "Ctrl+O", load_bin_file},
-    {3, "LOAD_IntelHEX_FILE", "読み込み(IntelHEX)", "Load (IntelHEX)", "Ctrl+H", nullptr},
+    {3, "LOAD_IntelHEX_FILE", "読み込み(IntelHEX)", "Load (IntelHEX)", "Ctrl+H",
+     LOAD_IntelHEX_FILE},
     {2, "update_bin_file", "上書き保存", "Save", "Ctrl+S", update_bin_file},
     {2, "any_anme_save", "別名保存", "Save as...", "", nullptr},
     {3, "write_bin_file", "別名保存(BIN)", "Save as (BIN)", "", write_bin_file},
-    {3, "ANY_NAME_SAVE_IntelHEX", "別名保存(IntelHEX)", "Save as (IntelHEX)", "", nullptr},
-    {2, "odd_even_file", "奇数/偶数ファイル", "ODD/EVEN File", "", nullptr},
+    {3, "ANY_NAME_SAVE_IntelHEX", "別名保存(IntelHEX)", "Save as (IntelHEX)", "",
+     ANY_NAME_SAVE_IntelHEX},
+    {2, "odd_even_file", "奇数/偶数ファイル", "ODD/EVEN File", "", odd_even_file},
     {2, "Norika", "比較元ファイル読み込み", "Comparison File", "", nullptr},
-    {3, "comp_bin", "読み込み(BIN)", "Load (BIN)", "", nullptr},
-    {3, "comp_intelHex", "読み込み(IntelHEX)", "Load (IntelHEX)", "", nullptr},
+    {3, "comp_bin", "読み込み(BIN)", "Load (BIN)", "", comp_bin},
+    {3, "comp_intelHex", "読み込み(IntelHEX)", "Load (IntelHEX)", "", comp_intelHex},
     {2, "spa", "-", "", "", nullptr},
     {2, "owari", "終了", "Quit", "Ctrl+Q", closeForm1},
     {2, "space2", "-", "", "", nullptr},
@@ -55,6 +62,15 @@ const MenuRow rows[] = {
     {3, "ADR_EDIT", "アドレス指定編集", "Address specification edit", "", ADR_EDIT},
     {3, "DT_SFT", "マップシフト", "Data shift", "", DT_SFT},
     {3, "vq_chan", "VQ MAP変更", "Replace VQ map", "", nullptr},
+    {4, "use_z32_vq", "Z32 - VG30DETT", "", "", use_z32_vq},
+    {4, "use_hcr32_vq", "HCR32 - RB20DET", "", "", use_hcr32_vq},
+    {4, "use_bnr32_vq", "BNR32 - RB26DETT", "", "", use_bnr32_vq},
+    {4, "user_ecr33_vq", "ECR33 - RB25DET", "", "", user_ecr33_vq},
+    {4, "use_y32_vq", "Y32 - VG30DET", "", "", use_y32_vq},
+    {4, "use_s13_vq", "S13 - CA18DET", "", "", use_s13_vq},
+    {4, "use_ps13_vq", "PS13 - SR20DET", "", "", use_ps13_vq},
+    {4, "use_s14_vq", "S14 - SR20DET", "", "", use_s14_vq},
+    {4, "use_s15_vq", "S15 - SR20DET", "", "", use_s15_vq},
     {2, "G_EDIT_RR", "グラフ編集", "Graph editing", "", nullptr},
     {3, "DISP_3D_Graph", "3D グラフ編集", "3D Graph editing", "Ctrl+G", nullptr},
     {3, "TP_2D", "TP SCALE 2D グラフ編集", "2D Graph editing. TP only", "", nullptr},
@@ -65,8 +81,7 @@ const MenuRow rows[] = {
     {2, "load_map_addr", "機種別アドレス読み込み", "Are crowded as reading address file", "",
      load_map_addr},
     {2, "set_spl", "仕様設定", "Engine specification setup", "", set_spl},
-    {2, "SET_DEFAULT_FOLDER", "環境設定", "Environment set up", "",
-     SET_DEFAULT_FOLDER},
+    {2, "SET_DEFAULT_FOLDER", "環境設定", "Environment set up", "", SET_DEFAULT_FOLDER},
     {1, "HLP777", "ヘルプ", "Help", "", nullptr},
     {2, "ver_displ", "バージョン情報", "Veriosn", "", ver_displ},
 };
@@ -92,6 +107,7 @@ void makeRecentEntries(MenuItem& fileMenu) {
     MenuItem& item = fileMenu.add(
         std::make_unique<MenuItem>(form, "mnuRecentFile" + std::to_string(i), caption));
     item.setVisible(false);
+    item.onClick = [i] { mnuRecentFile_Click(static_cast<int>(i)); };
     form.mnuRecentFile[i] = &item;
   }
 }

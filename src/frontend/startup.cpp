@@ -8,6 +8,7 @@
 #include "frontend/main_menu.h"
 #include "frontend/main_window.h"
 #include "imagefiles/recent_files.h"
+#include "imagefiles/vq_tables.h"
 #include "platform/desktop.h"
 
 void loadForm1() {
@@ -18,11 +19,13 @@ void loadForm1() {
   resetAdditionalCaptions();
   form.load();
   editorState.currentTab = 1;
+  loadVqTables();
   readSettings();
   CHANGE_CAPT(editorState.english);
   setGridLayout();
   editorState.image = RomImage(startImageBytes);
   form.bringPanelToFront(1);
+  rebuildRecentMenu();
   rebuildRecentMenu();
 }
 

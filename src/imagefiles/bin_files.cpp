@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
@@ -11,6 +12,9 @@
 #include "core/rom_image.h"
 #include "core/settings_file.h"
 #include "core/unsaved_guard.h"
+#include "imagefiles/intel_hex_files.h"
+#include "imagefiles/recent_files.h"
+#include "platform/failure.h"
 #include "platform/files.h"
 
 namespace {
@@ -21,22 +25,12 @@ const Wording saveTitle{"BIN Image 書き込み", "Save BIN Image"};
 const Wording nothingToUpdate{"データが読み込まれていないのに、上書き保存しようとしました。",
                               "Been crowded as reading data overwrite did to come, preserve it."};
 
-void remember(const ChosenFile& chosen) {
-  editorState.dialogPath = chosen.path;
-  editorState.dialogTitle = chosen.title;
-}
-
-void nameImage() {
-  editorState.imagePath = editorState.dialogPath;
-  editorState.imageTitle = editorState.dialogTitle;
-}
-
 void loadSteps() {
   if (refusedWithoutAddressMap()) return;
   confirmDiscard();
   if (editorState.guardAnswer == 0) return;
   editorState.progressCount = 0;
-  remember(desktop().chooseFileToOpen(
+  keepChosen(desktop().chooseFileToOpen(
       {filter, worded(loadTitle), settledPath(editorState.romFolder), editorState.dialogPath}));
   resetPanels();
   dropImage();
@@ -57,7 +51,7 @@ void saveRaw(const std::string& path) {
 void writeSteps() {
   if (refusedWithoutImage(nothingToSave)) return;
   editorState.progressCount = 0;
-  remember(
+  keepChosen(
       desktop().chooseFileToSave({filter, worded(saveTitle), settledPath(editorState.romFolder),
                                   withExtension(editorState.imagePath, "bin")}));
   if (!mayOverwrite(editorState.dialogPath, editorState.dialogTitle)) return;
@@ -67,14 +61,23 @@ void writeSteps() {
   nameImage();
   editorState.imageIsOneHalf = false;
   updateTitleBar();
+  addRecentFile(editorState.dialogPath);
 }
 
+// The image's own file, in the form that its name tells. One half of a pair is not simply
+// overwritten by the whole.
 void updateSteps() {
   if (refusedWithoutImage(nothingToUpdate)) return;
+  const std::string path = editorState.imagePath;
+  if (editorState.imageIsOneHalf && !mayOverwrite(path, editorState.imageTitle)) return;
   showOperation("WRITE");
   editorState.progressCount = 0;
   writeBackAll();
-  saveRaw(editorState.imagePath);
+  const int failed =
+      trapFailure([&] { extensionOf(path) == "HEX" ? saveImageAsIntelHex(path) : saveRaw(path); });
+  editorState.imageIsOneHalf = editorState.imageIsOneHalf && failed != 0;
+  addRecentFile(path);
+  if (failed != 0) throw Failure(failed);
 }
 
 }  // namespace

@@ -1,0 +1,86 @@
+#include "imagefiles/recent_loading.h"
+
+#include <cstddef>
+#include <string>
+
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/file_command.h"
+#include "core/form1.h"
+#include "core/loader_tail.h"
+#include "core/map_display.h"
+#include "core/unsaved_guard.h"
+#include "imagefiles/intel_hex_reader.h"
+#include "platform/failure.h"
+#include "platform/files.h"
+
+namespace {
+
+const Wording unknownTitle{"Detected error.This error is not fatal.", "Error"};
+const Wording unknownExtension{"その拡張子は判断できません。\r\n",
+                               "The extension child can judge it."};
+const Wording isGone{"ファイルが存在しません。\r\nファイルが削除されたか、移動されています。\r\n",
+                     "A file don't exist.  Are transported whether a file were deleted or not."};
+const Wording isOutOfReach{"そのファイルは存在しません。または、ディスクが存在しません。",
+                           "The file don't exist.  Or, a disk don't exist."};
+const Wording otherAddressFile{
+    "アドレスファイルが違う可能性があります。\r\n"
+    "正しいadrファイルを読み直し後に、データの読み込みを行って下さい。",
+    "There is a possibility that an address file differs from.  Please be crowded as reading of "
+    "data, after reading again a correct adr file."};
+
+void showCritical(const std::string& text) {
+  desktop().showBox({BoxIcon::critical, BoxButtons::ok, failureTitle, text});
+}
+
+void tellFailure(int number, const std::string& entryName) {
+  if (number == fileNotFound) return showCritical(worded(isGone) + entryName);
+  if (number == diskNotReady) return showCritical(worded(isOutOfReach));
+  if (number == badSubscript) showCritical(worded(otherAddressFile));
+  showFailure(number, "　Ill. DATA? " + entryName, BoxIcon::none);
+}
+
+RomImage readByExtension(const std::string& path, bool hex) {
+  if (hex) return readIntelHex(readFile(path), imageHexCapacity);
+  return readFile(path);
+}
+
+void loadSteps(const std::string& path, bool hex) {
+  editorState.dialogPath = path;
+  if (hex) editorState.progressCount = 0;
+  if (!hex) desktop().setBusyPointer(true);
+  resetPanels();
+  dropImage();
+  form1().Label13.setCaption("READ");
+  form1().refresh();
+  takeImage(readByExtension(path, hex));
+  if (path.find_first_of("\\/") != path.npos) editorState.dialogTitle = fileNameOf(path);
+  nameImage();
+  showFileSize();
+  loaderTail();
+}
+
+// A load that failed leaves the progress bar where it stood.
+void load(const std::string& path, bool hex) {
+  ProgressBar& bar = form1().ProgressBar1;
+  int reached = 0;
+  const int number = runFileCommand({"Recent File読み込み", [&] { loadSteps(path, hex); },
+                                     [&](int failure) { tellFailure(failure, fileNameOf(path)); },
+                                     [&](int) { reached = bar.value(); }});
+  if (number != 0) bar.setValue(reached);
+}
+
+}  // namespace
+
+void mnuRecentFile_Click(int index) {
+  if (refusedWithoutAddressMap()) return;
+  const std::string path = form1().mnuRecentFile.at(static_cast<std::size_t>(index))->caption();
+  const std::string extension = extensionOf(path);
+  if (extension != "BIN" && extension != "HEX") {
+    desktop().showBox(
+        {BoxIcon::none, BoxButtons::ok, worded(unknownTitle), worded(unknownExtension)});
+    return;
+  }
+  confirmDiscard();
+  if (editorState.guardAnswer != 0) load(path, extension == "HEX");
+}
