@@ -1,0 +1,261 @@
+#include "frontend/qt/bind_controls.h"
+
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QTimer>
+#include <memory>
+
+#include "frontend/qt/event_tap.h"
+#include "frontend/qt/look.h"
+#include "frontend/qt/text.h"
+
+SharedValues::SharedValues(QWidget* widget, const Control& record)
+    : widget_(widget), record_(&record) {
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
+}
+
+void SharedValues::show() {
+  widget_->setEnabled(record_->enabled());
+  widget_->setToolTip(shownTip(record_->toolTip()));
+  if (visible_ == record_->visible()) return;
+  visible_ = record_->visible();
+  widget_->setVisible(visible_);
+}
+
+void forwardFocusIn(Control& record) { record.userFocus(); }
+
+void forwardFocusOut(Control& record, int focusReason) {
+  const bool stays = focusReason == Qt::ActiveWindowFocusReason ||
+                     focusReason == Qt::PopupFocusReason || focusReason == Qt::MenuBarFocusReason;
+  if (!stays) record.userLeave();
+}
+
+namespace {
+
+// Sets the widget from the record, now and at each change: `values` shows what is the widget's own,
+// `selection` what the record says of a selected part.
+template <class Values, class Selection>
+void follow(QWidget* widget, Control& record, Values values, Selection selection) {
+  SharedValues shared(widget, record);
+  auto show = [widget, shared, values]() mutable {
+    const QSignalBlocker quiet(widget);
+    values();
+    shared.show();
+  };
+  record.observer = [widget, show, selection](const Change& change) mutable {
+    switch (change.kind) {
+      case Change::focus:
+        return widget->setFocus(Qt::OtherFocusReason);
+      case Change::repaint:
+        return widget->repaint();
+      case Change::selection:
+        return selection();
+      default:
+        return show();
+    }
+  };
+  record.observer({Change::values});
+  QObject::connect(widget, &QObject::destroyed, [&record] { record.observer = nullptr; });
+}
+
+template <class Values>
+void follow(QWidget* widget, Control& record, Values values) {
+  follow(widget, record, values, [] {});
+}
+
+// Forwards what signals of the toolkit don't tell: focus and presses of the left button.
+void forwardFocus(QWidget* widget, Control& record) {
+  tapEvents(widget, [&record](QEvent* event) {
+    if (event->type() == QEvent::FocusIn) forwardFocusIn(record);
+    if (event->type() == QEvent::FocusOut) {
+      forwardFocusOut(record, static_cast<QFocusEvent*>(event)->reason());
+    }
+    return false;
+  });
+}
+
+template <class Press>
+void forwardPress(QWidget* widget, Press press) {
+  tapEvents(widget, [press](QEvent* event) {
+    if (event->type() != QEvent::MouseButtonPress) return false;
+    if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) press();
+    return false;
+  });
+}
+
+// A typed character of a key press; 0 for keys that are no text.
+char32_t typedCharacter(const QKeyEvent& event) {
+  const auto characters = event.text().toUcs4();
+  if (characters.isEmpty() || !QChar::isPrint(characters.front())) return 0;
+  return characters.front();
+}
+
+bool filterTextKeys(QLineEdit* widget, const TextBox& record, QEvent* event) {
+  if (event->type() == QEvent::FocusIn &&
+      static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason) {
+    // A click moves the cursor after it gave the focus; the whole text is selected behind it.
+    QTimer::singleShot(0, widget, &QLineEdit::selectAll);
+  }
+  if (event->type() != QEvent::KeyPress) return false;
+  const char32_t key = typedCharacter(*static_cast<QKeyEvent*>(event));
+  return key != 0 && !record.acceptsKey(key);
+}
+
+void showProgress(QProgressBar* widget, int value) {
+  const QSignalBlocker quiet(widget);
+  widget->setValue(value);
+}
+
+}  // namespace
+
+void bind(QLabel* widget, Label& record) {
+  widget->setTextFormat(Qt::PlainText);
+  follow(widget, record, [widget, &record] {
+    widget->setText(shown(record.caption()));
+    if (widget->parentWidget() && !widget->parentWidget()->layout()) widget->adjustSize();
+    if (record.colour() == black) return;
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::WindowText, shown(record.colour()));
+    widget->setPalette(palette);
+  });
+  if (!record.onClick) return;
+  widget->setCursor(Qt::PointingHandCursor);
+  forwardPress(widget, [&record] { record.userClick(); });
+}
+
+void bind(QGroupBox* widget, Frame& record) {
+  follow(widget, record, [widget, &record] { widget->setTitle(shownCaption(record.caption())); });
+  forwardPress(widget, [&record] { record.userClick(); });
+}
+
+void bind(QLineEdit* widget, TextBox& record) {
+  constexpr int unlimited = 32767;
+  // An input method would bring characters past the key filter.
+  if (record.keyFilter) widget->setAttribute(Qt::WA_InputMethodEnabled, false);
+  follow(
+      widget, record,
+      [widget, &record] {
+        widget->setMaxLength(record.maxLength() > 0 ? record.maxLength() : unlimited);
+        const QString text = shown(record.text());
+        if (widget->text() != text) widget->setText(text);
+      },
+      [widget] { widget->selectAll(); });
+  QObject::connect(widget, &QLineEdit::textEdited,
+                   [&record](const QString& text) { record.userEdit(stored(text)); });
+  forwardFocus(widget, record);
+  tapEvents(widget,
+            [widget, &record](QEvent* event) { return filterTextKeys(widget, record, event); });
+}
+
+void bind(QCheckBox* widget, CheckBox& record) {
+  follow(widget, record, [widget, &record] {
+    widget->setText(shownCaption(record.caption()));
+    widget->setChecked(record.checked());
+  });
+  forwardPress(widget, [&record] { record.userMouseDown(); });
+  QObject::connect(widget, &QCheckBox::clicked, [&record] { record.userToggle(); });
+  forwardFocus(widget, record);
+}
+
+void bind(QRadioButton* widget, Option& record) {
+  follow(widget, record, [widget, &record] {
+    widget->setText(shownCaption(record.caption()));
+    // The toolkit keeps an exclusive button from being cleared; the record decides.
+    widget->setAutoExclusive(false);
+    widget->setChecked(record.selected());
+    widget->setAutoExclusive(true);
+  });
+  forwardPress(widget, [&record] { record.userMouseDown(); });
+  QObject::connect(widget, &QRadioButton::clicked, [widget, &record] {
+    record.userSelect();
+    for (Option* member : record.group().members()) {
+      if (member->observer) member->observer({Change::values});
+    }
+  });
+  forwardFocus(widget, record);
+}
+
+void bind(QListWidget* widget, ListBox& record) {
+  for (const std::string& item : record.items()) widget->addItem(shown(item));
+  follow(widget, record, [widget, &record] { widget->setCurrentRow(record.index()); });
+  forwardPress(widget->viewport(), [&record] { record.userMouseDown(); });
+  QObject::connect(widget, &QListWidget::currentRowChanged,
+                   [&record](int row) { record.userSelect(row); });
+  forwardFocus(widget, record);
+}
+
+void bind(QPushButton* widget, Button& record) {
+  follow(widget, record, [widget, &record] { widget->setText(shownCaption(record.caption())); });
+  const Window& window = record.window();
+  widget->setDefault(window.defaultButton == &record);
+  QObject::connect(widget, &QPushButton::clicked, [&record] { record.userClick(); });
+  forwardFocus(widget, record);
+}
+
+void bind(QTabBar* widget, TabStrip& record) {
+  for (int number = 1; number <= record.count(); ++number) widget->addTab({});
+  follow(widget, record, [widget, &record] {
+    for (int number = 1; number <= record.count(); ++number) {
+      widget->setTabText(number - 1, shownCaption(record.tab(number).caption));
+      widget->setTabToolTip(number - 1, shownTip(record.tab(number).toolTip));
+    }
+    widget->setCurrentIndex(record.selected() - 1);
+  });
+  QObject::connect(widget, &QTabBar::tabBarClicked, [widget, &record](int index) {
+    // The strip itself changes to another tab; only a click on the tab in force is told here.
+    if (index == widget->currentIndex()) record.userSelect(index + 1);
+  });
+  QObject::connect(widget, &QTabBar::currentChanged,
+                   [&record](int index) { record.userSelect(index + 1); });
+}
+
+void bind(QProgressBar* widget, ProgressBar& record) {
+  constexpr int repaintMilliseconds = 50;
+  const auto sinceRepaint = std::make_shared<QElapsedTimer>();
+  auto* const rest = new QTimer(widget);
+  rest->setSingleShot(true);
+  widget->setRange(0, 100);
+  const auto show = [widget, &record] { showProgress(widget, record.value()); };
+  QObject::connect(rest, &QTimer::timeout, widget, show);
+  record.observer = [widget, rest, sinceRepaint, show](const Change&) {
+    if (sinceRepaint->isValid() && sinceRepaint->elapsed() < repaintMilliseconds) {
+      if (!rest->isActive()) rest->start(repaintMilliseconds);
+      return;
+    }
+    show();
+    if (widget->isVisible()) widget->repaint();
+    sinceRepaint->start();
+  };
+  show();
+  QObject::connect(widget, &QObject::destroyed, [&record] { record.observer = nullptr; });
+}
+
+void bind(QTimer* timer, Timer& record) {
+  timer->setSingleShot(false);
+  const auto keepTime = [timer, &record] {
+    if (record.enabled()) {
+      timer->start(record.interval());
+    } else {
+      timer->stop();
+    }
+  };
+  record.observer = [keepTime](const Change&) { keepTime(); };
+  keepTime();
+  QObject::connect(timer, &QTimer::timeout, [&record] { record.fire(); });
+  QObject::connect(timer, &QObject::destroyed, [&record] { record.observer = nullptr; });
+}

@@ -1,0 +1,76 @@
+#include "frontend/qt/bind_menu.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+#include <unordered_map>
+
+#include "frontend/qt/text.h"
+
+namespace {
+
+std::unordered_map<const MenuItem*, QMenu*> menus;
+
+QMenu* makeMenu(MenuItem& item, QWidget* parent);
+void addMissing(QWidget* parent, const MenuItem& item);
+
+// Shows an item's values on its action, and what was added below it.
+void follow(QAction* action, MenuItem& item) {
+  const auto show = [action, &item] {
+    if (!action->isSeparator()) action->setText(shownCaption(item.caption()));
+    action->setVisible(item.visible());
+    action->setEnabled(item.enabled());
+  };
+  item.observer = [action, &item, show](const Change& change) {
+    if (change.kind != Change::shape) return show();
+    if (action->menu()) return addMissing(action->menu(), item);
+    action->setMenu(makeMenu(item, qobject_cast<QWidget*>(action->parent())));
+  };
+  show();
+  QObject::connect(action, &QObject::destroyed, [&item] { item.observer = nullptr; });
+}
+
+QAction* makeAction(MenuItem& item, QWidget* parent) {
+  if (!item.children().empty()) return makeMenu(item, parent)->menuAction();
+  auto* const action = new QAction(parent);
+  action->setSeparator(item.caption() == "-");
+  action->setShortcut(QKeySequence(shown(item.shortcut()), QKeySequence::PortableText));
+  QObject::connect(action, &QAction::triggered, [&item] { item.userPick(); });
+  return action;
+}
+
+// Items are only ever added, at the end.
+void addMissing(QWidget* parent, const MenuItem& item) {
+  const auto& children = item.children();
+  for (auto i = static_cast<std::size_t>(parent->actions().size()); i < children.size(); ++i) {
+    QAction* const action = makeAction(*children[i], parent);
+    action->setObjectName(shown(children[i]->name()));
+    parent->addAction(action);
+    follow(action, *children[i]);
+  }
+}
+
+QMenu* makeMenu(MenuItem& item, QWidget* parent) {
+  auto* const menu = new QMenu(parent);
+  menu->setObjectName(shown(item.name()));
+  menus[&item] = menu;
+  QObject::connect(menu, &QObject::destroyed, [&item] { menus.erase(&item); });
+  addMissing(menu, item);
+  return menu;
+}
+
+}  // namespace
+
+void bind(QMenuBar* bar, MenuItem& root) {
+  root.observer = [bar, &root](const Change& change) {
+    if (change.kind == Change::shape) addMissing(bar, root);
+  };
+  addMissing(bar, root);
+  QObject::connect(bar, &QObject::destroyed, [&root] { root.observer = nullptr; });
+}
+
+QMenu* menuOf(MenuItem& item, QWidget* owner) {
+  const auto found = menus.find(&item);
+  return found != menus.end() ? found->second : makeMenu(item, owner);
+}

@@ -1,0 +1,15 @@
+// Binding of menus: an item with children is a submenu, the caption "-" a separator, any other an
+// action with its shortcut. Items that come or go later are shown as well.
+#pragma once
+
+#include "platform/controls.h"
+
+class QMenu;
+class QMenuBar;
+class QWidget;
+
+void bind(QMenuBar* bar, MenuItem& root);
+
+// The menu in which the children of `item` stand: the one on a menu bar, or one made for `owner` at
+// the first call.
+QMenu* menuOf(MenuItem& item, QWidget* owner);

@@ -1,0 +1,158 @@
+#include "frontend/qt/canvas_view.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVarLengthArray>
+#include <vector>
+
+#include "frontend/qt/bind_controls.h"
+#include "frontend/qt/look.h"
+#include "frontend/qt/text.h"
+
+namespace {
+
+char32_t character(const QKeyEvent& event) {
+  const auto characters = event.text().toUcs4();
+  return characters.isEmpty() ? 0 : characters.front();
+}
+
+// Four characters have the numbers of the cursor keys.
+int otherKeyCode(char32_t typed) {
+  const int code = static_cast<int>(typed);
+  return code >= leftKey && code <= downKey ? 0 : code;
+}
+
+int keyCode(const QKeyEvent& event) {
+  switch (event.key()) {
+    case Qt::Key_Left:
+      return leftKey;
+    case Qt::Key_Up:
+      return upKey;
+    case Qt::Key_Right:
+      return rightKey;
+    case Qt::Key_Down:
+      return downKey;
+    default:
+      return otherKeyCode(character(event));
+  }
+}
+
+// Keys that a canvas leaves to its window.
+bool forTheWindow(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Escape || event.key() == Qt::Key_Return ||
+         event.key() == Qt::Key_Enter;
+}
+
+QRect between(const CanvasItem& item) {
+  return QRect(QPoint(item.x1, item.y1), QPoint(item.x2, item.y2)).normalized();
+}
+
+void paintRectangle(QPainter& painter, const CanvasItem& item) {
+  const QRect area = between(item);
+  if (item.kind == CanvasItem::bar) return painter.fillRect(area, shown(item.colour));
+  painter.setPen(QPen(shown(item.colour), 1));
+  painter.drawRect(area.adjusted(0, 0, -1, -1));
+}
+
+// Lines that follow one another in one colour are drawn in one call.
+void paintItems(QPainter& painter, const std::vector<CanvasItem>& items) {
+  std::vector<QLine> lines;
+  Colour colour;
+  const auto drawLines = [&] {
+    if (lines.empty()) return;
+    painter.setPen(QPen(shown(colour), 1));
+    painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+    lines.clear();
+  };
+  for (const CanvasItem& item : items) {
+    const bool line = item.kind == CanvasItem::line;
+    if (!line || item.colour != colour) drawLines();
+    colour = item.colour;
+    if (line) {
+      lines.emplace_back(item.x1, item.y1, item.x2, item.y2);
+    } else {
+      paintRectangle(painter, item);
+    }
+  }
+  drawLines();
+}
+
+}  // namespace
+
+CanvasView::CanvasView(Canvas& record, QWidget* parent) : QWidget(parent), record_(record) {
+  setFixedSize(record.width(), record.height());
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  record.observer = [this](const Change& change) {
+    if (change.kind == Change::focus) return setFocus(Qt::OtherFocusReason);
+    if (change.kind == Change::repaint) return repaint();
+    if (change.kind == Change::values) showValues();
+    update();
+  };
+  showValues();
+}
+
+CanvasView::~CanvasView() { record_.observer = nullptr; }
+
+// A canvas is hidden while it is drawn. The widget stays, since hiding would move its focus away.
+void CanvasView::showValues() {
+  setEnabled(record_.enabled());
+  setToolTip(shownTip(record_.toolTip()));
+  setUpdatesEnabled(record_.visible());
+}
+
+void CanvasView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), Qt::black);
+  paintItems(painter, record_.items());
+}
+
+void CanvasView::keyPressEvent(QKeyEvent* event) {
+  const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+  if (command || forTheWindow(*event)) return event->ignore();
+  heldKey_ = keyCode(*event);
+  record_.userKeyDown(*heldKey_);
+  if (const char32_t typed = character(*event)) record_.userKey(typed);
+}
+
+void CanvasView::keyReleaseEvent(QKeyEvent* event) {
+  if (event->isAutoRepeat()) return;
+  if (heldKey_ && *heldKey_ == keyCode(*event)) releaseHeldKey();
+}
+
+void CanvasView::releaseHeldKey() {
+  const int key = *heldKey_;
+  heldKey_.reset();
+  record_.userKeyUp(key);
+}
+
+void CanvasView::mousePressEvent(QMouseEvent*) {
+  setFocus(Qt::MouseFocusReason);
+  record_.userMouseDown();
+}
+
+void CanvasView::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  forwardFocusIn(record_);
+}
+
+void CanvasView::focusOutEvent(QFocusEvent* event) {
+  // The release of a key that is held now would go to someone else.
+  if (heldKey_) releaseHeldKey();
+  QWidget::focusOutEvent(event);
+  forwardFocusOut(record_, event->reason());
+}
+
+QLabel* labelOn(CanvasView* canvas, Label& record, int x, int y) {
+  auto* const label = new QLabel(canvas);
+  QFont font = label->font();
+  font.setPixelSize(12);
+  label->setFont(font);
+  bind(label, record);
+  label->setAttribute(Qt::WA_TransparentForMouseEvents);
+  label->move(x, y);
+  return label;
+}

@@ -1,0 +1,35 @@
+// The view of a canvas record: paints its display list at the screen's density and forwards keys
+// and presses. Labels may be placed on it as children.
+#pragma once
+
+#include <QWidget>
+#include <optional>
+
+#include "platform/canvas.h"
+#include "platform/controls.h"
+
+class QLabel;
+
+class CanvasView : public QWidget {
+ public:
+  explicit CanvasView(Canvas& record, QWidget* parent = nullptr);
+  ~CanvasView() override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void showValues();
+  void releaseHeldKey();
+
+  Canvas& record_;
+  std::optional<int> heldKey_;
+};
+
+// Places a label on the canvas; presses go through it to the canvas.
+QLabel* labelOn(CanvasView* canvas, Label& record, int x, int y);

@@ -1,0 +1,17 @@
+// The header of a grid view: the record's fixed row or column, painted from its cells.
+#pragma once
+
+#include <QHeaderView>
+
+#include "platform/grid.h"
+
+class GridHeader : public QHeaderView {
+ public:
+  GridHeader(Qt::Orientation orientation, const Grid& record, QWidget* parent);
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& area, int section) const override;
+
+ private:
+  const Grid& record_;
+};

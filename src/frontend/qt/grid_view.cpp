@@ -1,0 +1,250 @@
+#include "frontend/qt/grid_view.h"
+
+#include <QAbstractButton>
+#include <QHeaderView>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "frontend/qt/bind_controls.h"
+#include "frontend/qt/grid_header.h"
+#include "frontend/qt/grid_model.h"
+#include "frontend/qt/grid_painting.h"
+#include "frontend/qt/look.h"
+#include "frontend/qt/text.h"
+
+GridView::GridView(Grid& record, QWidget* parent)
+    : QTableView(parent), record_(record), model_(new GridModel(record, this)) {
+  setFont(gridFont());
+  setUpHeader(new GridHeader(Qt::Horizontal, record, this));
+  setUpHeader(new GridHeader(Qt::Vertical, record, this));
+  setModel(model_);
+  setSelectionMode(NoSelection);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setAutoScroll(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setVerticalScrollMode(ScrollPerPixel);
+  setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+  QSizePolicy policy = sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  setSizePolicy(policy);
+  viewport()->setBackgroundRole(QPalette::Window);
+  if (auto* const corner = findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)) {
+    corner->installEventFilter(this);
+  }
+  record.observer = [this](const Change& change) { observe(change); };
+  shapeChanged_ = true;
+  applyChanges();
+}
+
+GridView::~GridView() { record_.observer = nullptr; }
+
+void GridView::setUpHeader(QHeaderView* header) {
+  const Qt::Orientation orientation = header->orientation();
+  const bool across = orientation == Qt::Horizontal;
+  header->setMinimumSectionSize(1);
+  header->setSectionResizeMode(QHeaderView::Fixed);
+  header->setSectionsClickable(true);
+  across ? setHorizontalHeader(header) : setVerticalHeader(header);
+  header->setVisible((across ? record_.fixedRows() : record_.fixedColumns()) > 0);
+  connect(header, &QHeaderView::sectionPressed, this,
+          [this, orientation](int section) { pressSection(orientation, section); });
+  connect(header, &QHeaderView::sectionEntered, this,
+          [this, orientation](int section) { enterSection(orientation, section); });
+}
+
+void GridView::observe(const Change& change) {
+  switch (change.kind) {
+    case Change::focus:
+      return setFocus(Qt::OtherFocusReason);
+    case Change::cell:
+      return updateCell(change.row, change.column);
+    case Change::cells:
+      return updateAll();
+    case Change::repaint:
+      applyChanges();
+      return viewport()->repaint();
+    case Change::shape:
+      shapeChanged_ = true;
+      break;
+    case Change::selection:
+      updateAll();
+      break;
+    case Change::values:
+      break;
+  }
+  schedule();
+}
+
+void GridView::schedule() {
+  if (scheduled_) return;
+  scheduled_ = true;
+  QMetaObject::invokeMethod(
+      this, [this] { applyChanges(); }, Qt::QueuedConnection);
+}
+
+void GridView::applyChanges() {
+  scheduled_ = false;
+  if (shapeChanged_) showShape();
+  shapeChanged_ = false;
+  showCurrentCell();
+  showValues();
+}
+
+void GridView::showShape() {
+  model_->reset();
+  if (record_.columns() > 0) {
+    horizontalHeader()->setDefaultSectionSize(pixels(record_.columnWidth(lastColumn())));
+    verticalHeader()->setFixedWidth(pixels(record_.columnWidth(0)));
+  }
+  if (record_.rows() > 0) {
+    verticalHeader()->setDefaultSectionSize(pixels(record_.rowHeight(lastRow())));
+    horizontalHeader()->setFixedHeight(pixels(record_.rowHeight(0)));
+  }
+  noteBars();
+  updateGeometry();
+}
+
+void GridView::showValues() {
+  setEnabled(record_.enabled());
+  setToolTip(shownTip(record_.toolTip()));
+  if (visible_ == record_.visible()) return;
+  visible_ = record_.visible();
+  setVisible(visible_);
+}
+
+// The selection is painted from the record; this tells assistive programs which cell is meant.
+void GridView::showCurrentCell() {
+  const QModelIndex index =
+      model_->index(record_.row() - record_.fixedRows(), record_.column() - record_.fixedColumns());
+  selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+}
+
+void GridView::updateCell(int row, int column) {
+  const int section = column - record_.fixedColumns();
+  if (row < record_.fixedRows()) return horizontalHeader()->viewport()->update();
+  if (section < 0) return verticalHeader()->viewport()->update();
+  const int line = row - record_.fixedRows();
+  viewport()->update(columnViewportPosition(section), rowViewportPosition(line),
+                     columnWidth(section), rowHeight(line));
+}
+
+void GridView::updateAll() {
+  viewport()->update();
+  horizontalHeader()->viewport()->update();
+  verticalHeader()->viewport()->update();
+}
+
+QSize GridView::contentSize() const {
+  const QHeaderView& across = *horizontalHeader();
+  const QHeaderView& down = *verticalHeader();
+  const int width = across.length() + (down.isHidden() ? 0 : down.maximumWidth());
+  const int height = down.length() + (across.isHidden() ? 0 : across.maximumHeight());
+  return QSize(width, height) + QSize(frameWidth(), frameWidth()) * 2;
+}
+
+QSize GridView::sizeHint() const {
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  return contentSize() + QSize(needsBarBeside_ ? bar : 0, needsBarBelow_ ? bar : 0);
+}
+
+QSize GridView::minimumSizeHint() const {
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  return QSize(5 * bar, 4 * bar).boundedTo(sizeHint());
+}
+
+// Room for a scroll bar is asked for where one is needed, so that it doesn't cover the last cells.
+void GridView::noteBars() {
+  const QSize content = contentSize();
+  const bool below = !columnsLeader_ && testAttribute(Qt::WA_Resized) && width() < content.width();
+  const bool beside = !rowsLeader_ && testAttribute(Qt::WA_Resized) && height() < content.height();
+  if (below == needsBarBelow_ && beside == needsBarBeside_) return;
+  needsBarBelow_ = below;
+  needsBarBeside_ = beside;
+  updateGeometry();
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  noteBars();
+}
+
+namespace {
+
+void scrollTogether(QScrollBar* one, QScrollBar* other) {
+  QObject::connect(one, &QScrollBar::valueChanged, other, &QScrollBar::setValue);
+  QObject::connect(other, &QScrollBar::valueChanged, one, &QScrollBar::setValue);
+}
+
+}  // namespace
+
+void GridView::followColumnsOf(GridView* leader) {
+  columnsLeader_ = leader;
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scrollTogether(leader->horizontalScrollBar(), horizontalScrollBar());
+  connect(leader->horizontalScrollBar(), &QScrollBar::rangeChanged, this,
+          [this] { updateGeometries(); });
+}
+
+void GridView::followRowsOf(GridView* leader) {
+  rowsLeader_ = leader;
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scrollTogether(leader->verticalScrollBar(), verticalScrollBar());
+  connect(leader->verticalScrollBar(), &QScrollBar::rangeChanged, this,
+          [this] { updateGeometries(); });
+}
+
+void GridView::updateGeometries() {
+  QTableView::updateGeometries();
+  if (columnsLeader_) {
+    horizontalScrollBar()->setRange(0, columnsLeader_->horizontalScrollBar()->maximum());
+  }
+  if (rowsLeader_) {
+    verticalScrollBar()->setRange(0, rowsLeader_->verticalScrollBar()->maximum());
+  }
+}
+
+void GridView::paintEvent(QPaintEvent* event) {
+  QPainter painter(viewport());
+  const QRect area = event->rect();
+  const int firstRow = rowAt(area.top());
+  const int firstColumn = columnAt(area.left());
+  if (firstRow < 0 || firstColumn < 0) return;
+  // The record may already have another size than the model.
+  const int rows = std::min(model_->rowCount(), record_.rows() - record_.fixedRows());
+  const int columns = std::min(model_->columnCount(), record_.columns() - record_.fixedColumns());
+  for (int row = firstRow; row < rows && rowViewportPosition(row) <= area.bottom(); ++row) {
+    for (int column = firstColumn; column < columns; ++column) {
+      const QRect place(columnViewportPosition(column), rowViewportPosition(row),
+                        columnWidth(column), rowHeight(row));
+      if (place.left() > area.right()) break;
+      paintCell(painter, place, record_, row + record_.fixedRows(), column + record_.fixedColumns(),
+                *this);
+    }
+  }
+  paintSelection(painter);
+}
+
+void GridView::paintSelection(QPainter& painter) const {
+  const GridBlock block = record_.block();
+  const int top = block.top - record_.fixedRows();
+  const int left = block.left - record_.fixedColumns();
+  const int bottom = block.bottom - record_.fixedRows();
+  const int right = block.right - record_.fixedColumns();
+  if (!isEnabled() || top < 0 || left < 0 || !model_->hasIndex(bottom, right)) return;
+  const QRect area(QPoint(columnViewportPosition(left), rowViewportPosition(top)),
+                   QPoint(columnViewportPosition(right) + columnWidth(right) - 1,
+                          rowViewportPosition(bottom) + rowHeight(bottom) - 1));
+  paintSelectionBorder(painter, area, hasFocus());
+}
+
+// The corner stands for the fixed cell in row 0 and column 0.
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Paint) return QTableView::eventFilter(watched, event);
+  auto* const corner = static_cast<QWidget*>(watched);
+  QPainter painter(corner);
+  paintHeaderCell(painter, corner->rect(), record_, 0, 0, *this);
+  return true;
+}

@@ -1,0 +1,96 @@
+// The view of a grid record: a table view whose cells and headers are painted from the record, and
+// whose selection is the record's one rectangle. Changes are gathered: one cell repaints its own
+// rectangle; size and visibility are shown once, behind the event that changed them.
+#pragma once
+
+#include <QBasicTimer>
+#include <QPoint>
+#include <QTableView>
+#include <optional>
+
+#include "platform/grid.h"
+
+class GridModel;
+
+class GridView : public QTableView {
+ public:
+  explicit GridView(Grid& record, QWidget* parent = nullptr);
+  ~GridView() override;
+
+  // Scrolls with another grid, so that the cells stay over (beside) its columns (rows).
+  void followColumnsOf(GridView* leader);
+  void followRowsOf(GridView* leader);
+  // Shows at once what waits for the end of the event.
+  void applyChanges();
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+  // Selects all data cells.
+  void selectAll() override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  void updateGeometries() override;
+
+ private:
+  // A cell of the record, headers counted.
+  struct Cell {
+    int row;
+    int column;
+  };
+
+  // Set-up, observing and sizes: grid_view.cpp
+  void setUpHeader(QHeaderView* header);
+  void observe(const Change& change);
+  void schedule();
+  void showShape();
+  void showValues();
+  void showCurrentCell();
+  void updateCell(int row, int column);
+  void updateAll();
+  QSize contentSize() const;
+  void noteBars();
+  void paintSelection(QPainter& painter) const;
+
+  // Keys and mouse: grid_view_input.cpp
+  int lastRow() const { return record_.rows() - 1; }
+  int lastColumn() const { return record_.columns() - 1; }
+  std::optional<Cell> cellAt(QPoint point) const;
+  Cell nearestCell(QPoint point) const;
+  void select(Cell anchor, Cell corner);
+  void extendTo(Cell corner);
+  void showCell(Cell cell);
+  void pressCell(Cell cell, bool extend);
+  void pressSection(Qt::Orientation orientation, int section);
+  void enterSection(Qt::Orientation orientation, int section);
+  void selectSections(Qt::Orientation orientation, int from, int to);
+  bool moveByKey(const QKeyEvent& event);
+  bool editByKey(const QKeyEvent& event);
+  bool typeKey(const QKeyEvent& event);
+  void dragTo(QPoint point);
+  void openMenuAt(QPoint point);
+
+  Grid& record_;
+  GridModel* model_;
+  bool visible_ = true;
+  bool scheduled_ = false;
+  bool shapeChanged_ = false;
+  bool needsBarBelow_ = false;
+  bool needsBarBeside_ = false;
+  std::optional<QPoint> dragPoint_;
+  QBasicTimer dragTimer_;
+  GridView* columnsLeader_ = nullptr;
+  GridView* rowsLeader_ = nullptr;
+};

@@ -1,0 +1,165 @@
+#include "frontend/qt/qt_desktop.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCursor>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMimeData>
+#include <QProcess>
+#include <QSettings>
+#include <QUrl>
+#include <QWidget>
+#include <array>
+
+#include "frontend/qt/bind_menu.h"
+#include "frontend/qt/sound.h"
+#include "frontend/qt/text.h"
+#include "frontend/qt/windows/windows.h"
+#include "platform/window.h"
+
+namespace {
+
+#ifdef Q_OS_WIN
+constexpr std::array calculators{"calc"};
+#else
+constexpr std::array calculators{"gnome-calculator", "kcalc", "galculator", "mate-calc", "xcalc"};
+#endif
+
+QSettings openStore() { return QSettings(QStringLiteral("ZELKOVA"), QStringLiteral("ZELKOVA")); }
+
+QString storeKey(const std::string& section, const std::string& key) {
+  return shown(section) + QLatin1Char('/') + shown(key);
+}
+
+bool written(QSettings& store) {
+  store.sync();
+  return store.status() == QSettings::NoError;
+}
+
+// In the middle of the other window, as far as the screen allows.
+void centre(QWidget* widget, const QWidget* other) {
+  if (!other) return;
+  widget->adjustSize();
+  const QRect frame = other->frameGeometry();
+  widget->move(frame.center() - QPoint(widget->width() / 2, widget->height() / 2));
+}
+
+}  // namespace
+
+QtDesktop::~QtDesktop() {
+  for (const auto& widget : windows_) delete widget.data();
+}
+
+void QtDesktop::setClipboardText(const std::string& text) {
+  QGuiApplication::clipboard()->setText(shown(text));
+}
+
+std::optional<std::string> QtDesktop::clipboardText() {
+  const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+  if (!data || !data->hasText()) return std::nullopt;
+  return stored(data->text());
+}
+
+std::string QtDesktop::storedValue(const std::string& section, const std::string& key) {
+  return stored(openStore().value(storeKey(section, key)).toString());
+}
+
+bool QtDesktop::storeValue(const std::string& section, const std::string& key,
+                           const std::string& value) {
+  QSettings store = openStore();
+  store.setValue(storeKey(section, key), shown(value));
+  return written(store);
+}
+
+bool QtDesktop::deleteSection(const std::string& section) {
+  QSettings store = openStore();
+  store.remove(shown(section));
+  return written(store);
+}
+
+std::vector<std::pair<std::string, std::string>> QtDesktop::storedSection(
+    const std::string& section) {
+  QSettings store = openStore();
+  store.beginGroup(shown(section));
+  std::vector<std::pair<std::string, std::string>> rows;
+  for (const QString& key : store.childKeys()) {
+    rows.emplace_back(stored(key), stored(store.value(key).toString()));
+  }
+  return rows;
+}
+
+void QtDesktop::playSound(const std::string& path, SoundMode mode) {
+  startSound(path, mode == SoundMode::looping);
+}
+
+void QtDesktop::stopSound() { endSound(); }
+
+bool QtDesktop::startProgram(const std::string& path) {
+  const QFileInfo program(shown(path));
+  return program.isFile() && program.isExecutable() &&
+         QProcess::startDetached(program.absoluteFilePath(), {});
+}
+
+bool QtDesktop::startCalculator() {
+  for (const char* calculator : calculators) {
+    if (QProcess::startDetached(QString::fromLatin1(calculator), {})) return true;
+  }
+  return false;
+}
+
+bool QtDesktop::openAddress(const std::string& address) {
+  return QDesktopServices::openUrl(QUrl::fromUserInput(shown(address)));
+}
+
+void QtDesktop::setBusyPointer(bool on) {
+  if (on == busy_) return;
+  busy_ = on;
+  if (on) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QGuiApplication::restoreOverrideCursor();
+  }
+}
+
+QWidget* QtDesktop::widgetOf(Window& window) {
+  QPointer<QWidget>& widget = windows_[&window];
+  if (!widget) widget = makeWindow(window);
+  return widget;
+}
+
+void QtDesktop::showWindow(Window& window) {
+  QWidget* const widget = widgetOf(window);
+  if (!widget) return;
+  if (!widget->isVisible() && window.centredOn()) {
+    centre(widget, windows_.value(window.centredOn()));
+  }
+  widget->show();
+  widget->raise();
+  widget->activateWindow();
+}
+
+void QtDesktop::hideWindow(Window& window) {
+  QWidget* const widget = windows_.value(&window);
+  if (!widget) return;
+  widget->hide();
+  if (QWidget* const below = widget->parentWidget()) below->activateWindow();
+}
+
+void QtDesktop::bringToFront(Window& window) {
+  QWidget* const widget = windows_.value(&window);
+  if (!widget) return;
+  widget->raise();
+  widget->activateWindow();
+}
+
+void QtDesktop::popUpMenu(MenuItem& menu) {
+  QWidget* const owner = windows_.value(&menu.window());
+  menuOf(menu, owner)->popup(QCursor::pos());
+}
+
+void QtDesktop::quit() {
+  over_ = true;
+  QCoreApplication::quit();
+}

@@ -1,0 +1,58 @@
+// The program's surroundings as the toolkit gives them.
+#pragma once
+
+#include <QHash>
+#include <QPointer>
+#include <QString>
+
+#include "platform/desktop.h"
+
+class QWidget;
+
+class QtDesktop : public Desktop {
+ public:
+  QtDesktop() = default;
+  ~QtDesktop() override;
+  QtDesktop(const QtDesktop&) = delete;
+  QtDesktop& operator=(const QtDesktop&) = delete;
+
+  // True after `quit`, also when it came before the event loop.
+  bool over() const { return over_; }
+
+  void setClipboardText(const std::string& text) override;
+  std::optional<std::string> clipboardText() override;
+
+  std::string storedValue(const std::string& section, const std::string& key) override;
+  bool storeValue(const std::string& section, const std::string& key,
+                  const std::string& value) override;
+  bool deleteSection(const std::string& section) override;
+  std::vector<std::pair<std::string, std::string>> storedSection(
+      const std::string& section) override;
+
+  void playSound(const std::string& path, SoundMode mode) override;
+  void stopSound() override;
+  bool startProgram(const std::string& path) override;
+  bool startCalculator() override;
+  bool openAddress(const std::string& address) override;
+
+  void setBusyPointer(bool on) override;
+  void showWindow(Window& window) override;
+  void hideWindow(Window& window) override;
+  void bringToFront(Window& window) override;
+  void popUpMenu(MenuItem& menu) override;
+  void quit() override;
+
+ protected:
+  BoxAnswer doShowBox(const MessageBox& box) override;
+  std::string doAskText(const TextPrompt& prompt) override;
+  std::optional<ChosenFile> doChooseFileToOpen(const FileDialog& dialog) override;
+  std::optional<ChosenFile> doChooseFileToSave(const FileDialog& dialog) override;
+  std::string doChooseFolder(const std::string& title) override;
+
+ private:
+  QWidget* widgetOf(Window& window);
+  // A window once made is kept, and shown again at its next opening.
+  QHash<const Window*, QPointer<QWidget>> windows_;
+  bool busy_ = false;
+  bool over_ = false;
+};

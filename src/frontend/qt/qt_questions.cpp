@@ -1,0 +1,182 @@
+// What the desktop asks the user: message boxes, text prompt, file dialogs, folder chooser.
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "core/wording.h"
+#include "frontend/qt/qt_desktop.h"
+#include "frontend/qt/text.h"
+
+namespace {
+
+constexpr Wording okCaption{"OK", "OK"};
+constexpr Wording cancelCaption{"キャンセル", "Cancel"};
+constexpr Wording yesCaption{"はい", "Yes"};
+constexpr Wording noCaption{"いいえ", "No"};
+
+struct AnswerButton {
+  BoxAnswer answer;
+  QMessageBox::StandardButton button;
+  Wording caption;
+};
+
+constexpr AnswerButton answerButtons[] = {
+    {BoxAnswer::ok, QMessageBox::Ok, okCaption},
+    {BoxAnswer::cancel, QMessageBox::Cancel, cancelCaption},
+    {BoxAnswer::yes, QMessageBox::Yes, yesCaption},
+    {BoxAnswer::no, QMessageBox::No, noCaption},
+};
+
+QMessageBox::Icon iconOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::information:
+      return QMessageBox::Information;
+    case BoxIcon::question:
+      return QMessageBox::Question;
+    case BoxIcon::critical:
+      return QMessageBox::Critical;
+    case BoxIcon::none:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::okCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case BoxButtons::yesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case BoxButtons::ok:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+// "Bin Image (*.bin)|*.bin": what the user sees, a bar, the patterns with ";" between them.
+struct Filter {
+  QString shownAs;
+  QStringList patterns;
+};
+
+QList<Filter> filtersOf(const std::string& text) {
+  const QStringList parts = shown(text).split(QLatin1Char('|'));
+  QList<Filter> filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    filters.append({parts[i], parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts)});
+  }
+  return filters;
+}
+
+// The toolkit takes the patterns from the last brackets, so they are put there.
+QString nameFilter(const Filter& filter) {
+  const QString patterns =
+      QLatin1Char('(') + filter.patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+  if (filter.shownAs.endsWith(patterns)) return filter.shownAs;
+  return filter.shownAs + QLatin1Char(' ') + patterns;
+}
+
+QString defaultSuffix(const QList<Filter>& filters) {
+  if (filters.isEmpty() || filters.first().patterns.isEmpty()) return {};
+  const QString suffix = QFileInfo(filters.first().patterns.first()).suffix();
+  return suffix.contains(QLatin1Char('*')) ? QString() : suffix;
+}
+
+void nameParts(QFileDialog& box, QFileDialog::AcceptMode mode) {
+  const auto text = [](const char* japanese, const char* english) {
+    return shown(worded({japanese, english}));
+  };
+  const bool opening = mode == QFileDialog::AcceptOpen;
+  box.setLabelText(QFileDialog::LookIn, text("場所:", "Look in:"));
+  box.setLabelText(QFileDialog::FileName, text("ファイル名:", "File name:"));
+  box.setLabelText(QFileDialog::FileType, text("ファイルの種類:", "Files of type:"));
+  box.setLabelText(QFileDialog::Accept, opening ? text("開く", "Open") : text("保存", "Save"));
+  box.setLabelText(QFileDialog::Reject, text("キャンセル", "Cancel"));
+}
+
+std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::AcceptMode mode) {
+  const bool opening = mode == QFileDialog::AcceptOpen;
+  QFileDialog box(QApplication::activeWindow(), shown(dialog.title));
+  box.setOption(QFileDialog::DontUseNativeDialog);
+  box.setOption(QFileDialog::DontConfirmOverwrite);
+  box.setAcceptMode(mode);
+  box.setFileMode(opening ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  const QList<Filter> filters = filtersOf(dialog.filter);
+  QStringList names;
+  for (const Filter& filter : filters) names << nameFilter(filter);
+  if (!names.isEmpty()) box.setNameFilters(names);
+  if (!opening) box.setDefaultSuffix(defaultSuffix(filters));
+  nameParts(box, mode);
+  if (!dialog.folder.empty()) box.setDirectory(shown(dialog.folder));
+  if (!dialog.fileName.empty()) box.selectFile(shown(dialog.fileName));
+  if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return std::nullopt;
+  const QString path = QDir::toNativeSeparators(box.selectedFiles().constFirst());
+  return ChosenFile{stored(path), stored(QFileInfo(path).fileName())};
+}
+
+}  // namespace
+
+BoxAnswer QtDesktop::doShowBox(const MessageBox& box) {
+  QMessageBox window(iconOf(box.icon), shown(box.title), shown(box.text), buttonsOf(box.buttons),
+                     QApplication::activeWindow());
+  window.setTextFormat(Qt::PlainText);
+  window.setWindowModality(Qt::ApplicationModal);
+  for (const AnswerButton& each : answerButtons) {
+    if (auto* const button = window.button(each.button)) {
+      button->setText(shown(worded(each.caption)));
+    }
+  }
+  if (box.buttons == BoxButtons::yesNo) window.setEscapeButton(QMessageBox::No);
+  const int pressed = window.exec();
+  for (const AnswerButton& each : answerButtons) {
+    if (each.button == pressed) return each.answer;
+  }
+  return BoxAnswer::cancel;
+}
+
+std::string QtDesktop::doAskText(const TextPrompt& prompt) {
+  QDialog window(QApplication::activeWindow());
+  window.setWindowTitle(shown(prompt.title));
+  auto* const text = new QLabel(shown(prompt.text));
+  text->setTextFormat(Qt::PlainText);
+  auto* const entry = new QLineEdit(shown(prompt.answer));
+  entry->selectAll();
+  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+  buttons->button(QDialogButtonBox::Ok)->setText(shown(worded(okCaption)));
+  buttons->button(QDialogButtonBox::Cancel)->setText(shown(worded(cancelCaption)));
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &window, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &window, &QDialog::reject);
+  auto* const rows = new QVBoxLayout(&window);
+  for (QWidget* widget : std::initializer_list<QWidget*>{text, entry, buttons}) {
+    rows->addWidget(widget);
+  }
+  entry->setFocus();
+  return window.exec() == QDialog::Accepted ? stored(entry->text()) : std::string();
+}
+
+std::optional<ChosenFile> QtDesktop::doChooseFileToOpen(const FileDialog& dialog) {
+  return chooseFile(dialog, QFileDialog::AcceptOpen);
+}
+
+std::optional<ChosenFile> QtDesktop::doChooseFileToSave(const FileDialog& dialog) {
+  return chooseFile(dialog, QFileDialog::AcceptSave);
+}
+
+std::string QtDesktop::doChooseFolder(const std::string& title) {
+  QFileDialog box(QApplication::activeWindow(), shown(title));
+  box.setOption(QFileDialog::DontUseNativeDialog);
+  box.setOption(QFileDialog::ShowDirsOnly);
+  box.setFileMode(QFileDialog::Directory);
+  nameParts(box, QFileDialog::AcceptOpen);
+  if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
+  return stored(QDir::toNativeSeparators(box.selectedFiles().constFirst()));
+}

@@ -1,0 +1,194 @@
+#include "frontend/qt/windows/form1_panels.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+
+#include "core/form1.h"
+#include "frontend/qt/bind_controls.h"
+#include "frontend/qt/canvas_view.h"
+#include "frontend/qt/grid_view.h"
+#include "frontend/qt/look.h"
+
+namespace {
+
+constexpr int airflowTab = 5;
+constexpr int globalTab = 14;
+constexpr int boxWidth = 96;
+
+// The scales beside a map: load above it, engine speed at its side under a heading.
+struct Scales {
+  int tab;
+  Grid Form1::*load;
+  Grid Form1::*speed;
+  Label Form1::*heading;
+};
+
+constexpr Scales scalesOfTabs[] = {
+    {1, &Form1::TP_FUEL, &Form1::RPM_FUEL, &Form1::Label15},
+    {2, &Form1::TP_FIRE, &Form1::RPM_FIRE, &Form1::Label16},
+};
+
+// A cell of a map's parameters: label, box and, where it has one, unit.
+struct Row {
+  Label Form1::*label;
+  TextBox Form1::*box;
+  Label Form1::*unit;
+};
+
+using F = Form1;
+constexpr Row hexRows[] = {
+    {&F::Label3, &F::Text1, nullptr},    {&F::Label4, &F::Text2, nullptr},
+    {&F::Label5, &F::Text3, nullptr},    {&F::addText1, &F::Text12, nullptr},
+    {&F::addText2, &F::Text13, nullptr}, {&F::addText3, &F::Text14, nullptr},
+};
+constexpr Row speedRows[] = {
+    {&F::Label6, &F::Text4, &F::Label30},
+    {&F::Label7, &F::Text5, &F::Label31},
+    {&F::Label24, &F::Text10, &F::Label32},
+    {&F::Label25, &F::Text11, &F::Label33},
+};
+constexpr Row roadRows[] = {
+    {&F::Label8, &F::Text6, &F::Label26},
+    {&F::Label9, &F::Text7, &F::Label27},
+    {&F::Label10, &F::Text8, &F::Label28},
+    {&F::Label23, &F::Text9, &F::Label29},
+};
+
+struct SmallGrid {
+  Label Form1::*label;
+  Grid Form1::*grid;
+};
+constexpr SmallGrid smallGrids[] = {
+    {&F::Label11, &F::Grid6},
+    {&F::Label12, &F::Grid7},
+    {&F::Label2, &F::Grid8},
+    {&F::Label18, &F::Grid9},
+};
+
+QLabel* labelFor(Label& record) {
+  auto* const label = new QLabel;
+  bind(label, record);
+  return label;
+}
+
+// The rest of the panel stays empty to the right and below.
+void keepToTheCorner(QGridLayout* cells) {
+  cells->setRowStretch(cells->rowCount(), 1);
+  cells->setColumnStretch(cells->columnCount(), 1);
+}
+
+void addMap(QGridLayout* cells, Grid& map) { cells->addWidget(new GridView(map), 0, 0); }
+
+// Each scale cell stands over the map's column or beside the map's row that it belongs to.
+void addMapWithScales(QGridLayout* cells, Grid& map, const Scales& scales) {
+  Form1& form = form1();
+  auto* const load = new GridView(form.*scales.load);
+  auto* const speed = new GridView(form.*scales.speed);
+  auto* const view = new GridView(map);
+  load->followColumnsOf(view);
+  speed->followRowsOf(view);
+  auto* const heading = labelFor(form.*scales.heading);
+  heading->setFont(gridFont());
+  heading->setAlignment(Qt::AlignCenter);
+  heading->setFixedHeight(pixels(map.rowHeight(0)));
+  auto* const side = new QVBoxLayout;
+  side->setSpacing(0);
+  side->addWidget(heading);
+  side->addWidget(speed);
+  side->addStretch();
+  cells->addWidget(load, 0, 1);
+  cells->addLayout(side, 1, 0);
+  cells->addWidget(view, 1, 1);
+}
+
+void addAirflow(QGridLayout* cells, Grid& map) {
+  Form1& form = form1();
+  addMap(cells, map);
+  auto* const picture = new CanvasView(form.Picture2);
+  picture->setFocusPolicy(Qt::NoFocus);
+  labelOn(picture, form.Label14, 32, 48);
+  labelOn(picture, form.Label21, 30, 6);
+  labelOn(picture, form.Label17, 32, 8);
+  cells->addWidget(picture, 1, 0);
+}
+
+template <std::size_t size>
+QWidget* makeParameters(const Row (&rows)[size], Label* note) {
+  Form1& form = form1();
+  auto* const group = new QGroupBox;
+  auto* const cells = new QGridLayout(group);
+  if (note) cells->addWidget(labelFor(*note), 0, 0, 1, 3);
+  for (const Row& row : rows) {
+    const int line = cells->rowCount();
+    auto* const box = new QLineEdit;
+    box->setFixedWidth(boxWidth);
+    bind(box, form.*row.box);
+    cells->addWidget(labelFor(form.*row.label), line, 0);
+    cells->addWidget(box, line, 1);
+    if (row.unit) cells->addWidget(labelFor(form.*row.unit), line, 2);
+  }
+  keepToTheCorner(cells);
+  return group;
+}
+
+QLayout* makeSmallGrids() {
+  Form1& form = form1();
+  auto* const cells = new QGridLayout;
+  int count = 0;
+  for (const SmallGrid& each : smallGrids) {
+    auto* const column = new QVBoxLayout;
+    column->setSpacing(3);
+    column->addWidget(labelFor(form.*each.label));
+    column->addWidget(new GridView(form.*each.grid));
+    column->addStretch();
+    cells->addLayout(column, count / 2, count % 2);
+    ++count;
+  }
+  cells->setColumnStretch(2, 1);
+  return cells;
+}
+
+void addGlobals(QGridLayout* cells) {
+  auto* const content = new QWidget;
+  auto* const parameters = new QHBoxLayout;
+  parameters->addWidget(makeParameters(hexRows, &form1().Label22));
+  parameters->addWidget(makeParameters(speedRows, nullptr));
+  parameters->addWidget(makeParameters(roadRows, nullptr));
+  parameters->addStretch();
+  auto* const rows = new QVBoxLayout(content);
+  rows->addLayout(parameters);
+  rows->addLayout(makeSmallGrids());
+  rows->addStretch();
+  auto* const scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setWidget(content);
+  cells->addWidget(scroll, 0, 0);
+}
+
+void fillPanel(QGridLayout* cells, int tab) {
+  Grid& map = gridOf(*mapKindOfTab(tab));
+  for (const Scales& scales : scalesOfTabs) {
+    if (scales.tab == tab) return addMapWithScales(cells, map, scales);
+  }
+  tab == airflowTab ? addAirflow(cells, map) : addMap(cells, map);
+}
+
+}  // namespace
+
+QWidget* makePanel(int tab) {
+  Form1& form = form1();
+  auto* const panel = new QGroupBox;
+  auto* const cells = new QGridLayout(panel);
+  bind(panel, tab == globalTab ? form.Frame7 : form.*mapKindOfTab(tab)->frame);
+  if (tab == globalTab) {
+    addGlobals(cells);
+  } else {
+    fillPanel(cells, tab);
+    keepToTheCorner(cells);
+  }
+  return panel;
+}

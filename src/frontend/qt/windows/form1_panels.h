@@ -1,0 +1,7 @@
+// The panels of the main window's tabs.
+#pragma once
+
+class QWidget;
+
+// Makes the panel of tab 1 to 14.
+QWidget* makePanel(int tab);

@@ -1,0 +1,113 @@
+// The main window: model and status above, the tabs with their panels, the operation under way and
+// the progress bar below. A panel is made when its tab first comes to the front.
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTabBar>
+#include <array>
+
+#include "core/form1.h"
+#include "frontend/qt/bind_controls.h"
+#include "frontend/qt/bind_menu.h"
+#include "frontend/qt/bind_window.h"
+#include "frontend/qt/look.h"
+#include "frontend/qt/windows/form1_panels.h"
+
+QWidget* makeForm1Window();
+
+namespace {
+
+constexpr QSize openingSize(1100, 700);
+constexpr QSize smallestSize(640, 420);
+constexpr int progressWidth = 220;
+
+QLabel* labelFor(Label& record) {
+  auto* const label = new QLabel;
+  bind(label, record);
+  return label;
+}
+
+QLayout* makeHeadline(Form1& form) {
+  auto* const model = labelFor(form.Label1);
+  model->setFont(headlineFont());
+  auto* const engine = new QHBoxLayout;
+  engine->addStretch();
+  engine->addWidget(labelFor(form.Label37));
+  engine->addWidget(labelFor(form.Label34));
+  auto* const files = new QHBoxLayout;
+  files->setSpacing(24);
+  files->addStretch();
+  files->addWidget(labelFor(form.Label35));
+  files->addWidget(labelFor(form.Label20));
+  auto* const right = new QVBoxLayout;
+  right->setSpacing(2);
+  right->addLayout(engine);
+  right->addLayout(files);
+  auto* const line = new QHBoxLayout;
+  line->addWidget(model, 1);
+  line->addLayout(right);
+  return line;
+}
+
+QTabBar* makeTabs(Form1& form) {
+  auto* const tabs = new QTabBar;
+  tabs->setObjectName(QStringLiteral("TabStrip1"));
+  tabs->setFont(tabFont());
+  tabs->setElideMode(Qt::ElideNone);
+  tabs->setUsesScrollButtons(true);
+  tabs->setExpanding(false);
+  tabs->setDocumentMode(true);
+  tabs->setDrawBase(true);
+  bind(tabs, form.TabStrip1);
+  return tabs;
+}
+
+// Shows the record's front panel, which is made first if this is its first time.
+void showFrontPanel(QStackedWidget* stack, const Form1& form) {
+  const QString name = QString::number(form.frontPanel());
+  auto* panel = stack->findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
+  if (!panel) {
+    panel = makePanel(form.frontPanel());
+    panel->setObjectName(name);
+    stack->addWidget(panel);
+  }
+  stack->setCurrentWidget(panel);
+}
+
+QStatusBar* makeStatusBar(Form1& form) {
+  auto* const progress = new QProgressBar;
+  progress->setFixedWidth(progressWidth);
+  progress->setTextVisible(false);
+  bind(progress, form.ProgressBar1);
+  auto* const bar = new QStatusBar;
+  bar->addWidget(labelFor(form.Label13), 1);
+  bar->addPermanentWidget(progress);
+  return bar;
+}
+
+}  // namespace
+
+QWidget* makeForm1Window() {
+  Form1& form = form1();
+  auto* const window = new QMainWindow;
+  bind(window->menuBar(), form.menuBar);
+  auto* const stack = new QStackedWidget;
+  auto* const centre = new QWidget;
+  auto* const rows = new QVBoxLayout(centre);
+  rows->setContentsMargins(10, 8, 10, 4);
+  rows->addLayout(makeHeadline(form));
+  rows->addWidget(makeTabs(form));
+  rows->addWidget(stack, 1);
+  window->setCentralWidget(centre);
+  window->setStatusBar(makeStatusBar(form));
+  window->setMinimumSize(smallestSize);
+  window->resize(openingSize);
+  const auto showPanel = [stack, &form] { showFrontPanel(stack, form); };
+  showPanel();
+  bindWindow(window, form, showPanel);
+  return window;
+}
