@@ -1,0 +1,154 @@
+// Smoothing: the dialog, and the two passes over a selection in place.
+
+#include "editing/smoothing.h"
+
+#include "core/map_display.h"
+#include "map_tools_bed.h"
+
+namespace {
+
+class Smoothing : public MapToolsTest {
+ protected:
+  void apply(const std::string& threshold) {
+    pick("smooth");
+    enter(form10.Text1, threshold);
+    form10.userEnter();
+  }
+};
+
+TEST_F(Smoothing, DialogTellsItselfAndEscapeDoesNotCloseIt) {
+  loadCar();
+  const std::vector<std::string> captions[] = {
+      {"スムージング", "しきい値", "しきい値より大きい値は変更されません。"},
+      {"Smooth", "Marginal value", "A more large value aren't changed than a value."}};
+  for (const int english : {0, 1}) {
+    editorState.english = english;
+    pick("smooth");
+    EXPECT_EQ((std::vector{form10.caption(), form10.Label1.caption(), form10.Label2.caption()}),
+              captions[english]);
+    EXPECT_EQ(form10.Text1.text(), "120");
+    form10.Text1.userType("-1.5x7");
+    EXPECT_EQ(form10.Text1.text(), "157");
+    form10.userEscape();
+    EXPECT_TRUE(form10.loaded());
+    form10.userClose();
+    EXPECT_TRUE(!form10.loaded() && form1().enabled());
+  }
+}
+
+TEST_F(Smoothing, WorkedExamples) {
+  loadCar();
+  struct Row {
+    const char* threshold;
+    Matrix cells;
+    Matrix expected;
+  };
+  const Row table[] = {
+      // The middle of the top row and the middle of the left column only.
+      {"120", {{10, 99, 30}, {99, 99, 99}, {50, 99, 99}}, {{10, 20, 30}, {30, 99, 99}, {50, 99, 99}}},
+      {"120", {{100, 200, 100}, {0, 9, 0}, {0, 9, 0}}, {{100, 100, 100}, {50, 9, 0}, {0, 9, 0}}},
+      {"120", {{3, 0, 4}, {9, 9, 9}, {2, 0, 0}}, {{3, 4, 4}, {2, 9, 9}, {2, 0, 0}}},
+      {"120", {{119, 7, 120}, {7, 7, 7}, {120, 7, 7}}, {{119, 7, 120}, {7, 7, 7}, {120, 7, 7}}},
+      {"", {{0, 7, 0}, {7, 7, 7}, {0, 7, 7}}, {{0, 7, 0}, {7, 7, 7}, {0, 7, 7}}},
+      {"99999999999",
+       {{600, 7, 601}, {7, 7, 7}, {-600, 7, 7}},
+       {{600, 255, 601}, {0, 7, 7}, {-600, 7, 7}}},
+      {"120", {{0, 50, 100, 7}, {1, 1, 1, 1}}, {{0, 50, 100, 7}, {1, 1, 1, 1}}},
+      {"120", {{0, 1}, {50, 1}, {100, 1}, {7, 1}}, {{0, 1}, {50, 1}, {100, 1}, {7, 1}}},
+  };
+  for (const Row& row : table) {
+    fill(form1().Grid1, Matrix(rows, std::vector<int>(columns, 5)));
+    fill(form1().Grid1, row.cells);
+    drag(form1().Grid1, static_cast<int>(row.cells.size()), static_cast<int>(row.cells[0].size()),
+         1, 1);
+    apply(row.threshold);
+    Matrix corner = numbers(form1().Grid1);
+    corner.resize(row.cells.size());
+    for (auto& line : corner) line.resize(row.cells[0].size());
+    EXPECT_EQ(corner, row.expected) << testing::PrintToString(row.cells);
+  }
+  EXPECT_TRUE(desk.boxes.empty());
+}
+
+int evenMean(int a, int b) {
+  const int sum = a + b;
+  return sum % 2 == 0 ? sum / 2 : (sum + 1) / 2 - (sum + 1) / 2 % 2;
+}
+
+// The rule for one pass, on a matrix whose lines are what the pass runs along.
+void smoothLines(Matrix& cells, std::size_t firstLine, std::size_t firstCell, std::size_t lines,
+                 std::size_t cellsInLine, int threshold) {
+  for (std::size_t line = 0; line + 2 < lines; ++line) {
+    for (std::size_t i = 0; i + 2 < cellsInLine; ++i) {
+      auto& row = cells[firstLine + line];
+      const int a = row[firstCell + i];
+      const int b = row[firstCell + i + 2];
+      if (std::max(a, b) < threshold) row[firstCell + i + 1] = std::min(evenMean(a, b), 255);
+    }
+  }
+}
+
+Matrix turned(const Matrix& cells) {
+  Matrix result(cells[0].size(), std::vector<int>(cells.size()));
+  for (std::size_t r = 0; r < cells.size(); ++r) {
+    for (std::size_t c = 0; c < cells[r].size(); ++c) result[c][r] = cells[r][c];
+  }
+  return result;
+}
+
+TEST_F(Smoothing, PropertyAnyThresholdOverAnySelection) {
+  loadCar();
+  for (int trial = 0; trial < 400; ++trial) {
+    int tab = random(1, 13);
+    if (tab == airflowTab) tab = 1;
+    selectTab(tab);
+    Grid& grid = tabGrid(tab);
+    Matrix expected = scramble(grid, tab == 7 ? 510 : 255);
+    const GridBlock block = dragAtRandom(grid);
+    const int threshold = random(100, 550);
+    const auto top = static_cast<std::size_t>(block.top - 1);
+    const auto left = static_cast<std::size_t>(block.left - 1);
+    const auto high = static_cast<std::size_t>(block.rows());
+    const auto wide = static_cast<std::size_t>(block.columns());
+    smoothLines(expected, top, left, high, wide, threshold);
+    expected = turned(expected);
+    smoothLines(expected, left, top, wide, high, threshold);
+    expected = turned(expected);
+    ASSERT_LE(repaints(grid, [&] { apply(std::to_string(threshold)); }), 1);
+    ASSERT_EQ(numbers(grid), expected) << "trial " << trial;
+    ASSERT_EQ(grid.selection(), ordered(block));
+  }
+}
+
+TEST_F(Smoothing, PaintsByTheMean) {
+  loadCar();
+  fill(form1().Grid1, {{10, 0, 30}, {0, 0, 0}, {50, 0, 0}});
+  drag(form1().Grid1, 1, 1, 3, 3);
+  apply("120");
+  EXPECT_EQ(form1().Grid1.background(1, 2), cellColour(20));
+  EXPECT_EQ(form1().Grid1.background(2, 1), cellColour(30));
+}
+
+TEST_F(Smoothing, TabsWithoutAnEightBitMapAreRefusedOnlyAtOk) {
+  loadCar();
+  const Matrix airflow = numbers(form1().Grid5);
+  drag(form1().Grid5, 1, 1, 1, 16);
+  const char* const refusals[] = {"この画面で、スムージング機能は使用できません。",
+                                  "With this screen, smooth function can be useful."};
+  const char* const unknown[] = {"SMOOTH_DATA のパラメーターに例外がある。",
+                                 "There is an exception for a parameter of SMOOTH_DATA."};
+  for (const int english : {0, 1}) {
+    editorState.english = english;
+    for (const int tab : {airflowTab, globalTab, 0, 15}) {
+      editorState.currentTab = tab;
+      const std::size_t boxes = desk.boxes.size();
+      apply("120");
+      EXPECT_EQ(desk.boxes.size(), boxes + 1);
+      EXPECT_EQ(lastBox(), tab == 0 || tab == 15 ? unknown[english] : refusals[english]);
+      EXPECT_TRUE(form1().enabled() && !form10.loaded());
+    }
+  }
+  EXPECT_EQ(numbers(form1().Grid5), airflow);
+}
+
+}  // namespace
