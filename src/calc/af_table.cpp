@@ -24,9 +24,8 @@ float cellReal(const std::string& text) {
 }
 
 void showCell(Grid& grid, int row, int column, const std::string& text) {
-  const double bound = std::numeric_limits<std::int32_t>::max();
-  const auto shade = roundToLong(std::clamp(parseNumber(text), -bound, bound));
-  grid.setCell(row, column, formatFixed(airFuelRatio(cellReal(text)), 1), cellColour(shade));
+  grid.setCell(row, column, formatFixed(airFuelRatio(cellReal(text)), 1),
+               cellColour(cellNumber(text)));
 }
 
 }  // namespace

@@ -1,8 +1,5 @@
 #include "calc/engine_specification.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "calc/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
@@ -13,11 +10,6 @@
 Form2 form2;
 
 namespace {
-
-std::int32_t enteredNumber(const TextBox& box) {
-  constexpr double limit = std::numeric_limits<std::int32_t>::max();
-  return roundToLong(std::clamp(parseNumber(box.text()), -limit, limit));
-}
 
 struct Field {
   Label Form2::*label;
@@ -64,9 +56,9 @@ Form2::Form2() : Window("Form2") {
 }
 
 void Form2::takeOver() {
-  editorState.displacement = enteredNumber(Text1);
-  editorState.injectorSize = enteredNumber(Text2);
-  editorState.cylinders = enteredNumber(Text3);
+  editorState.displacement = cellNumber(Text1.text());
+  editorState.injectorSize = cellNumber(Text2.text());
+  editorState.cylinders = cellNumber(Text3.text());
   saveSettingsOrTell();
   recalculateBoost();
   showEngineSummary();

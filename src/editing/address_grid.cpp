@@ -127,7 +127,7 @@ void stepHexSelection(char32_t key) {
   onStepKeys(key, [&grid](int direction) {
     walkSelection(grid, [&](int row, int column) {
       const std::int32_t number = hexNumber(grid.text(row, column));
-      writeHexCell(grid, row, column, stepped(number, direction, byteLimit));
+      writeHexCell(grid, row, column, stepped(number, direction, 1, byteLimit));
     });
   });
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
 
 #include "core/editor_state.h"
@@ -14,7 +13,6 @@
 #include "platform/desktop.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
-#include "platform/utf8.h"
 
 namespace {
 
@@ -71,8 +69,8 @@ void stepSelection(Grid& grid, char32_t key) {
   const bool airflow = isAirflow(grid);
   onStepKeys(key, [&](int direction) {
     walkSelection(grid, [&](int row, int column) {
-      const std::int32_t value =
-          stepped(cellNumber(grid.text(row, column)), direction, airflow ? wordLimit : byteLimit);
+      const std::int32_t value = stepped(cellNumber(grid.text(row, column)), direction, 1,
+                                         airflow ? wordLimit : byteLimit);
       grid.setCell(row, column, decimalText(value), steppedColour(value, airflow));
     });
   });

@@ -33,12 +33,13 @@ void editScaleCell(const MapKind& kind) {
 
 void stepScaleSelection(const MapKind& kind, char32_t key) {
   Grid& grid = gridOf(kind);
-  const std::int64_t step = isTp(kind) ? 1 : editorState.addressMap.map(kind.id).scale;
+  const std::int32_t step = isTp(kind) ? 1 : editorState.addressMap.map(kind.id).scale;
   const std::int32_t limit = isTp(kind) ? byteLimit : rpmStepLimit;
   onStepKeys(key, [&](int direction) {
+    const GridPause pause(grid);
     walkSelection(grid, [&](int row, int column) {
       const std::int32_t value = cellNumber(grid.text(row, column));
-      grid.setText(row, column, decimalText(stepped(value, direction * step, limit)));
+      grid.setText(row, column, decimalText(stepped(value, direction, step, limit)));
     });
     if (isTp(kind)) recalculateBoost();
   });

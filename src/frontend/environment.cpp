@@ -43,8 +43,7 @@ const ToolTip toolTips[] = {
 };
 
 std::int32_t wholeNumber(const TextBox& box) {
-  constexpr double limit = std::numeric_limits<std::int32_t>::max();
-  return roundToLong(std::clamp(parseNumber(box.text()), -limit, limit));
+  return cellNumber(box.text());
 }
 
 float realNumber(const TextBox& box) {

@@ -119,7 +119,7 @@ void readHeights(Grid& grid, const std::string& caption) {
   std::size_t k = 0;
   for (int row = 1; row <= graphState.rows; ++row) {
     for (int column = 1; column <= graphState.columns; ++column, ++k) {
-      const std::int32_t value = roundClamped(parseNumber(grid.text(row, column)));
+      const std::int32_t value = cellNumber(grid.text(row, column));
       const bool flagged = value >= threshold;
       graphState.heights[at(column)][at(row)] = heightOf(value, flagged);
       graphState.fbFlags[k] = flagged ? 1 : 0;
@@ -153,7 +153,7 @@ std::int32_t maskOfBoxes() {
   return (DR_GRAPH.Check1.checked() ? 128 : 0) + (DR_GRAPH.Check2.checked() ? 64 : 0);
 }
 
-std::int32_t thresholdOfBox() { return roundClamped(parseNumber(DR_GRAPH.Text2.text())); }
+std::int32_t thresholdOfBox() { return cellNumber(DR_GRAPH.Text2.text()); }
 
 std::int32_t selectedMagnification() { return DR_GRAPH.List1.index() + 1; }
 

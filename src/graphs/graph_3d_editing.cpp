@@ -11,7 +11,6 @@
 #include "core/settings_file.h"
 #include "graphs/dr_graph.h"
 #include "graphs/graph_3d.h"
-#include "graphs/projection.h"
 #include "platform/canvas.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"

@@ -1,16 +1,12 @@
 #include "graphs/projection.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "platform/numbers.h"
 
 namespace {
 
 constexpr double baseline = 355;  // the y of row 0
-constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
 
 double shift(std::int32_t step, int cells, float ratio) {
   const double divisor = ratio == 0 || std::isnan(ratio) ? 1 : static_cast<double>(ratio);
@@ -18,14 +14,6 @@ double shift(std::int32_t step, int cells, float ratio) {
 }
 
 }  // namespace
-
-std::int32_t roundClamped(double value) {
-  return roundToLong(std::clamp<double>(value, lowest, highest));
-}
-
-std::int32_t clampTo32Bits(std::int64_t value) {
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, lowest, highest));
-}
 
 CanvasPoint groundPoint(const Projection& projection, int column, int row) {
   const double dx = shift(projection.stepX, column, projection.ratioX);

@@ -4,10 +4,6 @@
 
 #include <cstdint>
 
-// The nearest whole number, ties to even.
-std::int32_t roundClamped(double value);
-std::int32_t clampTo32Bits(std::int64_t value);
-
 // How the surface lies on the canvas. The steps are pixels per column and row before their ratio
 // divides them; a ratio of 0 counts as 1.
 struct Projection {

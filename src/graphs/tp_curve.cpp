@@ -9,7 +9,6 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/key_assignment.h"
-#include "graphs/projection.h"
 #include "graphs/tp_picture.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
@@ -154,7 +153,7 @@ void loadTpGraph(Grid& grid, std::int32_t columns, const std::string& caption) {
   {
     const GridPause pause(grid, GridPause::Hide::yes);
     for (int point = 1; point <= tpGraphState.pointCount; ++point) {
-      pointY(point) = tpPointY(roundClamped(parseNumber(grid.text(1, point))));
+      pointY(point) = tpPointY(cellNumber(grid.text(1, point)));
     }
   }
   startPicture();

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "graphs/projection.h"
+#include "platform/numbers.h"
 
 namespace {
 

@@ -10,6 +10,9 @@
 
 namespace {
 
+constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
@@ -134,6 +137,14 @@ std::int32_t roundToLong(double value) {
   return static_cast<std::int32_t>(rounded);
 }
 
+std::int32_t roundClamped(double value) {
+  return roundToLong(std::clamp<double>(value, lowest, highest));
+}
+
+std::int32_t clampTo32Bits(std::int64_t value) {
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, lowest, highest));
+}
+
 double parseNumber(std::string_view text) {
   // Cells are nearly always a few bare digits, and thousands of them are read at a time.
   if (!text.empty() && text.size() <= 9) {
@@ -147,6 +158,8 @@ double parseNumber(std::string_view text) {
   constexpr double largest = std::numeric_limits<double>::max();
   return std::clamp(realOf<double>(decimal), -largest, largest);
 }
+
+std::int32_t cellNumber(std::string_view text) { return roundClamped(parseNumber(text)); }
 
 std::int32_t parseLong(std::string_view text) {
   text = withoutBlanks(text);

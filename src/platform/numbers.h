@@ -10,12 +10,18 @@
 
 // Nearest whole number, ties to even. Throws Failure(overflow) outside 32 bits and for NaN.
 std::int32_t roundToLong(double value);
+// The same with the nearer end of 32 bits for what lies outside. `value` is a number.
+std::int32_t roundClamped(double value);
+std::int32_t clampTo32Bits(std::int64_t value);
 
 // The lenient reader: the number at the start of `text` after blanks, with optional sign, fraction
 // and exponent ("E" or "e", only when digits follow); what stands behind it is ignored. Nothing
 // numeric gives 0, never minus zero. A number too large gives the largest finite double of its
 // sign.
 double parseNumber(std::string_view text);
+
+// The lenient reader of whole numbers in cells and boxes: parseNumber, roundClamped.
+std::int32_t cellNumber(std::string_view text);
 
 // The strict reader of whole numbers: blanks around, then a decimal number with optional sign,
 // fraction and exponent, rounded as by roundToLong; or "&H" with 1 to 8 hexadecimal digits, taken
