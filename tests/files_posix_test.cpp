@@ -227,6 +227,18 @@ TEST(SpecialFiles, PipesAndDevicesAreRefusedWithoutWaiting) {
   EXPECT_EQ(folder.count(), 1U);
 }
 
+TEST(SpecialFiles, APipeThatTakesTheNameMeanwhileIsNotWaitedFor) {
+  const ScratchFolder folder;
+  const std::string path = folder / "file";
+  replaceFile(path, {});
+  atThatCall = [&] { return fs::remove(path) && mkfifo(path.c_str(), S_IRWXU) == 0 ? 0 : EIO; };
+  callsLeft = 0;
+  alarm(10);  // ends the test if it waits after all
+  EXPECT_EQ(trapFailure([&] { readFile(path); }), pathFileAccess);
+  alarm(0);
+  EXPECT_TRUE(fs::is_fifo(path));
+}
+
 constexpr uid_t nobody = 65534;
 
 // An ordinary user's view: what the superuser may do anyway is refused there.
