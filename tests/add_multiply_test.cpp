@@ -73,8 +73,7 @@ TEST_F(AddMultiply, DialogsTellThemselvesInBothLanguages) {
 
 TEST_F(AddMultiply, KeysAreFilteredAndEachOpeningStartsAnew) {
   loadCar();
-  for (const auto& [command, typed] :
-       {std::pair{"add_dec", "-115"}, std::pair{"kakeru", "1.15"}}) {
+  for (const auto& [command, typed] : {std::pair{"add_dec", "-115"}, std::pair{"kakeru", "1.15"}}) {
     BulkChangeDialog& dialog = dialogOf(command);
     for (int opening = 0; opening < 2; ++opening) {
       pick(command);
@@ -94,10 +93,9 @@ TEST_F(AddMultiply, KeysAreFilteredAndEachOpeningStartsAnew) {
 TEST_F(AddMultiply, RefusesBadEntriesAndStaysOpen) {
   loadCar();
   const Matrix before = numbers(form1().Grid1);
-  const std::pair<const char*, const char*> table[] = {{"", "5"},      {"110", ""},
-                                                       {"65537", "5"}, {"-1", "5"},
-                                                       {"110", "-256"}, {"65536.5", "1"},
-                                                       {"1e99", "1"},  {"110", "-1e400"}};
+  const std::pair<const char*, const char*> table[] = {
+      {"", "5"},       {"110", ""},      {"65537", "5"}, {"-1", "5"},
+      {"110", "-256"}, {"65536.5", "1"}, {"1e99", "1"},  {"110", "-1e400"}};
   for (const char* command : {"add_dec", "kakeru"}) {
     BulkChangeDialog& dialog = dialogOf(command);
     for (const auto& [threshold, by] : table) {
@@ -124,41 +122,43 @@ TEST_F(AddMultiply, WorkedExamples) {
     const char* cell;
     const char* expected;
   };
-  const Row table[] = {
-      {"add_dec", 1, "110", "5", "109", "114"},
-      {"add_dec", 1, "110", "5", "110", "110"},
-      {"add_dec", 1, "110", "5", "111", "111"},
-      {"add_dec", 1, "110", "-5", "3", "0"},
-      {"add_dec", 1, "110", "-3", "4", "1"},
-      {"add_dec", 1, "110", "300", "10", "255"},
-      {"add_dec", 1, "256", "-255", "255", "0"},
-      {"add_dec", 1, "110", "2.5", "10", "12"},
-      {"add_dec", 1, "110", "-2.5", "10", "7"},
-      {"add_dec", 1, "110", "1e300", "10", "255"},
-      {"add_dec", 1, "110", "-", "10", "10"},
-      {"add_dec", 1, "0", "5", "0", "0"},
-      {"add_dec", 1, "65536", "5", "300", "255"},
-      {"add_dec", 1, "110", "5", "", "5"},
-      {"add_dec", 1, "110", "5", "-99999999999", "0"},
-      {"add_dec", 1, "110", "5", "99999999999", "99999999999"},
-      {"add_dec", 5, "110", "5", "110", "110"},
-      {"add_dec", 5, "65536", "5", "65535", "65535"},
-      {"add_dec", 5, "65536", "1", "65534", "65535"},
-      {"kakeru", 1, "110", "1.15", "100", "115"},
-      {"kakeru", 1, "110", "1.5", "100", "151"},
-      {"kakeru", 1, "110", "1", "109", "110"},
-      {"kakeru", 1, "110", "7", "0", "1"},
-      {"kakeru", 1, "110", "0", "109", "1"},
-      {"kakeru", 1, "210", "2", "200", "255"},
-      {"kakeru", 1, "110", "1.1.1", "100", "111"},
-      {"kakeru", 1, "110", "1e1", "5", "51"},
-      {"kakeru", 1, "110", "1e3", "1", "255"},
-      {"kakeru", 1, "110", "\xE2\x88\x92" "0", "100", "1"},
-      {"kakeru", 1, "110", "-0", "100", "1"},
-      {"kakeru", 1, "110", "-1", "100", "0"},
-      {"kakeru", 1, "110", "1e400", "0", "1"},
-      {"kakeru", 5, "65536", "2", "300", "601"},
-      {"kakeru", 5, "65536", "3.4e38", "1", "65535"}};
+  const Row table[] = {{"add_dec", 1, "110", "5", "109", "114"},
+                       {"add_dec", 1, "110", "5", "110", "110"},
+                       {"add_dec", 1, "110", "5", "111", "111"},
+                       {"add_dec", 1, "110", "-5", "3", "0"},
+                       {"add_dec", 1, "110", "-3", "4", "1"},
+                       {"add_dec", 1, "110", "300", "10", "255"},
+                       {"add_dec", 1, "256", "-255", "255", "0"},
+                       {"add_dec", 1, "110", "2.5", "10", "12"},
+                       {"add_dec", 1, "110", "-2.5", "10", "7"},
+                       {"add_dec", 1, "110", "1e300", "10", "255"},
+                       {"add_dec", 1, "110", "-", "10", "10"},
+                       {"add_dec", 1, "0", "5", "0", "0"},
+                       {"add_dec", 1, "65536", "5", "300", "255"},
+                       {"add_dec", 1, "110", "5", "", "5"},
+                       {"add_dec", 1, "110", "5", "-99999999999", "0"},
+                       {"add_dec", 1, "110", "5", "99999999999", "99999999999"},
+                       {"add_dec", 5, "110", "5", "110", "110"},
+                       {"add_dec", 5, "65536", "5", "65535", "65535"},
+                       {"add_dec", 5, "65536", "1", "65534", "65535"},
+                       {"kakeru", 1, "110", "1.15", "100", "115"},
+                       {"kakeru", 1, "110", "1.5", "100", "151"},
+                       {"kakeru", 1, "110", "1", "109", "110"},
+                       {"kakeru", 1, "110", "7", "0", "1"},
+                       {"kakeru", 1, "110", "0", "109", "1"},
+                       {"kakeru", 1, "210", "2", "200", "255"},
+                       {"kakeru", 1, "110", "1.1.1", "100", "111"},
+                       {"kakeru", 1, "110", "1e1", "5", "51"},
+                       {"kakeru", 1, "110", "1e3", "1", "255"},
+                       {"kakeru", 1, "110",
+                        "\xE2\x88\x92"
+                        "0",
+                        "100", "1"},
+                       {"kakeru", 1, "110", "-0", "100", "1"},
+                       {"kakeru", 1, "110", "-1", "100", "0"},
+                       {"kakeru", 1, "110", "1e400", "0", "1"},
+                       {"kakeru", 5, "65536", "2", "300", "601"},
+                       {"kakeru", 5, "65536", "3.4e38", "1", "65535"}};
   for (const Row& row : table) {
     selectTab(row.tab);
     Grid& grid = tabGrid(row.tab);
@@ -197,9 +197,7 @@ TEST_F(AddMultiply, PropertyAnyThresholdAndAmountOverAnySelection) {
       }
     }
     const std::string by = std::to_string(quarters / 4.0);
-    const auto command = [&] {
-      apply(adds ? "add_dec" : "kakeru", std::to_string(threshold), by);
-    };
+    const auto command = [&] { apply(adds ? "add_dec" : "kakeru", std::to_string(threshold), by); };
     ASSERT_EQ(repaints(grid, command), changes > 0 ? 1 : 0);
     ASSERT_EQ(numbers(grid), expected) << "trial " << trial << " by " << by;
     ASSERT_EQ(grid.selection(), dragged);

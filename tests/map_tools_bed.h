@@ -54,19 +54,21 @@ class MapToolsTest : public ProgramTest {
 
   static Grid& tabGrid(int tab) { return gridOf(*mapKindOfTab(tab)); }
 
+  // An empty cell counts as 0.
   static Matrix numbers(const Grid& grid) {
     Matrix cells;
     for (int r = 1; r < grid.rows(); ++r) {
       cells.emplace_back();
-      for (int c = 1; c < grid.columns(); ++c) cells.back().push_back(std::stoi(grid.text(r, c)));
+      for (int c = 1; c < grid.columns(); ++c) {
+        cells.back().push_back(grid.text(r, c).empty() ? 0 : std::stoi(grid.text(r, c)));
+      }
     }
     return cells;
   }
   static void fill(Grid& grid, const Matrix& cells) {
     for (std::size_t r = 0; r < cells.size(); ++r) {
       for (std::size_t c = 0; c < cells[r].size(); ++c) {
-        grid.setText(static_cast<int>(r) + 1, static_cast<int>(c) + 1,
-                     std::to_string(cells[r][c]));
+        grid.setText(static_cast<int>(r) + 1, static_cast<int>(c) + 1, std::to_string(cells[r][c]));
       }
     }
   }
@@ -114,4 +116,3 @@ inline GridSelection ordered(const GridBlock& block) {
 inline void PrintTo(const GridSelection& s, std::ostream* out) {
   *out << s.row << "," << s.column << " - " << s.rowSel << "," << s.columnSel;
 }
-

@@ -1,0 +1,273 @@
+// The address-designated editor: its two dialogs, editing in hexadecimal, and the way back into the
+// image.
+
+#include "core/map_display.h"
+#include "editing/address_dialog.h"
+#include "editing/address_grid.h"
+#include "map_tools_bed.h"
+
+namespace {
+
+class AddressEditor : public MapToolsTest {
+ protected:
+  void askFor(const std::string& start, const std::string& wide, const std::string& high) {
+    pick("ADR_EDIT");
+    enter(form13.Text1, start);
+    enter(form13.Text2, wide);
+    enter(form13.Text3, high);
+    form13.userEnter();
+  }
+  Grid& grid() { return form6.eGrid; }
+  static std::string hexText(int byte) {
+    const char* const digits = "0123456789ABCDEF";
+    return {digits[byte / 16], digits[byte % 16]};
+  }
+  void menu(const char* name) { form6.menuBar.find(name)->userPick(); }
+};
+
+TEST_F(AddressEditor, DialogsTellThemselvesInBothLanguages) {
+  loadCar();
+  const std::vector<std::string> captions[] = {
+      {"アドレス指定編集", "開始アドレス &H", "→ X軸", "↓ Ｙ軸", "開始アドレスは16進数で入力",
+       "何桁表示", "何段表示"},
+      {"Address designated editing", "Starting address. &H", "Horizontal", "Vertical",
+       "I input start addresses with HEX.", "Do you display it with any digits ?",
+       "Do you display it with any lines ?"}};
+  const std::vector<std::string> gridCaptions[] = {
+      {"アドレス指定編集", "編集", "コピー", "張り付け"},
+      {"Address designated editing", "Edit", "Copy", "Paste"}};
+  for (const int english : {0, 1}) {
+    editorState.english = english;
+    editorState.addressEditStart = 0x1C0;
+    pick("ADR_EDIT");
+    EXPECT_EQ((std::vector{form13.caption(), form13.Label1.caption(), form13.Label2.caption(),
+                           form13.Label3.caption(), form13.Text1.toolTip(), form13.Text2.toolTip(),
+                           form13.Text3.toolTip()}),
+              captions[english]);
+    EXPECT_EQ(form13.Text1.text() + " " + form13.Text2.text() + " " + form13.Text3.text(),
+              "1C0 16 16");
+    form13.userEnter();
+    EXPECT_EQ((std::vector{form6.caption(), form6.menuBar.find("edit_02")->caption(),
+                           form6.menuBar.find("e_cpy")->caption(),
+                           form6.menuBar.find("HSARITUKE")->caption()}),
+              gridCaptions[english]);
+    EXPECT_EQ(form6.Frame1.caption(), "TARGET &H01C0  X:16  Y:16");
+    EXPECT_TRUE(form6.topmost() && !form13.loaded() && !form1().enabled());
+    grid().userMouseDown(MouseButton::right);
+    EXPECT_EQ(desk.popUps.back()->name(), "edit_02");
+    form6.userClose();
+    EXPECT_TRUE(form1().enabled());
+  }
+}
+
+TEST_F(AddressEditor, StretchesAreAcceptedUpToTheImagesLastByte) {
+  loadCar(0x8000);
+  struct Row {
+    const char* start;
+    const char* wide;
+    const char* high;
+    bool accepted;
+    std::vector<int> stored;
+  };
+  const Row table[] = {{"7F00", "16", "16", true, {0x7F00, 16, 16}},
+                       {"7F00", "16", "17", false, {0x7F00, 16, 17}},
+                       {" 7f00 ", "16x", "1.6e1", true, {0x7F00, 16, 16}},
+                       {"0", "1", "32768", true, {0, 1, 32768}},
+                       {"0", "32768", "1", true, {0, 32768, 1}},
+                       {"0", "32769", "1", false, {0, 32769, 1}},
+                       {"7FFF", "1", "1", true, {0x7FFF, 1, 1}},
+                       {"8000", "1", "1", false, {0x8000, 1, 1}},
+                       {"", "16", "16", false, {0, 16, 16}},
+                       {"12G", "16", "16", false, {0x12, 16, 16}},
+                       {"-1", "16", "16", false, {0, 16, 16}},
+                       {"FFFFFFFFFF", "16", "16", false, {0x7FFFFFFF, 16, 16}},
+                       {"0", "0", "16", false, {0, 0, 16}},
+                       {"0", "16", "0", false, {0, 16, 0}},
+                       {"8000", "0", "0", false, {0x8000, 0, 0}},
+                       {"0", "-4", "-4", false, {0, -4, -4}},
+                       {"0", "65536", "65536", false, {0, 65536, 65536}},
+                       {"0", "99999999999", "99999999999", false, {0, 2147483647, 2147483647}},
+                       {"0", "", "x", false, {0, 0, 0}}};
+  for (const Row& row : table) {
+    askFor(row.start, row.wide, row.high);
+    EXPECT_EQ((std::vector{editorState.addressEditStart, editorState.addressEditColumns,
+                           editorState.addressEditRows}),
+              row.stored)
+        << row.start << " " << row.wide << " " << row.high;
+    EXPECT_EQ(form6.loaded(), row.accepted);
+    EXPECT_EQ(form13.loaded(), !row.accepted);
+    EXPECT_FALSE(form13.topmost());
+    if (row.accepted) {
+      form6.userEscape();
+      continue;
+    }
+    EXPECT_EQ(lastBox(), "An address value will exceed ROM DATA size.");
+    EXPECT_FALSE(form1().enabled());
+    editorState.english = 0;
+    form13.userEnter();
+    EXPECT_EQ(lastBox(), "アドレス値がROM DATAサイズを超えてしまいます。");
+    editorState.english = 1;
+    form13.userEscape();
+  }
+}
+
+TEST_F(AddressEditor, AnImageTooLargeForAGridIsRefused) {
+  loadCar(std::size_t{4} << 20);
+  askFor("0", "2048", "2048");
+  EXPECT_TRUE(form13.loaded());
+  enter(form13.Text2, "512");
+  enter(form13.Text3, "512");
+  form13.userEnter();
+  EXPECT_EQ(grid().text(512, 512), hexText(editorState.image[512 * 512 - 1]));
+}
+
+TEST_F(AddressEditor, ShowsTheStretchAsTheUserSeesTheImage) {
+  loadCar();
+  form1().Grid1.setText(2, 3, "171");  // 0x10A
+  askFor("102", "20", "3");
+  EXPECT_EQ(grid().rows(), 4);
+  EXPECT_EQ(grid().columns(), 21);
+  EXPECT_EQ(grid().text(0, 1) + grid().text(0, 16) + grid().text(0, 17), "+0+F+10");
+  EXPECT_EQ(grid().text(1, 0) + " " + grid().text(3, 0), "0102 012A");
+  EXPECT_EQ(grid().text(1, 9), "AB");
+  EXPECT_EQ(grid().background(1, 9), cellColour(0xAB));
+  for (int k = 0; k < 60; ++k) {
+    const int byte = editorState.image[static_cast<std::size_t>(0x102 + k)];
+    ASSERT_EQ(grid().text(1 + k / 20, 1 + k % 20), hexText(byte));
+  }
+  form6.userEscape();
+  EXPECT_EQ(editorState.image[0x10A], 171);  // the way in has written the grids back
+  EXPECT_NE(editorState.savedImage[0x10A], 171);
+  EXPECT_NE(readText("zelkova.ini").find("\r\n 258 \r\n 20 \r\n 3 \r\n"), std::string::npos);
+}
+
+TEST_F(AddressEditor, DoubleClickAsksInHexadecimal) {
+  loadCar();
+  askFor("102", "4", "4");
+  const std::pair<const char*, const char*> table[] = {
+      {"7F", "7F"},         {"1ff", "FF"}, {"0", "00"},        {"", "0A"},
+      {"zz", "00"},         {" 1c", "1C"}, {"-5", "00"},       {"5G9", "05"},
+      {"FFFFFFFFFF", "FF"}, {"  ", "00"},  {"00000000a", "0A"}};
+  for (const auto& [answer, expected] : table) {
+    grid().setText(2, 2, "0A");
+    drag(grid(), 2, 2, 3, 3);
+    desk.textAnswers = {answer};
+    desk.whileAsking = [] { EXPECT_FALSE(form6.topmost()); };
+    grid().userDoubleClick();
+    EXPECT_EQ(grid().text(2, 2), expected) << answer;
+    EXPECT_TRUE(form6.topmost() && grid().redraw());
+    EXPECT_EQ(grid().selection(), (GridSelection{2, 2, 3, 3}));
+  }
+  EXPECT_EQ(desk.prompts[0].title, "Data change");
+  EXPECT_EQ(desk.prompts[0].text, "Data?\r\n\r\nFor a size of data that I can set up, 00-FF");
+  EXPECT_EQ(desk.prompts[0].answer, "0A");
+  EXPECT_EQ(grid().background(2, 2), cellColour(10));
+  editorState.english = 0;
+  desk.textAnswers = {""};
+  grid().userDoubleClick();
+  EXPECT_EQ(desk.prompts.back().title, "データ変更");
+  EXPECT_EQ(desk.prompts.back().text, "データは？\r\n\r\n設定できるデータの大きさは、00-FF");
+}
+
+TEST_F(AddressEditor, PropertyKeysAndBlocksInsideTheGrid) {
+  loadCar();
+  for (int trial = 0; trial < 100; ++trial) {
+    const int wide = random(1, 30);
+    const int high = random(1, 30);
+    const int start = random(0, 0x1000 - wide * high);
+    char startText[9];
+    std::snprintf(startText, sizeof startText, "%x", static_cast<unsigned>(start));
+    askFor(startText, std::to_string(wide), std::to_string(high));
+    RomImage expected = editorState.image;
+    const auto byte = [&](int row, int column) -> std::uint8_t& {
+      return expected[static_cast<std::size_t>(start + (row - 1) * wide + column - 1)];
+    };
+    for (int step = 0; step < 5; ++step) {
+      const GridBlock stepped = dragAtRandom(grid());
+      const GridSelection dragged = grid().selection();
+      const bool plus = random(0, 1) == 0;
+      grid().userKey(plus ? U'+' : U'-');
+      for (int r = stepped.top; r <= stepped.bottom; ++r) {
+        for (int c = stepped.left; c <= stepped.right; ++c) {
+          std::uint8_t& cell = byte(r, c);
+          if (cell != (plus ? 255 : 0)) cell = static_cast<std::uint8_t>(cell + (plus ? 1 : -1));
+        }
+      }
+      ASSERT_EQ(grid().selection(), dragged);
+    }
+    const GridBlock source = dragAtRandom(grid());
+    menu("e_cpy");
+    ASSERT_EQ(grid().selection(), ordered(source));
+    const RomImage copied = expected;
+    const GridBlock target = dragAtRandom(grid());
+    menu("HSARITUKE");
+    for (int r = 0; r < std::min(source.rows(), target.rows()); ++r) {
+      for (int c = 0; c < std::min(source.columns(), target.columns()); ++c) {
+        byte(target.top + r, target.left + c) = copied[static_cast<std::size_t>(
+            start + (source.top + r - 1) * wide + source.left + c - 1)];
+      }
+    }
+    ASSERT_EQ(grid().selection(), ordered(target));
+    form6.userEnter();
+    ASSERT_EQ(editorState.image, expected) << "trial " << trial;
+    ASSERT_EQ(form1().Grid1.text(2, 1), std::to_string(expected[0x108]));
+    ASSERT_TRUE(form1().enabled() && !form6.loaded());
+  }
+  EXPECT_FALSE(desk.clipboard);
+}
+
+TEST_F(AddressEditor, PasteTakesTheBufferWhateverFilledIt) {
+  loadCar();
+  askFor("100", "4", "4");
+  const std::string second = grid().text(1, 2);
+  drag(grid(), 1, 1, 1, 2);
+  menu("HSARITUKE");  // nothing was copied yet
+  EXPECT_EQ(grid().text(1, 1), "00");
+  EXPECT_EQ(grid().text(1, 2), second);
+  form6.userEscape();
+
+  fill(form1().Grid5, {{65535, 256, 16}});
+  form1().Grid5.setText(1, 4, "-3");
+  selectTab(airflowTab);
+  drag(form1().Grid5, 1, 1, 1, 4);
+  pick("CPY");
+  form1().Grid5.setText(1, 4, "0");
+  askFor("100", "4", "4");
+  drag(grid(), 2, 1, 2, 4);
+  menu("HSARITUKE");
+  drag(grid(), 2, 1, 2, 4);
+  EXPECT_EQ(grid().clip(), "FF\tFF\t10\t00");
+
+  desk.clipboard = "1,2147483647,2147483647";  // leaves huge extents behind
+  form6.userEscape();
+  pick("PST");
+  askFor("100", "50", "45");
+  drag(grid(), 45, 50, 1, 1);
+  menu("HSARITUKE");
+  EXPECT_EQ(grid().text(1, 1), "01");
+  EXPECT_EQ(grid().text(41, 50), "00");
+  EXPECT_EQ(grid().text(42, 1), hexText(editorState.image[0x100 + 41 * 50]));
+}
+
+TEST_F(AddressEditor, OkShowsTheBytesInMapsAndParametersCancelDropsThem) {
+  loadCar();
+  const std::uint8_t before = editorState.image[0x20];
+  for (const bool ok : {false, true}) {
+    askFor("20", "4", "1");
+    desk.textAnswers = {before == 0x5A ? "A5" : "5A"};
+    grid().userDoubleClick();
+    ok ? form6.Command1.userClick() : form6.Command2.userClick();
+    EXPECT_EQ(editorState.image[0x20] == before, !ok);
+    EXPECT_EQ(grid().rows(), 2);
+  }
+  EXPECT_TRUE(form1().Text1.text().starts_with(before == 0x5A ? "A5" : "5A"));
+  EXPECT_EQ(editorState.savedImage[0x20], before);
+
+  form1().TP_FIRE.setText(0, 1, "old");
+  askFor("20", "4", "1");
+  form6.userEnter();
+  EXPECT_NE(form1().TP_FIRE.text(0, 1), "old");
+  EXPECT_EQ(form1().ProgressBar1.value(), 0);
+}
+
+}  // namespace
