@@ -1,0 +1,253 @@
+// The TP scale edited as a curve.
+#include "graphs/tp_curve.h"
+
+#include <algorithm>
+
+#include "calc/boost.h"
+#include "frames.h"
+#include "graphs/tp_picture.h"
+#include "platform/numbers.h"
+#include "support.h"
+
+namespace {
+
+class TpCurveTest : public ProgramTest {
+ protected:
+  ~TpCurveTest() override { D2_GRAPH.unload(); }
+
+  void load(const Bytes& scale) {
+    const int columns = static_cast<int>(scale.size());
+    startWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("HIGH_FUEL", "&H100", 4, 3, 12) +
+                 mapBlock("TP_SCALE_FUEL", "&H40", columns, 1, columns, "0", "TP of fuel") +
+                 mapBlock("TP_SCALE_FIRE", "&H80", 2, 1, 2, "0", "TP of fire"));
+    Bytes bytes(0x1000);
+    bytes[0] = 1;
+    std::copy(scale.begin(), scale.end(), bytes.begin() + 0x40);
+    bytes[0x80] = 30;
+    bytes[0x81] = 40;
+    loadImage(bytes);
+  }
+  void open(int tab = 1) {
+    selectTab(tab);
+    pick("TP_2D");
+  }
+  void press(int keyCode, int repeats = 1) {
+    for (int i = 0; i < repeats; ++i) canvas.userKeyDown(keyCode);
+    canvas.userKeyUp(keyCode);
+  }
+  void type(char key, int repeats = 1) {
+    for (int i = 0; i < repeats; ++i) {
+      canvas.userKeyDown(key);
+      canvas.userKey(static_cast<char32_t>(key));
+    }
+    canvas.userKeyUp(key);
+  }
+  static std::string formatted(int tp) { return formatFixed(boostFromTp(tp), 2); }
+  std::string tp(int point) const { return form1().TP_FUEL.text(1, point); }
+
+  Canvas& canvas = D2_GRAPH.Picture1;
+};
+
+constexpr Colour cursorRed = rgb(255, 0, 0);
+constexpr Colour curveGreen = rgb(64, 255, 64);
+
+TEST_F(TpCurveTest, IsRefusedWithoutImageAndOnAllTabsButTwo) {
+  load({64});
+  const struct {
+    int tab;
+    bool rom;
+    int english;
+    const char* title;
+    const char* text;
+  } cases[] = {
+      {1, false, 1, "Error", "ROM DATA reads and been crowded, 2D graph editing aren't possible."},
+      {3, false, 0, "エラー", "ROM DATAが読み込まれていないのに、2Dグラフ編集はできません。"},
+      {3, true, 1, "Error", "With this screen, 2D graph editing aren't possible."},
+      {4, true, 0, "エラー", "この画面で、2Dグラフ編集はできません。"},
+      {14, true, 2, "Error", "With this screen, 2D graph editing aren't possible."},
+  };
+  for (const auto& each : cases) {
+    editorState.image = RomImage(0x1000, each.rom ? 1 : 0);
+    editorState.english = each.english;
+    open(each.tab);
+    EXPECT_EQ(desk.boxes.back().title, each.title);
+    EXPECT_EQ(lastBox(), each.text);
+    EXPECT_FALSE(D2_GRAPH.loaded());
+  }
+}
+
+TEST_F(TpCurveTest, DrawsTheScaleOfItsTab) {
+  load({0, 64, 145, 200, 255});
+  for (const int english : {0, 1}) {
+    editorState.english = english;
+    open();
+    EXPECT_EQ(D2_GRAPH.caption(), "TP of fuel");
+    EXPECT_EQ(D2_GRAPH.Label1.caption(), "");
+    EXPECT_EQ(D2_GRAPH.Label2.caption(), "min                  TP value                  max");
+    EXPECT_TRUE(canvas.visible() && form1().TP_FUEL.visible() && form1().TP_FUEL.redraw());
+    EXPECT_FALSE(form1().enabled());
+    EXPECT_EQ(D2_GRAPH.focus(), &canvas);
+    D2_GRAPH.userClose();
+    EXPECT_TRUE(form1().enabled() && !D2_GRAPH.loaded());
+  }
+  expectFrame(canvas, "tp_opened.frame");
+  open(2);
+  EXPECT_EQ(D2_GRAPH.caption(), "TP of fire");
+  EXPECT_EQ(countOf(canvas, CanvasItem::line, curveGreen), 1);
+}
+
+TEST_F(TpCurveTest, KeysMoveThePointUnderTheCursorWithinTheBuffer) {
+  const struct {
+    const char* text;
+    std::string keys;
+    int y;
+    const char* written;
+  } cases[] = {
+      {"64", "+", 170, "65"},         {"64", "-", 174, "63"},
+      {"200", "", -100, "200"},       {"200", "+", 0, "150"},
+      {"200", "-", -98, "199"},       {"150", "+", 0, "150"},
+      {"1", "---", 304, "0"},         {"0", std::string(200, '-'), 510, "0"},
+      {"-5", "", 310, "0"},           {"abc", "+", 298, "1"},
+      {"12.5", "", 276, "12"},        {"-500", "-", 510, "0"},
+      {"-500", "", 1300, "0"},        {"9e30", "-", -2147483646, "1073741973"},
+      {"-9e30", "", 2147483647, "0"},
+  };
+  load({64, 64});
+  for (const auto& each : cases) {
+    form1().TP_FUEL.setText(1, 1, each.text);
+    open();
+    for (const char key : each.keys) type(key);
+    EXPECT_EQ(tpGraphState.pointY[0], each.y) << each.text << each.keys;
+    EXPECT_EQ(tpGraphState.pointY[1], 172);
+    D2_GRAPH.Command1.userClick();
+    EXPECT_EQ(tp(1), each.written) << each.text << each.keys;
+  }
+}
+
+TEST_F(TpCurveTest, MovesTheCursorLeavesATrailAndRedrawsAtTheRelease) {
+  load({10, 20, 30, 40});
+  open();
+  canvas.userKeyDown(rightKey);
+  canvas.userKeyDown(upKey);
+  canvas.userKeyDown(rightKey);
+  canvas.userKeyDown('-');
+  canvas.userKey(U'-');
+  EXPECT_EQ(countOf(canvas, CanvasItem::bar, cursorRed), 5);
+  canvas.userKeyUp('-');
+  EXPECT_EQ(countOf(canvas, CanvasItem::bar, cursorRed), 1);
+  expectFrame(canvas, "tp_edited.frame");
+  press(rightKey, 9);
+  EXPECT_EQ(tpGraphState.cursorPoint, 4);
+  press(leftKey, 9);
+  EXPECT_EQ(tpGraphState.cursorPoint, 1);
+}
+
+TEST_F(TpCurveTest, TestsTheMinusKeyFirstAndNoEmptyKey) {
+  load({150, 20});
+  editorState.plusKey = editorState.minusKey = "=";
+  open();
+  // Lowered to y 2, then raised to y 0; the other order would end at y 2.
+  type('=');
+  EXPECT_EQ(tpGraphState.pointY[0], 0);
+  editorState.plusKey = editorState.minusKey = "";
+  canvas.userKey(0);
+  canvas.userKey(U'+');
+  EXPECT_EQ(tpGraphState.pointY[0], 0);
+}
+
+TEST_F(TpCurveTest, ReadsOutBoostAndValueAtEachRelease) {
+  load({64, 255});
+  editorState.displacement = 2000;
+  for (const int english : {0, 1, 2}) {
+    editorState.english = english;
+    open();
+    canvas.userKeyDown(rightKey);
+    EXPECT_EQ(D2_GRAPH.Label1.caption(), "");
+    canvas.userKeyUp(rightKey);
+    press(leftKey);
+    const std::string word = english ? "Boost:" : "加給:";
+    EXPECT_EQ(D2_GRAPH.Label1.caption(), word + "-0.15\nDATA : 64");
+    type('-');
+    EXPECT_EQ(D2_GRAPH.Label1.caption(), word + "-0.17\nDATA : 63");
+    D2_GRAPH.Command2.userClick();
+  }
+  for (std::int32_t EditorState::*zero :
+       {&EditorState::cylinders, &EditorState::injectorSize, &EditorState::displacement}) {
+    const std::int32_t before = editorState.*zero;
+    editorState.*zero = 0;
+    open();
+    press(rightKey);
+    EXPECT_EQ(D2_GRAPH.Label1.caption(), "\nDATA : 255");
+    EXPECT_EQ(countOf(canvas, CanvasItem::line, curveGreen), 1);
+    EXPECT_TRUE(canvas.visible());
+    D2_GRAPH.Command2.userClick();
+    editorState.*zero = before;
+  }
+}
+
+TEST_F(TpCurveTest, OkWritesTheRowAndBothBoostRowsAndCancelNothing) {
+  load({64, 70});
+  const Bytes original = readBytes("image.bin");
+  open();
+  type('+', 4);
+  D2_GRAPH.Command2.userClick();
+  EXPECT_EQ(tp(1), "64");
+  open();
+  press(rightKey);
+  type('-', 90);
+  EXPECT_EQ(form1().TP_FUEL.text(0, 2), formatted(70));
+  form1().TP_FIRE.setText(0, 1, "old");
+  D2_GRAPH.Command1.userClick();
+  EXPECT_EQ(tp(2), "0");
+  EXPECT_EQ(form1().TP_FUEL.text(0, 2), formatted(0));
+  EXPECT_EQ(form1().TP_FIRE.text(0, 1), formatted(30));
+  EXPECT_TRUE(form1().enabled() && form1().TP_FUEL.visible() && form1().TP_FUEL.redraw());
+  Bytes expected = original;
+  expected[0x41] = 0;
+  EXPECT_EQ(saveImage("saved.bin"), expected);
+}
+
+TEST_F(TpCurveTest, AMissingScaleOpensEmptyAndStillCalculates) {
+  startWithMap(smallMap());
+  loadImage(patternImage(0x1000));
+  open(2);
+  EXPECT_TRUE(D2_GRAPH.loaded());
+  EXPECT_TRUE(canvas.items().empty());
+  canvas.userKeyDown(rightKey);
+  canvas.userKey(U'+');
+  canvas.userKeyUp(rightKey);
+  EXPECT_EQ(canvas.items().size(), 1U);
+  EXPECT_EQ(D2_GRAPH.Label1.caption(), "");
+  form1().TP_FUEL.setText(0, 1, "old");
+  D2_GRAPH.Command1.userClick();
+  EXPECT_NE(form1().TP_FUEL.text(0, 1), "old");
+}
+
+TEST_F(TpCurveTest, ShowsTheFirst129PointsAndNoMoreThanTheGridHas) {
+  load({64});
+  const struct {
+    int gridColumns;
+    int columns;
+    int points;
+  } cases[] = {{201, 200, 129}, {201, 129, 129}, {17, 200, 16}, {17, 1, 1}, {17, 0, 0}};
+  for (const auto& each : cases) {
+    Grid& grid = form1().TP_FUEL;
+    grid.resize(2, each.gridColumns);
+    for (int c = 1; c < each.gridColumns; ++c) grid.setText(1, c, "7");
+    open();
+    loadTpGraph(grid, each.columns, "long");
+    EXPECT_EQ(D2_GRAPH.caption(), "long");
+    press(rightKey, 300);
+    EXPECT_EQ(tpGraphState.pointCount, each.points);
+    EXPECT_EQ(tpGraphState.cursorPoint, std::max(each.points, 1));
+    type('+');
+    writeTpGraphToGrid(grid, each.columns);
+    for (int c = 1; c < each.gridColumns; ++c) {
+      EXPECT_EQ(grid.text(1, c), c == each.points ? "8" : "7") << c << " of " << each.columns;
+    }
+    D2_GRAPH.Command2.userClick();
+  }
+  EXPECT_EQ(tpPointX(16), 340);
+}
+
+}  // namespace
