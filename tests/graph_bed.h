@@ -2,10 +2,9 @@
 // and keys pressed on its canvas.
 #pragma once
 
-#include <string>
-
 #include <algorithm>
 #include <filesystem>
+#include <string>
 
 #include "frames.h"
 #include "graphs/dr_graph.h"
