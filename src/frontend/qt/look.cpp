@@ -1,14 +1,13 @@
 #include "frontend/qt/look.h"
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QPalette>
 #include <QProxyStyle>
 
 namespace {
 
 constexpr int gridFontPixels = 11;
-constexpr int tabFontPixels = 11;
-constexpr int tabPadding = 14;  // both sides of a tab's caption together
 constexpr int calmSpacing = 8;
 
 class Look : public QProxyStyle {
@@ -18,8 +17,6 @@ class Look : public QProxyStyle {
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override {
     switch (metric) {
-      case PM_TabBarTabHSpace:
-        return tabPadding;
       case PM_LayoutHorizontalSpacing:
       case PM_LayoutVerticalSpacing:
         return calmSpacing;
@@ -59,8 +56,7 @@ QPalette calmPalette() {
 
 // Names Japanese fonts before the system picks one of another script for the same characters.
 QFont withJapanese(QFont font) {
-  QStringList families = font.families();
-  if (families.isEmpty()) families << font.family();
+  QStringList families{QFontInfo(font).family()};
   for (const char* family : {"Noto Sans CJK JP", "Noto Sans JP", "IPAPGothic", "IPAGothic",
                              "Yu Gothic UI", "Meiryo UI", "Hiragino Sans"}) {
     families << QString::fromLatin1(family);
@@ -81,12 +77,6 @@ QFont gridFont() {
   QFont font = QApplication::font();
   font.setPixelSize(gridFontPixels);
   font.setHintingPreference(QFont::PreferVerticalHinting);
-  return font;
-}
-
-QFont tabFont() {
-  QFont font = QApplication::font();
-  font.setPixelSize(tabFontPixels);
   return font;
 }
 

@@ -11,8 +11,6 @@ void dressApplication();
 
 // The font of grid cells: at 100 % "255" fits 28 pixels and "65535" 41.
 QFont gridFont();
-// The font of the tab strip: all fourteen captions stand beside one another.
-QFont tabFont();
 // The font of a window's headline.
 QFont headlineFont();
 

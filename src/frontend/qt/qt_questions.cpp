@@ -115,6 +115,7 @@ std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::Acce
   for (const Filter& filter : filters) names << nameFilter(filter);
   if (!names.isEmpty()) box.setNameFilters(names);
   if (!opening) box.setDefaultSuffix(defaultSuffix(filters));
+  box.resize(760, 480);
   nameParts(box, mode);
   if (!dialog.folder.empty()) box.setDirectory(shown(dialog.folder));
   if (!dialog.fileName.empty()) box.selectFile(shown(dialog.fileName));

@@ -7,21 +7,20 @@
 #include <QProgressBar>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QTabBar>
-#include <array>
 
 #include "core/form1.h"
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/bind_menu.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/look.h"
+#include "frontend/qt/side_tabs.h"
 #include "frontend/qt/windows/form1_panels.h"
 
 QWidget* makeForm1Window();
 
 namespace {
 
-constexpr QSize openingSize(1100, 700);
+constexpr QSize openingSize(1000, 680);
 constexpr QSize smallestSize(640, 420);
 constexpr int progressWidth = 220;
 
@@ -54,14 +53,8 @@ QLayout* makeHeadline(Form1& form) {
 }
 
 QTabBar* makeTabs(Form1& form) {
-  auto* const tabs = new QTabBar;
+  auto* const tabs = new SideTabs;
   tabs->setObjectName(QStringLiteral("TabStrip1"));
-  tabs->setFont(tabFont());
-  tabs->setElideMode(Qt::ElideNone);
-  tabs->setUsesScrollButtons(true);
-  tabs->setExpanding(false);
-  tabs->setDocumentMode(true);
-  tabs->setDrawBase(true);
   bind(tabs, form.TabStrip1);
   return tabs;
 }
@@ -100,8 +93,10 @@ QWidget* makeForm1Window() {
   auto* const rows = new QVBoxLayout(centre);
   rows->setContentsMargins(10, 8, 10, 4);
   rows->addLayout(makeHeadline(form));
-  rows->addWidget(makeTabs(form));
-  rows->addWidget(stack, 1);
+  auto* const panels = new QHBoxLayout;
+  panels->addWidget(makeTabs(form), 0, Qt::AlignTop);
+  panels->addWidget(stack, 1);
+  rows->addLayout(panels, 1);
   window->setCentralWidget(centre);
   window->setStatusBar(makeStatusBar(form));
   window->setMinimumSize(smallestSize);

@@ -1,0 +1,63 @@
+#include "frontend/qt/side_tabs.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <algorithm>
+
+namespace {
+
+constexpr int textMargin = 12;  // pixels to both sides of a caption
+constexpr int lineMargin = 5;   // pixels above and below a caption
+constexpr int markWidth = 3;    // pixels, of the bar beside the selected tab
+constexpr int rounding = 3;
+
+}  // namespace
+
+SideTabs::SideTabs(QWidget* parent) : QTabBar(parent) {
+  setShape(RoundedWest);
+  setElideMode(Qt::ElideNone);
+  setExpanding(false);
+  setDrawBase(false);
+  setMouseTracking(true);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+}
+
+QSize SideTabs::tabSizeHint(int) const {
+  const QFontMetrics metrics = fontMetrics();
+  int widest = 0;
+  for (int i = 0; i < count(); ++i) {
+    widest = std::max(widest, metrics.size(Qt::TextShowMnemonic, tabText(i)).width());
+  }
+  return QSize(widest + 2 * textMargin, metrics.height() + 2 * lineMargin);
+}
+
+QSize SideTabs::minimumTabSizeHint(int index) const { return tabSizeHint(index); }
+
+void SideTabs::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (int i = 0; i < count(); ++i) paintTab(painter, i);
+}
+
+void SideTabs::paintTab(QPainter& painter, int index) const {
+  const QRect area = tabRect(index).adjusted(0, 0, -1, -1);
+  const bool chosen = index == currentIndex();
+  painter.setPen(Qt::NoPen);
+  if (chosen) {
+    painter.setBrush(palette().base());
+    painter.drawRoundedRect(area, rounding, rounding);
+    painter.fillRect(QRect(area.left(), area.top(), markWidth, area.height()),
+                     palette().highlight());
+  } else if (area.contains(mapFromGlobal(QCursor::pos())) && isEnabled()) {
+    painter.setBrush(palette().midlight());
+    painter.drawRoundedRect(area, rounding, rounding);
+  }
+  const QRect text = area.adjusted(textMargin, 0, 0, 0);
+  style()->drawItemText(&painter, text, Qt::AlignVCenter | Qt::TextShowMnemonic, palette(),
+                        isEnabled(), tabText(index), QPalette::WindowText);
+  if (chosen && hasFocus()) {
+    painter.setPen(QPen(palette().highlight(), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(area, rounding, rounding);
+  }
+}
