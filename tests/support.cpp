@@ -90,6 +90,13 @@ Bytes ProgramTest::saveImage(const std::string& name) {
 
 void ProgramTest::selectTab(int tab) { form1().TabStrip1.userSelect(tab); }
 
+void ProgramTest::enterCell(Grid& grid, int row, int column, const std::string& answer) {
+  drag(grid, row, column, row, column);
+  desk.textAnswers.push_back(answer);
+  grid.userDoubleClick();
+  EXPECT_TRUE(desk.textAnswers.empty()) << "no prompt for " << answer;
+}
+
 std::string ProgramTest::lastBox() const {
   return desk.boxes.empty() ? "" : desk.boxes.back().text;
 }
@@ -127,4 +134,21 @@ std::string firstSettings(const std::string& addressFile) {
 
 void drag(Grid& grid, int row, int column, int rowSel, int columnSel) {
   grid.userSelect({row, column, rowSel, columnSel});
+}
+
+void typeOver(TextBox& box, const std::string& keys) {
+  box.userFocus();
+  box.userSelect(0, static_cast<int>(box.text().size()));
+  box.userType(keys.empty() ? "\b" : keys);
+}
+
+int repaintsOf(Grid& grid, const std::function<void()>& command) {
+  int count = 0;
+  const auto former = grid.observer;
+  grid.observer = [&count](const Change& change) {
+    if (change.kind == Change::cell || change.kind == Change::cells) ++count;
+  };
+  command();
+  grid.observer = former;
+  return count;
 }

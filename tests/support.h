@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,8 @@ class ProgramTest : public testing::Test {
   // Saves the image under `name` by the menu and gives the file's bytes.
   Bytes saveImage(const std::string& name);
   void selectTab(int tab);
+  // Double-clicks a cell and answers its prompt.
+  void enterCell(Grid& grid, int row, int column, const std::string& answer);
   // The text of the last box, "" when none was shown.
   std::string lastBox() const;
 
@@ -58,3 +61,7 @@ Bytes patternImage(std::size_t size, std::uint32_t seed = 1);
 std::string firstSettings(const std::string& addressFile);
 // Selects cells as a user's drag from one cell to another.
 void drag(Grid& grid, int row, int column, int rowSel, int columnSel);
+// Goes to a box and types over all that it holds; "" empties it.
+void typeOver(TextBox& box, const std::string& keys);
+// How often the grid's cells were told to the screen during `command`.
+int repaintsOf(Grid& grid, const std::function<void()>& command);
