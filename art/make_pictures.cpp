@@ -173,6 +173,19 @@ QImage icon(int size) {
   return image;
 }
 
+// The colours of a map's cells from the lowest value to the highest.
+QImage colourScale() {
+  constexpr int cells = 32;
+  constexpr int side = 20;
+  QImage image = canvas(cells * side, side / 2);
+  QPainter painter(&image);
+  for (int i = 0; i < cells; ++i) {
+    const int blue = i * 255 / (cells - 1);
+    painter.fillRect(i * side, 0, side - 1, side / 2, QColor(255 - blue, 0, blue));
+  }
+  return image;
+}
+
 bool save(const QImage& image, const QString& path) {
   if (image.save(path, "PNG")) return true;
   std::fprintf(stderr, "can't write %s\n", qPrintable(path));
@@ -191,6 +204,7 @@ int main(int argc, char** argv) {
   const QString folder = QString::fromLocal8Bit(argv[1]) + QLatin1Char('/');
   bool saved = save(splash(1), folder + QStringLiteral("splash.png")) &&
                save(splash(2), folder + QStringLiteral("splash@2x.png")) &&
+               save(colourScale(), folder + QStringLiteral("scale.png")) &&
                save(banner(1), folder + QStringLiteral("banner.png")) &&
                save(banner(2), folder + QStringLiteral("banner@2x.png"));
   for (const int size : {16, 24, 32, 48, 64, 128, 256}) {

@@ -9,6 +9,8 @@
 FrmSplash frmSplash;
 
 FrmSplash::FrmSplash() : Window("frmSplash") {
+  Label3.setColour(rgb(206, 218, 204));
+  Label4.setColour(rgb(170, 226, 120));
   onLoad = [this] {
     // Centring takes the first look at the main window, which brings it up.
     loadForm1();

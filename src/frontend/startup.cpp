@@ -7,6 +7,7 @@
 #include "frontend/languages.h"
 #include "frontend/main_menu.h"
 #include "frontend/main_window.h"
+#include "frontend/splash.h"
 #include "imagefiles/recent_files.h"
 #include "imagefiles/vq_tables.h"
 #include "platform/desktop.h"
@@ -26,12 +27,10 @@ void loadForm1() {
   editorState.image = RomImage(startImageBytes);
   form.bringPanelToFront(1);
   rebuildRecentMenu();
-  rebuildRecentMenu();
 }
 
 void startProgram(const std::string& appPath) {
   editorState.appPath = appPath;
-  loadForm1();
-  desktop().showWindow(form1());
-  desktop().bringToFront(form1());
+  frmSplash.load();
+  desktop().showWindow(frmSplash);
 }

@@ -1,8 +1,11 @@
 // Starts the editor in real windows.
 #include <QApplication>
 #include <QDir>
+#include <QTimer>
 
+#include "core/form1.h"
 #include "frontend/qt/look.h"
+#include "frontend/qt/pictures.h"
 #include "frontend/qt/qt_desktop.h"
 #include "frontend/qt/text.h"
 #include "frontend/startup.h"
@@ -13,7 +16,11 @@ int main(int argc, char** argv) {
   dressApplication();
   QtDesktop desktopInForce;
   useDesktop(&desktopInForce);
+  QApplication::setWindowIcon(programIcon());
   startProgram(stored(QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));
+  // The main window is built while the splash window stands.
+  constexpr int splashIsPainted = 60;  // milliseconds
+  QTimer::singleShot(splashIsPainted, [&desktopInForce] { desktopInForce.prepareWindow(form1()); });
   const int status = desktopInForce.over() ? 0 : QApplication::exec();
   useDesktop(nullptr);
   return status;

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QProcess>
+#include <QScreen>
 #include <QSettings>
 #include <QUrl>
 #include <QWidget>
@@ -38,11 +39,11 @@ bool written(QSettings& store) {
   return store.status() == QSettings::NoError;
 }
 
-// In the middle of the other window, as far as the screen allows.
+// In the middle of the other window, or of the screen as long as that window isn't shown.
 void centre(QWidget* widget, const QWidget* other) {
-  if (!other) return;
   widget->adjustSize();
-  const QRect frame = other->frameGeometry();
+  const QRect frame =
+      other && other->isVisible() ? other->frameGeometry() : widget->screen()->availableGeometry();
   widget->move(frame.center() - QPoint(widget->width() / 2, widget->height() / 2));
 }
 
@@ -128,6 +129,8 @@ QWidget* QtDesktop::widgetOf(Window& window) {
   if (!widget) widget = makeWindow(window);
   return widget;
 }
+
+void QtDesktop::prepareWindow(Window& window) { widgetOf(window); }
 
 void QtDesktop::showWindow(Window& window) {
   QWidget* const widget = widgetOf(window);

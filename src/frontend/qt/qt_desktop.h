@@ -16,6 +16,8 @@ class QtDesktop : public Desktop {
   QtDesktop(const QtDesktop&) = delete;
   QtDesktop& operator=(const QtDesktop&) = delete;
 
+  // Makes the widget of a window that is shown later.
+  void prepareWindow(Window& window);
   // True after `quit`, also when it came before the event loop.
   bool over() const { return over_; }
 

@@ -1,0 +1,91 @@
+// The version window: banner, version, warning, link to the manual.
+#include <QApplication>
+#include <QDialog>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "core/form1.h"
+#include "frontend/about.h"
+#include "frontend/qt/bind_controls.h"
+#include "frontend/qt/bind_window.h"
+#include "frontend/qt/look.h"
+#include "frontend/qt/pictures.h"
+
+QWidget* makeAboutWindow();
+
+namespace {
+
+constexpr int width = 440;  // of the banner
+
+QLabel* labelFor(Label& record) {
+  auto* const label = new QLabel;
+  bind(label, record);
+  return label;
+}
+
+QLabel* pictureFor(Label& record, const QString& name) {
+  QLabel* const label = labelFor(record);
+  label->setPixmap(picture(name));
+  return label;
+}
+
+QFrame* line() {
+  auto* const frame = new QFrame;
+  frame->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+  return frame;
+}
+
+QLayout* makeSupport(FrmAbout& form) {
+  QLabel* const address = labelFor(form.Label6);
+  QPalette link = address->palette();
+  link.setColor(QPalette::WindowText, link.color(QPalette::Link));
+  address->setPalette(link);
+  address->setWordWrap(true);
+  auto* const row = new QHBoxLayout;
+  row->addWidget(labelFor(form.Label2));
+  row->addWidget(address, 1);
+  return row;
+}
+
+QLayout* makeVersion(FrmAbout& form) {
+  QLabel* const version = labelFor(form.lblVersion);
+  version->setFont(headlineFont());
+  auto* const row = new QHBoxLayout;
+  row->addWidget(pictureFor(form.picIcon, QStringLiteral("icon48.png")));
+  row->addSpacing(8);
+  row->addWidget(version, 1);
+  return row;
+}
+
+}  // namespace
+
+QWidget* makeAboutWindow() {
+  FrmAbout& form = frmAbout;
+  auto* const window = new QDialog(QApplication::activeWindow());
+  window->setModal(true);
+  window->setFixedWidth(width);
+  QLabel* const warning = labelFor(form.att1);
+  warning->setWordWrap(true);
+  auto* const ok = new QPushButton;
+  bind(ok, form.cmdOK);
+  auto* const rows = new QVBoxLayout;
+  rows->setContentsMargins(18, 12, 18, 14);
+  rows->setSpacing(10);
+  rows->addLayout(makeVersion(form));
+  rows->addWidget(line());
+  rows->addWidget(pictureFor(form.Picture2, QStringLiteral("scale.png")));
+  rows->addWidget(line());
+  rows->addWidget(warning);
+  rows->addLayout(makeSupport(form));
+  rows->addWidget(ok, 0, Qt::AlignRight);
+  auto* const whole = new QVBoxLayout(window);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->setSpacing(0);
+  whole->addWidget(pictureFor(form.Picture1, QStringLiteral("banner.png")));
+  whole->addLayout(rows);
+  bindWindow(window, form);
+  return window;
+}

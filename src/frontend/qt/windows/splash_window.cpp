@@ -1,0 +1,59 @@
+// The splash window: the picture, the colours of a map below it, a slogan and the systems' line.
+#include <QGroupBox>
+#include <QLabel>
+#include <QTimer>
+#include <QWidget>
+
+#include "frontend/qt/bind_controls.h"
+#include "frontend/qt/bind_window.h"
+#include "frontend/qt/pictures.h"
+#include "frontend/splash.h"
+
+QWidget* makeSplashWindow();
+
+namespace {
+
+constexpr QSize size(640, 360);
+constexpr QPoint sloganPlace(142, 116);
+constexpr QRect systemsPlace(344, 304, 280, 34);
+constexpr QPoint scalePlace(0, 350);
+constexpr QPoint iconPlace(16, 296);
+
+QLabel* placed(QWidget* parent, Label& record, QPoint place) {
+  auto* const label = new QLabel(parent);
+  bind(label, record);
+  label->move(place);
+  return label;
+}
+
+void placePicture(QWidget* parent, Label& record, const QString& name, QPoint place) {
+  QLabel* const label = placed(parent, record, place);
+  label->setPixmap(picture(name));
+  label->adjustSize();
+}
+
+}  // namespace
+
+QWidget* makeSplashWindow() {
+  FrmSplash& form = frmSplash;
+  auto* const window = new QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint);
+  window->setFixedSize(size);
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor(14, 20, 17));
+  window->setPalette(dark);
+  placePicture(window, form.Picture1, QStringLiteral("splash.png"), {0, 0});
+  placePicture(window, form.Picture2, QStringLiteral("icon48.png"), iconPlace);
+  placePicture(window, form.Picture3, QStringLiteral("scale.png"), scalePlace);
+  placed(window, form.Label4, sloganPlace);
+  auto* const frame = new QGroupBox(window);
+  frame->setFlat(true);
+  frame->setGeometry(systemsPlace);
+  bind(frame, form.Frame1);
+  QLabel* const systems = placed(frame, form.Label3, {0, 0});
+  systems->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  systems->setGeometry(frame->rect());
+  auto* const timer = new QTimer(window);
+  bind(timer, form.Timer1);
+  bindWindow(window, form);
+  return window;
+}
