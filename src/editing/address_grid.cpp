@@ -24,9 +24,10 @@
 namespace {
 
 constexpr Grid::Look hexLook{white, rgb(64, 64, 64), white};
-constexpr int cellWidth = 430;     // twips
-constexpr int addressWidth = 620;  // twips
-constexpr int emptyRows = 2;       // of a grid without a stretch, its header included
+constexpr int cellWidth = 430;       // twips
+constexpr int addressWidth = 760;    // twips; six digits
+constexpr int characterWidth = 150;  // twips, of a column header
+constexpr int emptyRows = 2;         // of a grid without a stretch, its header included
 constexpr int emptyColumns = 2;
 
 const Wording hexQuestion{"データは？\r\n\r\n設定できるデータの大きさは、00-FF",
@@ -175,9 +176,11 @@ void Form6::fill() {
   Frame1.setCaption("TARGET &H" + hexAddress(editorState.addressEditStart) +
                     "  X:" + decimalText(editorState.addressEditColumns) +
                     "  Y:" + decimalText(editorState.addressEditRows));
+  const auto lastColumn = static_cast<std::uint32_t>(editorState.addressEditColumns - 1);
   const GridPause pause(eGrid, GridPause::Hide::yes);
   eGrid.resize(editorState.addressEditRows + 1, editorState.addressEditColumns + 1);
-  eGrid.setColumnWidths(cellWidth);
+  const auto headerLength = static_cast<int>(1 + hexText(lastColumn).size());
+  eGrid.setColumnWidths(std::max(cellWidth, characterWidth * headerLength));
   eGrid.setColumnWidth(0, addressWidth);
   showStretch(eGrid);
 }

@@ -1,0 +1,97 @@
+#include "frontend/qt/windows/dialog_parts.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialog>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "frontend/qt/bind_controls.h"
+
+namespace {
+
+constexpr int boxWidth = 96;
+constexpr int buttonWidth = 88;
+constexpr int noteWidth = 300;
+
+// The active window may be a dialog that is just closing.
+QWidget* mainWindow() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (qobject_cast<QMainWindow*>(window)) return window;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+QDialog* newDialog() {
+  auto* const dialog = new QDialog(mainWindow());
+  dialog->setModal(true);
+  return dialog;
+}
+
+QLabel* labelFor(Label& record) {
+  auto* const label = new QLabel;
+  bind(label, record);
+  return label;
+}
+
+QLabel* noteFor(Label& record) {
+  QLabel* const label = labelFor(record);
+  label->setWordWrap(true);
+  label->setMinimumWidth(noteWidth);
+  return label;
+}
+
+QLineEdit* boxFor(TextBox& record) {
+  auto* const box = new QLineEdit;
+  box->setFixedWidth(boxWidth);
+  bind(box, record);
+  return box;
+}
+
+QWidget* checkFor(CheckBox& record) {
+  auto* const check = new QCheckBox;
+  bind(check, record);
+  return check;
+}
+
+QPushButton* buttonFor(Button& record) {
+  auto* const button = new QPushButton;
+  button->setMinimumWidth(buttonWidth);
+  bind(button, record);
+  return button;
+}
+
+void addField(QGridLayout* cells, Label& label, TextBox& box) {
+  const int line = cells->rowCount();
+  cells->addWidget(labelFor(label), line, 0);
+  cells->addWidget(boxFor(box), line, 1);
+}
+
+QWidget* optionsFor(std::initializer_list<LabelledOption> options) {
+  auto* const group = new QWidget;
+  auto* const cells = new QGridLayout(group);
+  cells->setContentsMargins(0, 0, 0, 0);
+  cells->setColumnStretch(1, 1);
+  int line = 0;
+  for (const auto& [option, label] : options) {
+    auto* const button = new QRadioButton;
+    bind(button, option);
+    cells->addWidget(button, line, 0);
+    cells->addWidget(labelFor(label), line++, 1);
+  }
+  return group;
+}
+
+QLayout* buttonRow(std::initializer_list<Button*> buttons) {
+  auto* const row = new QHBoxLayout;
+  row->setContentsMargins(0, 10, 0, 0);
+  row->addStretch();
+  for (Button* button : buttons) row->addWidget(buttonFor(*button));
+  return row;
+}

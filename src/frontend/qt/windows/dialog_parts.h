@@ -1,0 +1,37 @@
+// What the layouts of the dialogs have in common: the window itself, widgets bound to their
+// records, and the row of buttons at its foot.
+#pragma once
+
+#include <initializer_list>
+
+#include "platform/controls.h"
+
+class QBoxLayout;
+class QDialog;
+class QGridLayout;
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+
+// A dialog over the main window that takes all input.
+QDialog* newDialog();
+
+QLabel* labelFor(Label& record);
+// A label of several lines where its text is long.
+QLabel* noteFor(Label& record);
+QLineEdit* boxFor(TextBox& record);
+QWidget* checkFor(CheckBox& record);
+QPushButton* buttonFor(Button& record);
+// A label and its box in the next row of `cells`.
+void addField(QGridLayout* cells, Label& label, TextBox& box);
+// Options with the labels that tell what they mean, one below the other.
+struct LabelledOption {
+  Option& option;
+  Label& label;
+};
+QWidget* optionsFor(std::initializer_list<LabelledOption> options);
+
+// Buttons of one width at the right, with room above them.
+QLayout* buttonRow(std::initializer_list<Button*> buttons);
