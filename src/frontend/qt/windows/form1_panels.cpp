@@ -80,10 +80,14 @@ void keepToTheCorner(QGridLayout* cells) {
   cells->setColumnStretch(cells->columnCount(), 1);
 }
 
-void addMap(QGridLayout* cells, Grid& map) { cells->addWidget(new GridView(map), 0, 0); }
+GridView* addMap(QGridLayout* cells, Grid& map) {
+  auto* const view = new GridView(map);
+  cells->addWidget(view, 0, 0);
+  return view;
+}
 
 // Each scale cell stands over the map's column or beside the map's row that it belongs to.
-void addMapWithScales(QGridLayout* cells, Grid& map, const Scales& scales) {
+GridView* addMapWithScales(QGridLayout* cells, Grid& map, const Scales& scales) {
   Form1& form = form1();
   auto* const load = new GridView(form.*scales.load);
   auto* const speed = new GridView(form.*scales.speed);
@@ -102,17 +106,19 @@ void addMapWithScales(QGridLayout* cells, Grid& map, const Scales& scales) {
   cells->addWidget(load, 0, 1);
   cells->addLayout(side, 1, 0);
   cells->addWidget(view, 1, 1);
+  return view;
 }
 
-void addAirflow(QGridLayout* cells, Grid& map) {
+GridView* addAirflow(QGridLayout* cells, Grid& map) {
   Form1& form = form1();
-  addMap(cells, map);
+  GridView* const view = addMap(cells, map);
   auto* const picture = new CanvasView(form.Picture2);
   picture->setFocusPolicy(Qt::NoFocus);
   labelOn(picture, form.Label14, 32, 48);
   labelOn(picture, form.Label21, 30, 6);
   labelOn(picture, form.Label17, 32, 8);
   cells->addWidget(picture, 1, 0);
+  return view;
 }
 
 template <std::size_t size>
@@ -169,12 +175,13 @@ void addGlobals(QGridLayout* cells) {
   cells->addWidget(scroll, 0, 0);
 }
 
-void fillPanel(QGridLayout* cells, int tab) {
+// The map has the focus when its panel comes to the front.
+GridView* fillPanel(QGridLayout* cells, int tab) {
   Grid& map = gridOf(*mapKindOfTab(tab));
   for (const Scales& scales : scalesOfTabs) {
     if (scales.tab == tab) return addMapWithScales(cells, map, scales);
   }
-  tab == airflowTab ? addAirflow(cells, map) : addMap(cells, map);
+  return tab == airflowTab ? addAirflow(cells, map) : addMap(cells, map);
 }
 
 }  // namespace
@@ -187,7 +194,7 @@ QWidget* makePanel(int tab) {
   if (tab == globalTab) {
     addGlobals(cells);
   } else {
-    fillPanel(cells, tab);
+    fillPanel(cells, tab)->setFocus();
     keepToTheCorner(cells);
   }
   return panel;

@@ -103,6 +103,7 @@ QWidget* makeForm1Window() {
   window->resize(openingSize);
   const auto showPanel = [stack, &form] { showFrontPanel(stack, form); };
   showPanel();
+  if (QWidget* const first = stack->currentWidget()->focusWidget()) first->setFocus();
   bindWindow(window, form, showPanel);
   return window;
 }

@@ -19,6 +19,7 @@ QWidget* makeForm11Window();
 QWidget* makeForm13Window();
 QWidget* makeD2GraphWindow();
 QWidget* makeDrGraphWindow();
+QWidget* makeOddEvenWindow();
 QWidget* makeAboutWindow();
 QWidget* makeSplashWindow();
 
@@ -37,7 +38,8 @@ constexpr std::array layouts{
     Layout{"Form8", makeForm8Window},      Layout{"Form10", makeForm10Window},
     Layout{"Form11", makeForm11Window},    Layout{"Form13", makeForm13Window},
     Layout{"D2_GRAPH", makeD2GraphWindow}, Layout{"DR_GRAPH", makeDrGraphWindow},
-    Layout{"frmAbout", makeAboutWindow},   Layout{"frmSplash", makeSplashWindow},
+    Layout{"oddeven", makeOddEvenWindow},  Layout{"frmAbout", makeAboutWindow},
+    Layout{"frmSplash", makeSplashWindow},
 };
 
 }  // namespace
