@@ -132,6 +132,7 @@ void keepChoice(const Choice& choice) {
 }
 
 RomImage readHalf(const Choice& choice, const Wording& title) {
+  desktop().setBusyPointer(false);
   keepChosen(
       desktop().chooseFileToOpen({choice.form.loadFilter, worded(title),
                                   settledPath(editorState.romFolder), editorState.dialogPath}));
