@@ -1,0 +1,143 @@
+// The boost that each load stands for: the formula's single-precision order, the two rows and the
+// command that refreshes them.
+#include "calc/boost.h"
+
+#include "platform/failure.h"
+#include "platform/numbers.h"
+#include "support.h"
+
+namespace {
+
+class Boost : public ProgramTest {
+ protected:
+  Boost() : bytes(0x100, 1) {
+    for (std::size_t i = 0; i < 16; ++i) bytes[0x40 + i] = static_cast<std::uint8_t>(i * 16);
+  }
+  void load() {
+    startWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("TP_SCALE_FUEL", "&H40", 4, 1, 4) +
+                 mapBlock("TP_SCALE_FIRE", "&H44", 4, 1, 4));
+    loadImage(bytes);
+  }
+  static void setEngine(int displacement, int injectorSize, int cylinders) {
+    editorState.displacement = displacement;
+    editorState.injectorSize = injectorSize;
+    editorState.cylinders = cylinders;
+  }
+  static std::string row(const Grid& grid) {
+    std::string texts;
+    for (int c = 0; c <= 4; ++c) texts += grid.text(0, c) + ' ';
+    return texts;
+  }
+  static void fillRow(Grid& grid) {
+    for (int c = 0; c <= 4; ++c) grid.setText(0, c, "old");
+  }
+  Bytes bytes;
+  Grid& fuel = form1().TP_FUEL;
+  Grid& fire = form1().TP_FIRE;
+};
+
+// The expected texts were worked out step by step outside this program. In double precision
+// throughout rows 3 and 4 end in 8 and 2, in single precision throughout row 5 ends in 4.
+TEST_F(Boost, IsRoundedToSinglePrecisionAtEachStep) {
+  struct Case {
+    int displacement, injectorSize, cylinders, tp;
+    const char* text;
+  };
+  const Case cases[] = {
+      {2000, 370, 4, 64, "-0.15"},    {1998, 370, 4, 255, "2.48"}, {810, 720, 3, 250, "11.39"},
+      {1863, 370, 8, 225, "5.63"},    {4554, 550, 8, 210, "2.75"}, {2000, 370, 4, 0, "-1.03"},
+      {1, 1, 2147483647, 0, "-1.03"}, {2000, 370, 4, 75, "0.00"},
+  };
+  for (const Case& c : cases) {
+    setEngine(c.displacement, c.injectorSize, c.cylinders);
+    EXPECT_EQ(formatFixed(boostFromTp(c.tp), 2), c.text) << c.displacement << ' ' << c.tp;
+  }
+  for (const auto& [displacement, injectorSize, cylinders] :
+       {std::array{2000, 370, 0}, std::array{2000, 0, 4}, std::array{0, 370, 4}}) {
+    setEngine(displacement, injectorSize, cylinders);
+    EXPECT_THROW(boostFromTp(64), Failure);
+  }
+}
+
+TEST_F(Boost, BothRowsStandAfterALoad) {
+  load();
+  EXPECT_EQ(row(fuel), "Boost -1.03 -0.81 -0.59 -0.37 ");
+  EXPECT_EQ(row(fire), "Boost -0.15 0.07 0.29 0.51 ");
+  EXPECT_EQ(fuel.text(1, 2), "16");
+  EXPECT_EQ(saveImage("same.bin"), bytes);
+}
+
+TEST_F(Boost, TheCommandSaysWhatItDoesAndSpeaksBothLanguages) {
+  load();
+  std::vector<std::string> words;
+  form1().Label13.observer = [&words](const Change&) {
+    words.push_back(form1().Label13.caption() + "/" + form1().TP_FUEL.text(0, 0));
+  };
+  fillRow(fuel);
+  editorState.english = 0;
+  pick("TP_BST_RECAL");
+  EXPECT_EQ(words, (std::vector<std::string>{"BOOST CALC./old", "/加給圧"}));
+  EXPECT_EQ(row(fire), "加給圧 -0.15 0.07 0.29 0.51 ");
+  form1().Label13.observer = nullptr;
+}
+
+TEST_F(Boost, TheCommandIsRefusedWithoutAnImage) {
+  startWithMap(smallMap());
+  fillRow(fuel);
+  form1().Label13.setCaption("busy");
+  for (const int english : {0, 1}) {
+    editorState.english = english;
+    pick("TP_BST_RECAL");
+    EXPECT_EQ(desk.boxes.back().title, english ? "Error" : "エラー");
+    EXPECT_EQ(desk.boxes.back().icon, BoxIcon::critical);
+    EXPECT_EQ(lastBox(),
+              english ? "ROM DATA reads and been crowded, a calculation of boost aren't possible."
+                      : "ROM DATAが読み込まれていないのに、加給圧の計算はできません。");
+    EXPECT_EQ(form1().Label13.caption(), "");
+  }
+  EXPECT_EQ(row(fuel), "old old old old old ");
+}
+
+TEST_F(Boost, AFailureEndsItSilentlyWhereItStands) {
+  struct Case {
+    const char* cell;  // the third TP value
+    int cylinders, injectorSize;
+    const char* fuelRow;
+    const char* fireRow;
+  };
+  const char* const untouched = "old old old old old ";
+  const Case cases[] = {
+      {"32", 0, 370, untouched, untouched},
+      {"32", 4, 0, untouched, untouched},
+      {"", 4, 370, "old -1.03 -0.81 old old ", untouched},
+      {"12x", 4, 370, "old -1.03 -0.81 old old ", untouched},
+      {"1e400", 4, 370, "old -1.03 -0.81 old old ", untouched},
+      {"12.5", 4, 370, "Boost -1.03 -0.81 -0.87 -0.37 ", "Boost -0.15 0.07 0.29 0.51 "},
+      {"13.5", 4, 370, "Boost -1.03 -0.81 -0.84 -0.37 ", "Boost -0.15 0.07 0.29 0.51 "},
+      {"300", 4, 370, "Boost -1.03 -0.81 3.11 -0.37 ", "Boost -0.15 0.07 0.29 0.51 "},
+      {"-32", 4, 370, "Boost -1.03 -0.81 -1.48 -0.37 ", "Boost -0.15 0.07 0.29 0.51 "},
+  };
+  load();
+  for (const Case& c : cases) {
+    setEngine(1998, c.injectorSize, c.cylinders);
+    fuel.setText(1, 3, c.cell);
+    fillRow(fuel);
+    fillRow(fire);
+    pick("TP_BST_RECAL");
+    EXPECT_EQ(row(fuel), c.fuelRow) << c.cell;
+    EXPECT_EQ(row(fire), c.fireRow) << c.cell;
+    EXPECT_TRUE(fuel.redraw() && fire.redraw());
+  }
+  EXPECT_TRUE(desk.boxes.empty());
+}
+
+TEST_F(Boost, ACarWithoutScalesOrWithTooLongOnesKeepsTheRest) {
+  startWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("TP_SCALE_FIRE", "&H40", 17, 1, 17));
+  loadImage(bytes);
+  EXPECT_EQ(lastBox(), "ERROR (Function:MAP_DRAW)");
+  EXPECT_EQ(row(fuel), "Boost     ");
+  EXPECT_EQ(fire.text(0, 16), "2.28");
+  EXPECT_EQ(fire.text(0, 0), "");
+}
+
+}  // namespace
