@@ -15,7 +15,7 @@ QWidget* makeForm13Window() {
   addField(cells, form13.Label1, form13.Text1);
   addField(cells, form13.Label2, form13.Text2);
   addField(cells, form13.Label3, form13.Text3);
-  auto* const rows = new QVBoxLayout(window);
+  QBoxLayout* const rows = rowsOf(window);
   rows->addLayout(cells);
   rows->addLayout(buttonRow({&form13.Command1, &form13.Command2}));
   bindWindow(window, form13);

@@ -16,7 +16,7 @@ QWidget* makeForm5Window() {
   auto* const frame = new QGroupBox;
   bind(frame, form5.Frame1);
   (new QVBoxLayout(frame))->addWidget(new GridView(form5.Grid1));
-  auto* const rows = new QVBoxLayout(window);
+  QBoxLayout* const rows = rowsOf(window);
   rows->addWidget(frame);
   rows->addLayout(buttonRow({&form5.Command1}));
   bindWindow(window, form5);

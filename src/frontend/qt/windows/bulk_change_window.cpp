@@ -20,7 +20,7 @@ QWidget* makeBulkChangeWindow(BulkChangeDialog& form) {
   cells->addWidget(noteFor(form.Label3), cells->rowCount(), 0, 1, 3);
   addField(cells, form.Label2, form.Text2);
   cells->addWidget(noteFor(form.Label4), cells->rowCount(), 0, 1, 3);
-  auto* const rows = new QVBoxLayout(window);
+  QBoxLayout* const rows = rowsOf(window);
   rows->addLayout(cells);
   rows->addLayout(buttonRow({&form.Command1, &form.Command2}));
   bindWindow(window, form);

@@ -17,6 +17,7 @@ namespace {
 constexpr int boxWidth = 96;
 constexpr int buttonWidth = 88;
 constexpr int noteWidth = 300;
+constexpr int titleWidth = 320;
 
 // The active window may be a dialog that is just closing.
 QWidget* mainWindow() {
@@ -32,6 +33,13 @@ QDialog* newDialog() {
   auto* const dialog = new QDialog(mainWindow());
   dialog->setModal(true);
   return dialog;
+}
+
+QBoxLayout* rowsOf(QDialog* dialog) {
+  auto* const rows = new QVBoxLayout(dialog);
+  rows->setSizeConstraint(QLayout::SetFixedSize);
+  rows->addStrut(titleWidth);
+  return rows;
 }
 
 QLabel* labelFor(Label& record) {

@@ -17,6 +17,8 @@ class QWidget;
 
 // A dialog over the main window that takes all input.
 QDialog* newDialog();
+// The rows of a dialog that is as large as its contents, and wide enough for its title.
+QBoxLayout* rowsOf(QDialog* dialog);
 
 QLabel* labelFor(Label& record);
 // A label of several lines where its text is long.

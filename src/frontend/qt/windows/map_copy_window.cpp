@@ -26,7 +26,7 @@ QWidget* makeFrame(MapCopyDialog& form) {
 
 QWidget* makeMapCopyWindow(MapCopyDialog& form) {
   QDialog* const window = newDialog();
-  auto* const rows = new QVBoxLayout(window);
+  QBoxLayout* const rows = rowsOf(window);
   rows->addWidget(makeFrame(form));
   rows->addLayout(buttonRow({&form.Command1, &form.Command2}));
   bindWindow(window, form);

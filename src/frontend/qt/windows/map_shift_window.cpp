@@ -10,7 +10,7 @@ QWidget* makeForm11Window();
 
 QWidget* makeForm11Window() {
   QDialog* const window = newDialog();
-  auto* const rows = new QVBoxLayout(window);
+  QBoxLayout* const rows = rowsOf(window);
   rows->addWidget(optionsFor({{form11.Option1, form11.Label1}, {form11.Option2, form11.Label2}}));
   rows->addSpacing(6);
   rows->addWidget(checkFor(form11.Check1));

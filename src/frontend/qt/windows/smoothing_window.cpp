@@ -15,7 +15,7 @@ QWidget* makeForm10Window() {
   cells->setColumnStretch(2, 1);
   addField(cells, form10.Label1, form10.Text1);
   cells->addWidget(noteFor(form10.Label2), cells->rowCount(), 0, 1, 3);
-  auto* const rows = new QVBoxLayout(window);
+  QBoxLayout* const rows = rowsOf(window);
   rows->addLayout(cells);
   rows->addLayout(buttonRow({&form10.Command1, &form10.Command2}));
   bindWindow(window, form10);
