@@ -147,6 +147,8 @@ void QtDesktop::hideWindow(Window& window) {
   QWidget* const widget = windows_.value(&window);
   if (!widget) return;
   widget->hide();
+  // The next opening starts at the record's first control.
+  if (QWidget* const last = widget->focusWidget()) last->clearFocus();
   if (QWidget* const below = widget->parentWidget()) below->activateWindow();
 }
 
