@@ -13,16 +13,14 @@
 
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
+#include "plain_hex_reader.h"
 #include "platform/failure.h"
+#include "scratch_folder.h"
 
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 constexpr std::int64_t noLimit = std::numeric_limits<std::int32_t>::max();
-
-std::span<const std::uint8_t> bytesOf(std::string_view text) {
-  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
 
 // Nothing when the reader fails as it should: with badSubscript.
 std::optional<Bytes> read(std::string_view text, std::int64_t capacity = imageHexCapacity) {
@@ -147,47 +145,6 @@ TEST(IntelHexField, ReadsDigitsUpToTheFirstOther) {
   for (const auto& [text, value] : cases) EXPECT_EQ(hexField(text), value) << text;
 }
 
-// The reader in the words of its contract, one field after the other and no shortcut.
-std::optional<Bytes> readPlainly(std::string_view text, std::int64_t capacity) {
-  std::vector<std::string> lines;
-  std::string line;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\r') {
-      line += text[i];
-      continue;
-    }
-    lines.push_back(line);
-    line.clear();
-    ++i;
-  }
-  if (std::ssize(lines) > maximumHexLines) return std::nullopt;
-  const auto columns = [&](std::size_t first, std::size_t count) {
-    return line.size() < first ? std::string() : line.substr(first - 1, count);
-  };
-  Bytes bytes;
-  std::int64_t position = 0;
-  const auto store = [&](std::int32_t value) {
-    if (position < 0 || position >= capacity) return false;
-    bytes.push_back(static_cast<std::uint8_t>(value));
-    ++position;
-    return true;
-  };
-  for (const std::string& next : lines) {
-    line = next;
-    if (columns(1, 3) == ":00" || columns(1, 3) == ":02") continue;
-    const std::int32_t address = position == 0 ? hexField(columns(4, 4)) : 0;
-    for (std::int32_t i = 0; i < address; ++i) {
-      if (!store(0xFF)) return std::nullopt;
-    }
-    if (address < 0) position = address;
-    const auto last = 8 + 2 * static_cast<std::size_t>(hexField(columns(2, 2)));
-    for (std::size_t c = 10; c <= last; c += 2) {
-      if (!store(hexField(columns(c, 2)))) return std::nullopt;
-    }
-  }
-  return bytes.empty() ? std::nullopt : std::optional(bytes);
-}
-
 // Changes, drops and doubles bytes, with a liking for what the format is made of.
 std::string damaged(std::string text, std::mt19937& random) {
   constexpr std::string_view likely = "\r\n:0012789AFfGg \xFF";
@@ -217,7 +174,7 @@ TEST(IntelHexReader, DamagedFilesGiveWhatAPlainReaderGives) {
   for (unsigned round = 0; round < 3000; ++round) {
     const std::string text = damaged(intelHexText(randomBytes(random() % 700 + 1, round)), random);
     const auto capacity = static_cast<std::int64_t>(random() % 2000);
-    ASSERT_EQ(read(text, capacity), readPlainly(text, capacity)) << round << "\n" << text;
+    ASSERT_EQ(read(text, capacity), readHexPlainly(text, capacity)) << round << "\n" << text;
   }
 }
 
