@@ -6,6 +6,7 @@
 #include <iterator>
 #include <random>
 
+#include "frontend/form1_loading.h"
 #include "frontend/startup.h"
 #include "platform/text_encoding.h"
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/address_map.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/file_command.h"

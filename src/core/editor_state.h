@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/address_map.h"
+#include "core/map_entries.h"
 
 using RomImage = std::vector<std::uint8_t>;
 

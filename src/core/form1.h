@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-#include "core/address_map.h"
+#include "core/map_entries.h"
 #include "platform/canvas.h"
 #include "platform/controls.h"
 #include "platform/grid.h"

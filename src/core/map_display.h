@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "core/address_map.h"
+#include "core/map_entries.h"
 #include "platform/colour.h"
 
 // Draws one map; all numbers come from its MapEntry. `bytes` is the airflow map's length. A failure

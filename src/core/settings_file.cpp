@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "core/address_map.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/engine_summary.h"

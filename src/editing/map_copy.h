@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "core/address_map.h"
+#include "core/map_entries.h"
 #include "core/wording.h"
 #include "platform/controls.h"
 #include "platform/window.h"

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/address_map.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "frontend/main_menu.h"

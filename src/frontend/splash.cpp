@@ -2,7 +2,7 @@
 
 #include "core/editor_state.h"
 #include "core/form1.h"
-#include "frontend/startup.h"
+#include "frontend/form1_loading.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
 

@@ -1,4 +1,4 @@
-// The order in which the program comes up.
+// The start of a run.
 #pragma once
 
 #include <string>
@@ -6,6 +6,3 @@
 // Starts the program whose folder is `appPath`: the desktop is in force, the splash window shows,
 // and the main window stands ready behind it.
 void startProgram(const std::string& appPath);
-
-// Loads the main window, if it isn't yet: settings, address map, captions, layout, start image.
-void loadForm1();

@@ -141,10 +141,6 @@ void ListBox::userSelect(int index) {
   run(onChange);
 }
 
-void Button::userClick() {
-  if (takesInput()) run(onClick);
-}
-
 void TabStrip::setCaption(int number, std::string text) {
   assign(tabs_.at(static_cast<std::size_t>(number - 1)).caption, std::move(text));
 }

@@ -1,5 +1,5 @@
-// The small control records: label, frame, text box, check box, option, list, button, tab strip,
-// progress bar, menu item and timer. Grid and canvas have files of their own.
+// The small control records: label, frame, text box, check box, option, list, tab strip, progress
+// bar, menu item and timer. Button, grid and canvas have files of their own.
 #pragma once
 
 #include <cstddef>
@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/button.h"
 #include "platform/colour.h"
 #include "platform/control.h"
 #include "platform/window.h"
@@ -165,20 +166,6 @@ class ListBox : public Control {
  private:
   std::vector<std::string> items_;
   int index_ = -1;
-};
-
-class Button : public Control {
- public:
-  explicit Button(Window& owner, std::string caption = {})
-      : Control(owner), caption_(std::move(caption)) {}
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string text) { assign(caption_, std::move(text)); }
-
-  void userClick();
-  std::function<void()> onClick;
-
- private:
-  std::string caption_;
 };
 
 class TabStrip : public Control {

@@ -1,6 +1,6 @@
 #include "platform/window.h"
 
-#include "platform/controls.h"
+#include "platform/button.h"
 #include "platform/desktop.h"
 
 void Window::setCaption(std::string text) {
@@ -73,4 +73,26 @@ void Window::moveFocus(Control* to) {
   focus_ = to;
   if (from && from->onLostFocus) from->onLostFocus();
   if (focus_ == to && to) to->gotFocus();
+}
+
+// What a control asks of its window.
+
+bool Control::takesInput() const { return enabled_ && window_->takesInput(); }
+
+void Control::setFocus() {
+  if (!enabled_) return;
+  window_->moveFocus(this);
+  tell({Change::focus});
+}
+
+void Control::userFocus() {
+  if (takesInput()) window_->moveFocus(this);
+}
+
+void Control::userLeave() {
+  if (window_->focus_ == this) window_->moveFocus(nullptr);
+}
+
+void Control::gotFocus() {
+  if (onGotFocus) onGotFocus();
 }

@@ -1,0 +1,5 @@
+#include "platform/button.h"
+
+void Button::userClick() {
+  if (takesInput() && onClick) onClick();
+}
