@@ -1,5 +1,6 @@
 #include "frontend/qt/bind_controls.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -16,6 +17,7 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTimer>
+#include <algorithm>
 #include <memory>
 
 #include "frontend/qt/event_tap.h"
@@ -116,6 +118,11 @@ bool filterTextKeys(QLineEdit* widget, const TextBox& record, QEvent* event) {
   return key != 0 && !record.acceptsKey(key);
 }
 
+int typingLimit(const TextBox& record) {
+  constexpr int unlimited = 32767;
+  return record.maxLength() > 0 ? record.maxLength() : unlimited;
+}
+
 void showProgress(QProgressBar* widget, int value) {
   const QSignalBlocker quiet(widget);
   widget->setValue(value);
@@ -125,12 +132,16 @@ void showProgress(QProgressBar* widget, int value) {
 
 void bind(QLabel* widget, Label& record) {
   widget->setTextFormat(Qt::PlainText);
-  follow(widget, record, [widget, &record] {
+  follow(widget, record, [widget, &record, colour = black]() mutable {
     widget->setText(shown(record.caption()));
     if (widget->parentWidget() && !widget->parentWidget()->layout()) widget->adjustSize();
-    if (record.colour() == black) return;
+    if (record.colour() == colour) return;
+    colour = record.colour();
     QPalette palette = widget->palette();
-    palette.setColor(QPalette::WindowText, shown(record.colour()));
+    // Black stands for the desktop's own colour of text.
+    palette.setColor(QPalette::WindowText, colour == black
+                                               ? QApplication::palette().color(QPalette::WindowText)
+                                               : shown(colour));
     widget->setPalette(palette);
   });
   if (!record.onClick) return;
@@ -144,19 +155,21 @@ void bind(QGroupBox* widget, Frame& record) {
 }
 
 void bind(QLineEdit* widget, TextBox& record) {
-  constexpr int unlimited = 32767;
   // An input method would bring characters past the key filter.
   if (record.keyFilter) widget->setAttribute(Qt::WA_InputMethodEnabled, false);
   follow(
       widget, record,
       [widget, &record] {
-        widget->setMaxLength(record.maxLength() > 0 ? record.maxLength() : unlimited);
         const QString text = shown(record.text());
+        // The limit is the user's; the program may show more.
+        widget->setMaxLength(std::max(typingLimit(record), static_cast<int>(text.size())));
         if (widget->text() != text) widget->setText(text);
       },
       [widget] { widget->selectAll(); });
-  QObject::connect(widget, &QLineEdit::textEdited,
-                   [&record](const QString& text) { record.userEdit(stored(text)); });
+  QObject::connect(widget, &QLineEdit::textEdited, [widget, &record] {
+    widget->setMaxLength(typingLimit(record));
+    record.userEdit(stored(widget->text()));
+  });
   forwardFocus(widget, record);
   tapEvents(widget,
             [widget, &record](QEvent* event) { return filterTextKeys(widget, record, event); });
