@@ -15,6 +15,7 @@
 #include <array>
 
 #include "frontend/qt/bind_menu.h"
+#include "frontend/qt/grid_view.h"
 #include "frontend/qt/sound.h"
 #include "frontend/qt/text.h"
 #include "frontend/qt/windows/windows.h"
