@@ -14,6 +14,9 @@
 
 namespace {
 
+// How long a release waits for the press that would make it a repeat's.
+constexpr int repeatMilliseconds = 20;
+
 char32_t character(const QKeyEvent& event) {
   const auto characters = event.text().toUcs4();
   return characters.isEmpty() ? 0 : characters.front();
@@ -86,6 +89,9 @@ CanvasView::CanvasView(Canvas& record, QWidget* parent) : QWidget(parent), recor
   setFixedSize(record.width(), record.height());
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
+  release_.setSingleShot(true);
+  release_.setInterval(repeatMilliseconds);
+  connect(&release_, &QTimer::timeout, this, &CanvasView::releaseHeldKey);
   record.observer = [this](const Change& change) {
     if (change.kind == Change::focus) return setFocus(Qt::OtherFocusReason);
     if (change.kind == Change::repaint) return repaint();
@@ -113,20 +119,33 @@ void CanvasView::paintEvent(QPaintEvent*) {
 void CanvasView::keyPressEvent(QKeyEvent* event) {
   const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
   if (command || forTheWindow(*event)) return event->ignore();
-  heldKey_ = keyCode(*event);
-  record_.userKeyDown(*heldKey_);
+  const bool repeated = isHeld(*event) && event->timestamp() == releasedAt_;
+  if (release_.isActive() && !repeated) releaseHeldKey();
+  release_.stop();
+  heldKey_ = HeldKey{keyCode(*event), event->nativeScanCode()};
+  record_.userKeyDown(heldKey_->code);
   if (const char32_t typed = character(*event)) record_.userKey(typed);
 }
 
+// The toolkit doesn't always know a repeat's release for one: then the next press comes behind it
+// with the same time stamp.
 void CanvasView::keyReleaseEvent(QKeyEvent* event) {
-  if (event->isAutoRepeat()) return;
-  if (heldKey_ && *heldKey_ == keyCode(*event)) releaseHeldKey();
+  if (event->isAutoRepeat() || !isHeld(*event)) return;
+  releasedAt_ = event->timestamp();
+  release_.start();
+}
+
+// The same key may bring another character at its release, when Shift was released before it.
+bool CanvasView::isHeld(const QKeyEvent& event) const {
+  return heldKey_ && heldKey_->scanCode == event.nativeScanCode();
 }
 
 void CanvasView::releaseHeldKey() {
-  const int key = *heldKey_;
+  release_.stop();
+  if (!heldKey_) return;
+  const int code = heldKey_->code;
   heldKey_.reset();
-  record_.userKeyUp(key);
+  record_.userKeyUp(code);
 }
 
 void CanvasView::mousePressEvent(QMouseEvent*) {
@@ -141,7 +160,7 @@ void CanvasView::focusInEvent(QFocusEvent* event) {
 
 void CanvasView::focusOutEvent(QFocusEvent* event) {
   // The release of a key that is held now would go to someone else.
-  if (heldKey_) releaseHeldKey();
+  releaseHeldKey();
   QWidget::focusOutEvent(event);
   forwardFocusOut(record_, event->reason());
 }

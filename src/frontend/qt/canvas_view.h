@@ -2,7 +2,9 @@
 // and presses. Labels may be placed on it as children.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
+#include <cstdint>
 #include <optional>
 
 #include "platform/canvas.h"
@@ -25,10 +27,17 @@ class CanvasView : public QWidget {
 
  private:
   void showValues();
+  bool isHeld(const QKeyEvent& event) const;
   void releaseHeldKey();
 
+  struct HeldKey {
+    int code;
+    std::uint32_t scanCode;
+  };
   Canvas& record_;
-  std::optional<int> heldKey_;
+  std::optional<HeldKey> heldKey_;
+  QTimer release_;
+  unsigned long long releasedAt_ = 0;  // time stamp of the event
 };
 
 // Places a label on the canvas; presses go through it to the canvas.
