@@ -35,7 +35,8 @@ Form5 form5;
 Form5::Form5() : Window("Form5"), Grid1(*this, rows + 1, columns + 1, 1, 1, tableLook) {
   onLoad = [this] { fill(); };
   Command1.onClick = [this] { closeDialog(*this); };
-  closeButton = &Command1;
+  defaultButton = &Command1;
+  cancelButton = &Command1;
   firstFocus = &Command1;
 }
 

@@ -71,7 +71,8 @@ DrGraph::DrGraph()
   Label20.setColour(comparedRed);
   Label17.setColour(red);
   Label13.setColour(lightOrange);
-  closeButton = &Command1;
+  defaultButton = &Command2;
+  cancelButton = &Command1;
   firstFocus = &Picture1;
   Text2.keyFilter = digitKey;
 }

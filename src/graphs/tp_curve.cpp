@@ -141,7 +141,8 @@ void wireTpGraph() {
 D2Graph::D2Graph() : Window("D2_GRAPH") {
   Label1.setColour(orange);
   Label2.setColour(orange);
-  closeButton = &Command2;
+  defaultButton = &Command1;
+  cancelButton = &Command2;
   firstFocus = &Picture1;
 }
 

@@ -193,8 +193,10 @@ bool GridView::moveByKey(const QKeyEvent& event) {
 
 bool GridView::editByKey(const QKeyEvent& event) {
   const int key = event.key();
-  if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_F2) return false;
-  if (!record_.onDoubleClick) return false;
+  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  // In a dialog Enter belongs to the default button.
+  if (enter && record_.window().defaultButton) return false;
+  if ((!enter && key != Qt::Key_F2) || !record_.onDoubleClick) return false;
   record_.userDoubleClick();
   return true;
 }
