@@ -38,8 +38,8 @@ set(CPACK_DEBIAN_PACKAGE_SUGGESTS "gnome-calculator | kcalc | galculator")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Editor for ROM images of engine control units")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "ZELKOVA shows the maps, scales and limits of an engine control unit's ROM image
- as coloured grids, curves and surfaces, and lets a tuner change them. What lies
- where is told by an address map, a short text file for each car model. Images
- are read and written as raw binary, Intel HEX and odd/even pairs. The program
- speaks Japanese and English, and a manual and a made-up car come with it.")
+as coloured grids, curves and surfaces, and lets a tuner change them. What lies
+where is told by an address map, a short text file for each car model. Images
+are read and written as raw binary, Intel HEX and odd/even pairs. The program
+speaks Japanese and English, and a manual and a made-up car come with it.")
 include(CPack)
