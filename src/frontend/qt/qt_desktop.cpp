@@ -42,6 +42,7 @@ bool written(QSettings& store) {
 
 // In the middle of the other window, or of the screen as long as that window isn't shown.
 void centre(QWidget* widget, const QWidget* other) {
+  for (GridView* grid : widget->findChildren<GridView*>()) grid->applyChanges();
   widget->adjustSize();
   const QRect frame =
       other && other->isVisible() ? other->frameGeometry() : widget->screen()->availableGeometry();
