@@ -102,8 +102,7 @@ TEST_F(Boost, AFailureEndsItSilentlyWhereItStands) {
   struct Case {
     const char* cell;  // the third TP value
     int cylinders, injectorSize;
-    const char* fuelRow;
-    const char* fireRow;
+    const char *fuelRow, *fireRow;
   };
   const char* const untouched = "old old old old old ";
   const Case cases[] = {

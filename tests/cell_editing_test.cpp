@@ -2,6 +2,8 @@
 // keys on a selection, and the menu of the right button.
 #include "editing/cell_editing.h"
 
+#include <algorithm>
+
 #include "calc/engine_specification.h"
 #include "core/map_display.h"
 #include "editing/selection.h"
@@ -33,8 +35,7 @@ TEST_F(CellEditing, EntriesAreRoundedLimitedAndPainted) {
   editorState.gridColorRate = 2;
   struct Case {
     Grid& grid;
-    const char* answer;
-    const char* text;
+    const char *answer, *text;
     int blue;
   };
   const Case cases[] = {
@@ -78,28 +79,17 @@ TEST_F(CellEditing, ThePromptTellsTheRangeInTheLanguageInForce) {
   load();
   form.Grid1.setText(1, 1, " 7.5");
   form.Grid5.setText(1, 1, "65535");
-  struct Case {
-    int english;
-    Grid& grid;
-    const char* title;
-    const char* text;
-    const char* preset;
-  };
-  const Case cases[] = {
-      {1, form.Grid1, "Data change", "Data?\r\n\r\nFor a size of data that I can set up, 0 - 255",
-       "8"},
-      {0, form.Grid1, "データ変更", "データは？\r\n\r\n設定できるデータの大きさは、0-255", "8"},
-      {1, form.Grid5, "Data change", "Data?\r\n\r\nFor a size of data that I can set up, 0 - 65535",
-       "65535"},
-      {0, form.Grid5, "データ変更", "データは？\r\n\r\n設定できるデータの大きさは、0-65535",
-       "65535"},
-  };
-  for (const Case& c : cases) {
-    editorState.english = c.english;
-    enterCell(c.grid, 1, 1, "");
-    EXPECT_EQ(desk.prompts.back().title, c.title);
-    EXPECT_EQ(desk.prompts.back().text, c.text);
-    EXPECT_EQ(desk.prompts.back().answer, c.preset);
+  const std::string english =
+      "Data change: Data?\r\n\r\nFor a size of data that I can set up, 0 - ";
+  const std::string japanese = "データ変更: データは？\r\n\r\n設定できるデータの大きさは、0-";
+  for (const auto& [language, words] : {std::pair{1, english}, std::pair{0, japanese}}) {
+    editorState.english = language;
+    for (const bool airflow : {false, true}) {
+      enterCell(airflow ? form.Grid5 : form.Grid1, 1, 1, "");
+      const TextPrompt& prompt = desk.prompts.back();
+      EXPECT_EQ(prompt.title + ": " + prompt.text, words + (airflow ? "65535" : "255"));
+      EXPECT_EQ(prompt.answer, airflow ? "65535" : "8");
+    }
   }
 }
 
@@ -130,9 +120,7 @@ TEST_F(CellEditing, StepsStopAtTheLimits) {
   load();
   struct Case {
     Grid& grid;
-    const char* before;
-    const char* raised;
-    const char* lowered;
+    const char *before, *raised, *lowered;
     int raisedBlue;
   };
   // The additional map shows bytes doubled; an airflow word's colour is rounded ties to even.
@@ -163,8 +151,7 @@ TEST_F(CellEditing, StepsStopAtTheLimits) {
 TEST_F(CellEditing, KeysAreWhatTheSettingsAssign) {
   load();
   struct Case {
-    const char* plus;
-    const char* minus;
+    const char *plus, *minus;
     char32_t key;
     const char* after;
   };
@@ -186,21 +173,18 @@ TEST_F(CellEditing, KeysAreWhatTheSettingsAssign) {
 
 TEST_F(CellEditing, SelectionsStepAsABlockPaintedOnceAndStaySelected) {
   load();
-  const GridSelection selections[] = {{1, 1, 1, 1}, {2, 3, 4, 5}, {4, 5, 2, 3},
-                                      {2, 5, 4, 3}, {4, 3, 2, 5}, {4, 8, 1, 1}};
   Grid& grid = form.Grid1;
-  for (const GridSelection& selection : selections) {
-    for (int r = 1; r <= 4; ++r) {
-      for (int c = 1; c <= 8; ++c) grid.setText(r, c, "100");
-    }
+  for (const GridSelection& selection : std::initializer_list<GridSelection>{
+           {1, 1, 1, 1}, {2, 3, 4, 5}, {4, 5, 2, 3}, {2, 5, 4, 3}, {4, 3, 2, 5}, {4, 8, 1, 1}}) {
+    for (int cell = 0; cell < 32; ++cell) grid.setText(cell / 8 + 1, cell % 8 + 1, "100");
     grid.userSelect(selection);
-    const GridBlock block = grid.block();
     EXPECT_EQ(repaintsOf(grid, [&grid] { grid.userKey('+'); }), 1);
     EXPECT_EQ(grid.selection(), selection);
+    const GridBlock block = grid.block();
     for (int r = 1; r <= 4; ++r) {
       for (int c = 1; c <= 8; ++c) {
-        const bool inside =
-            r >= block.top && r <= block.bottom && c >= block.left && c <= block.right;
+        const bool inside = std::clamp(r, block.top, block.bottom) == r &&
+                            std::clamp(c, block.left, block.right) == c;
         EXPECT_EQ(grid.text(r, c), inside ? "101" : "100") << r << ' ' << c;
       }
     }

@@ -31,35 +31,24 @@ class EngineSpecification : public ProgramTest {
 
 TEST_F(EngineSpecification, OpensOverTheMainWindowInBothLanguages) {
   start();
-  struct Case {
-    int english;
-    std::array<const char*, 7> texts;
-  };
-  const Case cases[] = {
-      {1,
-       {"Specification set up", "Exhaust quantity", "Injector blast-off quantity",
-        "Cylinder number", "I input exhaust quantity of an engine.",
-        "I input injector around 1 capacity.", "I input a cylinder number of an engine."}},
-      {0,
-       {"仕様設定", "排気量", "インジェクター噴射量", "気筒数",
-        "エンジンの総排気量を入力してください。",
-        "インジェクター１本あたりの噴射量を入力してください。",
-        "エンジンの気筒数を入力してください。"}}};
-  for (const Case& c : cases) {
-    editorState.english = c.english;
+  const char* const japanese =
+      "仕様設定|排気量|インジェクター噴射量|気筒数|エンジンの総排気量を入力してください。|"
+      "インジェクター１本あたりの噴射量を入力してください。|エンジンの気筒数を入力してください。";
+  const char* const english =
+      "Specification set up|Exhaust quantity|Injector blast-off quantity|Cylinder number|"
+      "I input exhaust quantity of an engine.|I input injector around 1 capacity.|"
+      "I input a cylinder number of an engine.";
+  for (const auto& [language, texts] : {std::pair{1, english}, std::pair{0, japanese}}) {
+    editorState.english = language;
     open();
-    EXPECT_EQ((std::array{form2.caption(), form2.Label1.caption(), form2.Label2.caption(),
-                          form2.Label5.caption(), form2.Text1.toolTip(), form2.Text2.toolTip(),
-                          form2.Text3.toolTip()}),
-              (std::array<std::string, 7>{c.texts[0], c.texts[1], c.texts[2], c.texts[3],
-                                          c.texts[4], c.texts[5], c.texts[6]}));
+    EXPECT_EQ(form2.caption() + '|' + form2.Label1.caption() + '|' + form2.Label2.caption() + '|' +
+                  form2.Label5.caption() + '|' + form2.Text1.toolTip() + '|' +
+                  form2.Text2.toolTip() + '|' + form2.Text3.toolTip(),
+              texts);
     EXPECT_EQ(form2.Text3.text(), "0");
-    EXPECT_FALSE(form1().enabled());
-    EXPECT_TRUE(form2.topmost());
-    EXPECT_EQ(form2.centredOn(), &form1());
+    EXPECT_TRUE(!form1().enabled() && form2.topmost() && form2.centredOn() == &form1());
     form2.userClose();
-    EXPECT_TRUE(form1().enabled());
-    EXPECT_FALSE(form2.loaded() || form2.topmost());
+    EXPECT_TRUE(form1().enabled() && !form2.loaded() && !form2.topmost());
   }
 }
 

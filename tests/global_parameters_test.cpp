@@ -66,8 +66,7 @@ TEST_F(GlobalParameters, WhatStandsInABoxIsStored) {
   struct Case {
     ParamId id;
     int bytes;
-    const char* scale;
-    const char* pasted;
+    const char *scale, *pasted;
     Bytes stored;
     bool fails = false;
   };
@@ -84,6 +83,7 @@ TEST_F(GlobalParameters, WhatStandsInABoxIsStored) {
       {REV2_LIMIT, 2, "1", "", {0, 0, 3}},
       {REV2_LIMIT, 3, "1", "70000x", {0x01, 0x11, 0x70, 4}},
       {SPEED1_LIMIT, 2, "1", "-1", {0xFF, 0xFF, 3}},
+      {SPEED1_LIMIT, 4, "2", "-3", {0xFF, 0xFF, 0xFF, 0xFE, 5}},
       {SPEED1_LIMIT, 2, "-2.5", "-8", {0, 3, 3}},
       {SPEED2_LIMIT, 2, "0", "7", kept, true},
       {SPEED2_LIMIT, 2, "1", "1e400", kept, true},

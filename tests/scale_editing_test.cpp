@@ -35,11 +35,8 @@ TEST_F(ScaleEditing, EntriesAreLimitedByTheScaleTheyBelongTo) {
   const char* const bare = "Data?\r\n\r\n";
   struct Case {
     Grid& grid;
-    int row;
-    int column;
-    const char* answer;
-    const char* text;
-    const char* question;
+    int row, column;
+    const char *answer, *text, *question;
   };
   const Case cases[] = {
       {form.TP_FUEL, 1, 2, "300", "255", range},
@@ -71,9 +68,7 @@ TEST_F(ScaleEditing, StepsFollowEachScalesOwnStepAndLimit) {
   struct Case {
     Grid& grid;
     int row;
-    const char* before;
-    const char* raised;
-    const char* lowered;
+    const char *before, *raised, *lowered;
   };
   const Case cases[] = {
       {form.TP_FUEL, 1, "255", "255", "254"},
