@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "frontend/qt/bind_controls.h"
+#include "frontend/qt/event_tap.h"
 #include "frontend/qt/grid_header.h"
 #include "frontend/qt/grid_model.h"
 #include "frontend/qt/grid_painting.h"
@@ -31,9 +32,7 @@ GridView::GridView(Grid& record, QWidget* parent)
   policy.setRetainSizeWhenHidden(true);
   setSizePolicy(policy);
   viewport()->setBackgroundRole(QPalette::Window);
-  if (auto* const corner = findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)) {
-    corner->installEventFilter(this);
-  }
+  tapCorner();
   record.observer = [this](const Change& change) { observe(change); };
   shapeChanged_ = true;
   applyChanges();
@@ -241,10 +240,13 @@ void GridView::paintSelection(QPainter& painter) const {
 }
 
 // The corner stands for the fixed cell in row 0 and column 0.
-bool GridView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::Paint) return QTableView::eventFilter(watched, event);
-  auto* const corner = static_cast<QWidget*>(watched);
-  QPainter painter(corner);
-  paintHeaderCell(painter, corner->rect(), record_, 0, 0, *this);
-  return true;
+void GridView::tapCorner() {
+  auto* const corner = findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+  if (!corner) return;
+  tapEvents(corner, [this, corner](QEvent* event) {
+    if (event->type() != QEvent::Paint) return false;
+    QPainter painter(corner);
+    paintHeaderCell(painter, corner->rect(), record_, 0, 0, *this);
+    return true;
+  });
 }

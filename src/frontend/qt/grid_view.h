@@ -29,7 +29,6 @@ class GridView : public QTableView {
   void selectAll() override;
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
@@ -53,6 +52,7 @@ class GridView : public QTableView {
 
   // Set-up, observing and sizes: grid_view.cpp
   void setUpHeader(QHeaderView* header);
+  void tapCorner();
   void observe(const Change& change);
   void schedule();
   void showShape();

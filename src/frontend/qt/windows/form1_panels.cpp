@@ -11,12 +11,13 @@
 #include "frontend/qt/canvas_view.h"
 #include "frontend/qt/grid_view.h"
 #include "frontend/qt/look.h"
+#include "frontend/qt/windows/dialog_parts.h"
 
 namespace {
 
 constexpr int airflowTab = 5;
 constexpr int globalTab = 14;
-constexpr int boxWidth = 96;
+constexpr int boxWidth = 84;
 
 // The scales beside a map: load above it, engine speed at its side under a heading.
 struct Scales {
@@ -67,12 +68,6 @@ constexpr SmallGrid smallGrids[] = {
     {&F::Label2, &F::Grid8},
     {&F::Label18, &F::Grid9},
 };
-
-QLabel* labelFor(Label& record) {
-  auto* const label = new QLabel;
-  bind(label, record);
-  return label;
-}
 
 // The rest of the panel stays empty to the right and below.
 void keepToTheCorner(QGridLayout* cells) {
@@ -140,38 +135,35 @@ QWidget* makeParameters(const Row (&rows)[size], Label* note) {
   return group;
 }
 
-QLayout* makeSmallGrids() {
+void addSmallGrids(QVBoxLayout* rows) {
   Form1& form = form1();
-  auto* const cells = new QGridLayout;
-  int count = 0;
   for (const SmallGrid& each : smallGrids) {
-    auto* const column = new QVBoxLayout;
-    column->setSpacing(3);
-    column->addWidget(labelFor(form.*each.label));
-    column->addWidget(new GridView(form.*each.grid));
-    column->addStretch();
-    cells->addLayout(column, count / 2, count % 2);
-    ++count;
+    rows->addWidget(labelFor(form.*each.label));
+    rows->addWidget(new GridView(form.*each.grid));
+    rows->addSpacing(6);
   }
-  cells->setColumnStretch(2, 1);
-  return cells;
 }
 
 void addGlobals(QGridLayout* cells) {
   auto* const content = new QWidget;
   auto* const parameters = new QHBoxLayout;
+  parameters->setSpacing(10);
   parameters->addWidget(makeParameters(hexRows, &form1().Label22));
   parameters->addWidget(makeParameters(speedRows, nullptr));
   parameters->addWidget(makeParameters(roadRows, nullptr));
   parameters->addStretch();
   auto* const rows = new QVBoxLayout(content);
+  rows->setSpacing(3);
   rows->addLayout(parameters);
-  rows->addLayout(makeSmallGrids());
+  rows->addSpacing(10);
+  addSmallGrids(rows);
   rows->addStretch();
   auto* const scroll = new QScrollArea;
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setWidgetResizable(true);
   scroll->setWidget(content);
+  scroll->viewport()->setAutoFillBackground(false);
+  content->setAutoFillBackground(false);
   cells->addWidget(scroll, 0, 0);
 }
 
@@ -194,7 +186,7 @@ QWidget* makePanel(int tab) {
   if (tab == globalTab) {
     addGlobals(cells);
   } else {
-    fillPanel(cells, tab)->setFocus();
+    panel->setFocusProxy(fillPanel(cells, tab));
     keepToTheCorner(cells);
   }
   return panel;

@@ -14,21 +14,17 @@
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/side_tabs.h"
+#include "frontend/qt/windows/dialog_parts.h"
 #include "frontend/qt/windows/form1_panels.h"
 
 QWidget* makeForm1Window();
 
 namespace {
 
-constexpr QSize openingSize(1000, 680);
+constexpr QSize openingSize(1060, 680);
 constexpr QSize smallestSize(640, 420);
 constexpr int progressWidth = 220;
-
-QLabel* labelFor(Label& record) {
-  auto* const label = new QLabel;
-  bind(label, record);
-  return label;
-}
+constexpr int progressHeight = 14;
 
 QLayout* makeHeadline(Form1& form) {
   auto* const model = labelFor(form.Label1);
@@ -67,6 +63,7 @@ void showFrontPanel(QStackedWidget* stack, const Form1& form) {
     panel = makePanel(form.frontPanel());
     panel->setObjectName(name);
     stack->addWidget(panel);
+    if (panel->focusProxy()) panel->focusProxy()->setFocus();
   }
   stack->setCurrentWidget(panel);
 }
@@ -75,6 +72,7 @@ QStatusBar* makeStatusBar(Form1& form) {
   auto* const progress = new QProgressBar;
   progress->setFixedWidth(progressWidth);
   progress->setTextVisible(false);
+  progress->setFixedHeight(progressHeight);
   bind(progress, form.ProgressBar1);
   auto* const bar = new QStatusBar;
   bar->addWidget(labelFor(form.Label13), 1);
@@ -103,7 +101,7 @@ QWidget* makeForm1Window() {
   window->resize(openingSize);
   const auto showPanel = [stack, &form] { showFrontPanel(stack, form); };
   showPanel();
-  if (QWidget* const first = stack->currentWidget()->focusWidget()) first->setFocus();
+  stack->currentWidget()->setFocus();
   bindWindow(window, form, showPanel);
   return window;
 }
