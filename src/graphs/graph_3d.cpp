@@ -76,28 +76,26 @@ std::int64_t comparedAddress(const Grid& grid) {
   return hexPrefix(grid.text(1, 0)) & 0xFFFF;
 }
 
-void projectCompared(std::int64_t address, const SurfaceExtent& extent,
-                     const Projection& projection) {
+void projectCompared(std::int64_t address, const SurfaceExtent& extent, const Ground& ground) {
   const std::int32_t threshold = thresholdOfBox();
+  graphState.compareScreenX = ground.x;
   for (int row = 1; row <= extent.rows; ++row) {
     for (int column = 1; column <= extent.columns; ++column) {
       const std::int64_t k = extent.stride * (row - 1) + column - 1;
       if (k >= extent.held) return;
       const int byte = editorState.compareImage[static_cast<std::size_t>(address + k)];
-      const CanvasPoint point = groundPoint(projection, column, row);
-      graphState.compareScreenX[at(column)][at(row)] = point.x;
       graphState.compareScreenY[at(column)][at(row)] =
-          raised(point.y, heightOf(byte, byte >= threshold));
+          raised(ground.y[at(row)], heightOf(byte, byte >= threshold));
     }
   }
 }
 
-void drawCompared(const Grid& grid, int columns, const Projection& projection) {
+void drawCompared(const Grid& grid, int columns, const Ground& ground) {
   const std::int64_t address = comparedAddress(grid);
   const auto imageBytes = static_cast<std::int64_t>(editorState.compareImage.size());
   const SurfaceExtent extent{graphState.columns, graphState.rows, columns,
                              std::max<std::int64_t>(imageBytes - address, 0)};
-  projectCompared(address, extent, projection);
+  projectCompared(address, extent, ground);
   DR_GRAPH.Picture1.clear();
   DR_GRAPH.Picture1.setVisible(false);
   drawSegments(surfaceWire(graphState.compareScreenX, graphState.compareScreenY, extent),
@@ -127,13 +125,12 @@ void readHeights(Grid& grid, const std::string& caption) {
   }
 }
 
-void projectEdited(const Projection& projection) {
+void projectEdited(const Ground& ground) {
+  graphState.screenX = ground.x;
   for (int row = 1; row <= graphState.rows; ++row) {
     for (int column = 1; column <= graphState.columns; ++column) {
-      const CanvasPoint point = groundPoint(projection, column, row);
-      graphState.screenX[at(column)][at(row)] = point.x;
       graphState.screenY[at(column)][at(row)] =
-          raised(point.y, graphState.heights[at(column)][at(row)]);
+          raised(ground.y[at(row)], graphState.heights[at(column)][at(row)]);
     }
   }
 }
@@ -177,16 +174,17 @@ void drawGraph3D(Grid& grid, std::int32_t columns, std::int32_t rows, const std:
   showBusyNotice();
   const Projection projection = projectionInForce();
   takeShape(grid, columns, rows);
+  const Ground ground = groundOf(projection, graphState.columns, graphState.rows);
   if (editorState.graphShowCompare == 0) {
     showLegend(true, false);
   } else if (editorState.compareLoaded > 0) {
     showLegend(true, true);
-    drawCompared(grid, columns, projection);
+    drawCompared(grid, columns, ground);
   } else {
     giveUpComparison();
   }
   if (keepHeights != 1) readHeights(grid, caption);
-  projectEdited(projection);
+  projectEdited(ground);
   drawEdited(projection);
   DR_GRAPH.Picture1.setVisible(true);
   DR_GRAPH.Label17.setVisible(false);

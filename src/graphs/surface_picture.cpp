@@ -1,6 +1,7 @@
 #include "graphs/surface_picture.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 
 namespace {

@@ -2,16 +2,10 @@
 // surface and the frame of its ground.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
 #include "graphs/projection.h"
-
-constexpr int graphCells = 40;  // at most so many columns, and so many rows
-
-// A number for each cell, by [column][row], both counted from 1.
-using GraphTable = std::array<std::array<std::int32_t, graphCells + 1>, graphCells + 1>;
 
 struct Segment {
   std::int32_t x1 = 0;

@@ -2,11 +2,6 @@
 
 void Canvas::clear() { items_.clear(); }
 
-void Canvas::lineTo(int x, int y) {
-  add({CanvasItem::line, pen_, x_, y_, x, y});
-  moveTo(x, y);
-}
-
 void Canvas::drawLine(int x1, int y1, int x2, int y2, Colour colour) {
   add({CanvasItem::line, colour, x1, y1, x2, y2});
 }

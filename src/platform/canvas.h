@@ -35,7 +35,10 @@ class Canvas : public Control {
     y_ = y;
   }
   // A line in the pen's colour from the last point; the end becomes the last point.
-  void lineTo(int x, int y);
+  void lineTo(int x, int y) {
+    add({CanvasItem::line, pen_, x_, y_, x, y});
+    moveTo(x, y);
+  }
   void drawLine(int x1, int y1, int x2, int y2, Colour colour);
   void drawOutline(int x1, int y1, int x2, int y2, Colour colour);
   void drawBar(int x1, int y1, int x2, int y2, Colour colour);
