@@ -115,7 +115,7 @@ std::int32_t hexField(std::string_view text) {
 }
 
 std::vector<std::uint8_t> readIntelHexOrNothing(std::span<const std::uint8_t> fileBytes,
-                                                std::int64_t capacity) {
+                                                std::int64_t capacity, std::int64_t maximumLines) {
   if (fileBytes.empty()) throw Failure(badSubscript);
   const std::string_view text(reinterpret_cast<const char*>(fileBytes.data()), fileBytes.size());
   Decoded decoded{{}, capacity};
@@ -125,7 +125,7 @@ std::vector<std::uint8_t> readIntelHexOrNothing(std::span<const std::uint8_t> fi
   std::size_t start = 0;
   for (auto end = text.find(carriageReturn); end != text.npos;
        end = text.find(carriageReturn, start)) {
-    if (++lines > maximumHexLines) throw Failure(badSubscript);
+    if (++lines > maximumLines) throw Failure(badSubscript);
     const std::string_view line = text.substr(start, end - start);
     start = end + 2;
     if (isPassedOver(line)) continue;

@@ -25,7 +25,8 @@ std::vector<std::uint8_t> readIntelHex(std::span<const std::uint8_t> fileBytes,
 
 // The same, but a file of records that give no byte gives none.
 std::vector<std::uint8_t> readIntelHexOrNothing(std::span<const std::uint8_t> fileBytes,
-                                                std::int64_t capacity);
+                                                std::int64_t capacity,
+                                                std::int64_t maximumLines = maximumHexLines);
 
 // The value of the hexadecimal digits at the start of a field of up to four characters, as a signed
 // 16-bit number; no digit gives 0.

@@ -32,32 +32,27 @@ constexpr std::array<DigitPair, 256> makeDigitPairs() {
 
 constexpr std::array<DigitPair, 256> digitPairs = makeDigitPairs();
 
-struct Line {
-  std::array<char, lineLength> characters;
-  std::size_t length = 0;
-  unsigned sum = 0;
-
-  void put(std::size_t value) {
-    const auto byte = static_cast<std::uint8_t>(value);
-    characters[length++] = digitPairs[byte][0];
-    characters[length++] = digitPairs[byte][1];
-    sum += byte;
-  }
-};
-
 void addRecord(std::string& text, std::size_t address, RecordType type,
                std::span<const std::uint8_t> data) {
-  Line line;
-  line.characters[line.length++] = ':';
-  line.put(data.size());
-  line.put(address >> 8);
-  line.put(address);
-  line.put(type);
-  for (const std::uint8_t byte : data) line.put(byte);
-  line.put(0 - line.sum);
-  line.characters[line.length++] = '\r';
-  line.characters[line.length++] = '\n';
-  text.append(line.characters.data(), line.length);
+  std::array<char, lineLength> line;
+  char* to = line.data();
+  unsigned sum = 0;
+  const auto put = [&to, &sum](std::uint8_t byte) {
+    const DigitPair& pair = digitPairs[byte];
+    *to++ = pair[0];
+    *to++ = pair[1];
+    sum += byte;
+  };
+  *to++ = ':';
+  put(static_cast<std::uint8_t>(data.size()));
+  put(static_cast<std::uint8_t>(address >> 8));
+  put(static_cast<std::uint8_t>(address));
+  put(type);
+  for (const std::uint8_t byte : data) put(byte);
+  put(static_cast<std::uint8_t>(0 - sum));
+  *to++ = '\r';
+  *to++ = '\n';
+  text.append(line.data(), to);
 }
 
 void addBase(std::string& text, RecordType type, std::size_t base) {
@@ -93,7 +88,8 @@ std::string intelHexText(std::span<const std::uint8_t> source) {
     offset += data.size();
     progress.reached(static_cast<std::int64_t>(offset));
   }
-  return text.append(lastLine);
+  text.append(lastLine);
+  return text;
 }
 
 void writeIntelHex(const std::string& path, std::span<const std::uint8_t> source) {
