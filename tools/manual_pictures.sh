@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Takes the manual's pictures anew from the real windows, on a virtual display of its own.
+# Usage: manual_pictures.sh PORTABLE_FOLDER [PICTURES_FOLDER]
+set -eu
+here=$(cd "$(dirname "$0")" && pwd)
+. "$here/display.sh"
+
+portable=$1
+pictures=${2:-$here/../docs/manual/pictures}
+fresh=$(mktemp -d)
+finish() {
+  stop_display
+  rm -rf "$fresh"
+}
+trap finish EXIT
+trap 'exit 130' INT TERM
+
+cp -r "$portable" "$fresh/portable"
+cp "$(dirname "$portable")/demo/zelkova.ini" "$fresh/portable/"
+mkdir -p "$pictures" "$fresh/config" "$fresh/home"
+start_display
+export LC_ALL=C.UTF-8 XDG_CONFIG_HOME=$fresh/config HOME=$fresh/home
+/usr/bin/python3 "$here/tour/manual_pictures.py" "$fresh/portable" "$pictures"
