@@ -75,10 +75,11 @@ QPushButton* buttonFor(Button& record) {
   return button;
 }
 
-void addField(QGridLayout* cells, Label& label, TextBox& box) {
+void addField(QGridLayout* cells, Label& label, TextBox& box, Label* unit) {
   const int line = cells->rowCount();
   cells->addWidget(labelFor(label), line, 0);
   cells->addWidget(boxFor(box), line, 1);
+  if (unit) cells->addWidget(labelFor(*unit), line, 2);
 }
 
 QWidget* optionsFor(std::initializer_list<LabelledOption> options) {

@@ -26,8 +26,8 @@ QLabel* noteFor(Label& record);
 QLineEdit* boxFor(TextBox& record);
 QWidget* checkFor(CheckBox& record);
 QPushButton* buttonFor(Button& record);
-// A label and its box in the next row of `cells`.
-void addField(QGridLayout* cells, Label& label, TextBox& box);
+// A label and its box, and the label of its unit if it has one, in the next row of `cells`.
+void addField(QGridLayout* cells, Label& label, TextBox& box, Label* unit = nullptr);
 // Options with the labels that tell what they mean, one below the other.
 struct LabelledOption {
   Option& option;

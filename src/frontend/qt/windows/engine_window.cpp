@@ -14,12 +14,9 @@ QWidget* makeForm2Window();
 QWidget* makeForm2Window() {
   QDialog* const window = newDialog();
   auto* const fields = new QGridLayout;
-  addField(fields, form2.Label1, form2.Text1);
-  addField(fields, form2.Label2, form2.Text2);
+  addField(fields, form2.Label1, form2.Text1, &form2.Label3);
+  addField(fields, form2.Label2, form2.Text2, &form2.Label4);
   addField(fields, form2.Label5, form2.Text3);
-  constexpr int unitColumn = 2;
-  fields->addWidget(labelFor(form2.Label3), 0, unitColumn);
-  fields->addWidget(labelFor(form2.Label4), 1, unitColumn);
   auto* const rows = new QVBoxLayout(window);
   rows->addLayout(fields);
   rows->addLayout(buttonRow({&form2.Command2, &form2.Command1}));
