@@ -25,36 +25,22 @@ class AddressEditor : public MapToolsTest {
   void menu(const char* name) { form6.menuBar.find(name)->userPick(); }
 };
 
-TEST_F(AddressEditor, DialogsTellThemselvesInBothLanguages) {
+TEST_F(AddressEditor, TheStartDialogLeadsToTheGrid) {
   loadCar();
-  const std::vector<std::string> captions[] = {
-      {"アドレス指定編集", "開始アドレス &H", "→ X軸", "↓ Ｙ軸", "開始アドレスは16進数で入力",
-       "何桁表示", "何段表示"},
-      {"Address designated editing", "Starting address. &H", "Horizontal", "Vertical",
-       "I input start addresses with HEX.", "Do you display it with any digits ?",
-       "Do you display it with any lines ?"}};
-  const std::vector<std::string> gridCaptions[] = {
-      {"アドレス指定編集", "編集", "コピー", "張り付け"},
-      {"Address designated editing", "Edit", "Copy", "Paste"}};
+  editorState.addressEditStart = 0x1C0;
   for (const int english : {0, 1}) {
     editorState.english = english;
-    editorState.addressEditStart = 0x1C0;
     pick("ADR_EDIT");
-    EXPECT_EQ((std::vector{form13.caption(), form13.Label1.caption(), form13.Label2.caption(),
-                           form13.Label3.caption(), form13.Text1.toolTip(), form13.Text2.toolTip(),
-                           form13.Text3.toolTip()}),
-              captions[english]);
     EXPECT_EQ(form13.Text1.text() + " " + form13.Text2.text() + " " + form13.Text3.text(),
               "1C0 16 16");
+    EXPECT_EQ(form13.Text1.toolTip(),
+              english ? "I input start addresses with HEX." : "開始アドレスは16進数で入力");
     form13.userEnter();
-    EXPECT_EQ((std::vector{form6.caption(), form6.menuBar.find("edit_02")->caption(),
-                           form6.menuBar.find("e_cpy")->caption(),
-                           form6.menuBar.find("HSARITUKE")->caption()}),
-              gridCaptions[english]);
-    EXPECT_EQ(form6.Frame1.caption(), "TARGET &H01C0  X:16  Y:16");
     EXPECT_TRUE(form6.topmost() && !form13.loaded() && !form1().enabled());
+    EXPECT_EQ(form6.Frame1.caption(), "TARGET &H01C0  X:16  Y:16");
     grid().userMouseDown(MouseButton::right);
-    EXPECT_EQ(desk.popUps.back()->name(), "edit_02");
+    ASSERT_EQ(desk.popUps.back()->name(), "edit_02");
+    EXPECT_EQ(desk.popUps.back()->children()[1]->caption(), english ? "Paste" : "張り付け");
     form6.userClose();
     EXPECT_TRUE(form1().enabled());
   }
@@ -103,10 +89,6 @@ TEST_F(AddressEditor, StretchesAreAcceptedUpToTheImagesLastByte) {
     }
     EXPECT_EQ(lastBox(), "An address value will exceed ROM DATA size.");
     EXPECT_FALSE(form1().enabled());
-    editorState.english = 0;
-    form13.userEnter();
-    EXPECT_EQ(lastBox(), "アドレス値がROM DATAサイズを超えてしまいます。");
-    editorState.english = 1;
     form13.userEscape();
   }
 }
@@ -162,11 +144,6 @@ TEST_F(AddressEditor, DoubleClickAsksInHexadecimal) {
   EXPECT_EQ(desk.prompts[0].text, "Data?\r\n\r\nFor a size of data that I can set up, 00-FF");
   EXPECT_EQ(desk.prompts[0].answer, "0A");
   EXPECT_EQ(grid().background(2, 2), cellColour(10));
-  editorState.english = 0;
-  desk.textAnswers = {""};
-  grid().userDoubleClick();
-  EXPECT_EQ(desk.prompts.back().title, "データ変更");
-  EXPECT_EQ(desk.prompts.back().text, "データは？\r\n\r\n設定できるデータの大きさは、00-FF");
 }
 
 TEST_F(AddressEditor, PropertyKeysAndBlocksInsideTheGrid) {

@@ -23,39 +23,6 @@ class CopyPaste : public MapToolsTest {
   }
 };
 
-TEST_F(CopyPaste, RefusesWithoutImageFirstThenOnTheGlobalTab) {
-  startWithMap(smallMap());
-  struct Row {
-    const char* command;
-    int english;
-    const char* title;
-    const char* withoutImage;
-    const char* onGlobal;
-  };
-  const Row table[] = {
-      {"CPY", 0, "エラー", "ROM DATAが読み込まれていないのに、データのコピーはできません。",
-       "この画面で、コピー機能は使用できません。"},
-      {"CPY", 1, "Error", "ROM DATA reads and been crowded, a copy of data aren't possible.",
-       "With this screen, a copy function can be useful."},
-      {"PST", 0, "エラー", "ROM DATAが読み込まれていないのに、データの張り付けはできません。",
-       "この画面で、張り付けは使用できません。"},
-      {"PST", 1, "Error",
-       "ROM DATA reads and been crowded, stretching and attaching it of data aren't possible.",
-       "With this screen, stretching and attaching it can be useful."}};
-  selectTab(globalTab);
-  for (const Row& row : table) {
-    editorState.english = row.english;
-    editorState.image[0] = 0;
-    pick(row.command);
-    EXPECT_EQ(lastBox(), row.withoutImage);
-    editorState.image[0] = 1;
-    pick(row.command);
-    EXPECT_EQ(lastBox(), row.onGlobal);
-    EXPECT_EQ(desk.boxes.back().title, row.title);
-    EXPECT_EQ(desk.boxes.back().icon, BoxIcon::critical);
-  }
-}
-
 TEST_F(CopyPaste, ABlockTravelsAsOneLineWhicheverWayItWasDragged) {
   loadCar();
   Grid& grid = form1().Grid1;

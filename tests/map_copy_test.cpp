@@ -3,8 +3,6 @@
 
 #include "editing/map_copy.h"
 
-#include <map>
-
 #include "map_tools_bed.h"
 
 namespace {
@@ -32,92 +30,6 @@ class MapCopying : public MapToolsTest {
     return {first, first + entry.bytes};
   }
 };
-
-TEST_F(MapCopying, CommandsWithADialogNeedAnImage) {
-  startWithMap(smallMap());
-  struct Row {
-    std::vector<const char*> commands;
-    const char* japanese;
-    const char* english;
-  };
-  const Row table[] = {
-      {{"F_F", "T_R"},
-       "ROM DATAが読み込まれていないのに、データコピーはできません。",
-       "ROM DATA reads and been crowded, a data copy aren't possible."},
-      {{"add_dec"},
-       "ROM DATAが読み込まれていないのに、データの増減はできません。",
-       "ROM DATA reads and been crowded, addition and reduction of data aren't possible."},
-      {{"kakeru"},
-       "ROM DATAが読み込まれていないのに、データの乗算はできません。",
-       "ROM DATA reads and been crowded, a multiplication of data aren't possible."},
-      {{"smooth"},
-       "ROM DATAが読み込まれていないのに、データのスムージングはできません。",
-       "ROM DATA is smooth and aren't possible for data, been crowded as reading."},
-      {{"ADR_EDIT"},
-       "ROM DATAが読み込まれていないのに、データ編集はできません。",
-       "ROM DATA reads and been crowded, a data editing aren't possible."},
-      {{"DT_SFT"},
-       "ROM DATAが読み込まれていないのに、マップシフトはできません。",
-       "ROM DATA reads and been crowded, map shift aren't possible."},
-      {{"AF_DISP_FORM"},
-       "ROM DATAが読み込まれていないのに、A/F表示はできません。",
-       "ROM DATA reads and been crowded, A/F display aren't possible."}};
-  selectTab(globalTab);
-  for (const Row& row : table) {
-    for (const char* command : row.commands) {
-      for (const int english : {0, 1}) {
-        editorState.english = english;
-        pick(command);
-        EXPECT_EQ(lastBox(), english ? row.english : row.japanese);
-        EXPECT_EQ(desk.boxes.back().title, english ? "Error" : "エラー");
-      }
-    }
-  }
-  EXPECT_EQ(desk.shownWindows.size(), 1U);
-}
-
-TEST_F(MapCopying, DialogsTellThemselvesInBothLanguages) {
-  loadCar();
-  struct Row {
-    const char* command;
-    int english;
-    std::vector<std::string> texts;
-  };
-  const Row table[] = {
-      {"F_F",
-       1,
-       {"Data copy. Fuel/Ignition time.", "Data copy. Fuel/Ignition time.",
-        "High octane to Low octane", "Low octane to High octane", "Fuel", "I copy a fuel map.",
-        "Ignition time", "I copy an ignition time map."}},
-      {"F_F",
-       0,
-       {"燃料・点火データコピー", "燃料・点火　データコピー", "ハイオク → レギュラー",
-        "レギュラー → ハイオク", "燃料", "", "点火", ""}},
-      {"T_R",
-       1,
-       {"Data copy. TP/RPM scale.", "Data copy. TP/RPM scale.", "Fuel to Ignition time",
-        "Ignition time to Fuel", "TP scale", "TP scale also copies it together.", "RPM scale",
-        "RPM scale also copies it together."}},
-      {"T_R",
-       0,
-       {"TP/回転スケールコピー", "TP/回転スケール　データコピー", "燃料 → 点火", "点火 → 燃料",
-        "TP スケール", "", "回転 スケール", ""}}};
-  for (const Row& row : table) {
-    editorState.english = row.english;
-    pick(row.command);
-    MapCopyDialog& d = dialogOf(row.command);
-    EXPECT_EQ((std::vector{d.caption(), d.Frame1.caption(), d.Label1.caption(), d.Label2.caption(),
-                           d.Check1.caption(), d.Check1.toolTip(), d.Check2.caption(),
-                           d.Check2.toolTip()}),
-              row.texts);
-    EXPECT_TRUE(d.Option1.selected() && d.Check1.checked() && d.Check2.checked());
-    d.Label2.userClick();
-    EXPECT_TRUE(d.Option2.selected());
-    d.Check1.userToggle();
-    d.userEscape();
-    EXPECT_TRUE(form1().enabled() && !d.loaded());
-  }
-}
 
 // The rule: four grids reach the image, then the ticked pairs' bytes go over their counterparts,
 // and both show in the grids.
