@@ -55,7 +55,7 @@ std::string placeToolTip(int keyword, const std::string& caption) {
 
 void sizeGrid(const MapKind& kind, const MapEntry& entry) {
   const std::int64_t dataColumns =
-      kind.family == MapFamily::airflow ? std::max(entry.bytes, 0) / 2 : entry.columns;
+      kind.family == MapFamily::airflow ? entry.bytes / 2 : entry.columns;
   const std::int64_t dataRows = kind.family == MapFamily::airflow ? 1 : entry.rows;
   if (dataColumns < 0 || dataRows < 0) throw Failure(badSubscript);
   if ((dataColumns + 1) * (dataRows + 1) > Grid::maximumCells) throw Failure(badSubscript);
@@ -148,8 +148,8 @@ void readAddressFile(const std::string& path) {
   const std::string text = readTextFile(path);
   AddressItems items(text);
   while (const std::optional<std::string> item = items.next()) {
-    if (item->starts_with('#')) continue;
     if (editorState.lineCount == maximumLines) throw Failure(badSubscript);
+    if (item->starts_with('#')) continue;
     editorState.lines[static_cast<std::size_t>(editorState.lineCount++)] = *item;
   }
 }

@@ -10,10 +10,10 @@ int runFileCommand(const FileCommand& command) {
   const int number = trapFailure(command.steps);
   if (number != 0) {
     if (command.onFailure) command.onFailure(number);
-    logError(command.location, number, failureText(number));
     desktop().setBusyPointer(false);
-    if (number != cancelled && command.tellFailure) command.tellFailure(number);
   }
+  logError(command.location, number, failureText(number));
+  if (number != 0 && number != cancelled && command.tellFailure) command.tellFailure(number);
   setProgress(-1);
   form1().Label13.setCaption("");
   desktop().setBusyPointer(false);

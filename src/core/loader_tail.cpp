@@ -13,6 +13,7 @@
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/numbers.h"
+#include "platform/utf8.h"
 
 namespace {
 
@@ -103,5 +104,7 @@ std::string extensionOf(const std::string& path) {
 
 std::string withExtension(const std::string& path, const std::string& extension) {
   if (path.empty()) return {};
-  return path.substr(0, path.size() - std::min(path.size(), extensionLength)) + extension;
+  const std::u32string characters = utf32(path);
+  const std::size_t kept = characters.size() - std::min(characters.size(), extensionLength);
+  return utf8(std::u32string_view(characters).substr(0, kept)) + extension;
 }

@@ -117,6 +117,11 @@ void drawCells(Grid& grid, const Extent& extent, std::int32_t& drawn) {
   }
 }
 
+bool drawnWhole(Grid& grid, const Extent& extent, std::int32_t& drawn) {
+  const GridPause pause(grid);
+  return trapFailure([&] { drawCells(grid, extent, drawn); }) == 0;
+}
+
 }  // namespace
 
 Colour shadeColour(std::int64_t shade) {
@@ -143,9 +148,7 @@ void map_draw(int columns, int rows, int address, int bytes, int mapId) {
   drawn = 0;
   grid.setVisible(false);
   const Extent extent{*kind, columns, rows, address, bytes};
-  if (trapFailure([&] { drawCells(grid, extent, drawn); }) != 0) {
-    return showRoutineError("MAP_DRAW");
-  }
+  if (!drawnWhole(grid, extent, drawn)) return showRoutineError("MAP_DRAW");
   grid.setVisible(true);
   if (kind->family == MapFamily::airflow) drawAirflowView(grid, bytes);
 }

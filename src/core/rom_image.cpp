@@ -58,12 +58,15 @@ class StoringWalk {
   std::int32_t stored_ = 0;
 };
 
+// Rows without cells are none, so that a file can't ask for billions of empty ones.
+int rowsWith(int cells, const Extent& extent) { return cells > 0 ? extent.rows : 0; }
+
 void countProgress() { setProgress(++editorState.progressCount); }
 
 void storeBytes(const Extent& extent) {
   StoringWalk walk(extent.kind);
   std::int64_t place = extent.address;
-  for (int r = 1; r <= extent.rows; ++r) {
+  for (int r = 1; r <= rowsWith(extent.columns, extent); ++r) {
     for (int c = 1; c <= extent.columns; ++c) {
       setImageByte(place++, storedByte(extent.kind, walk.next(r, c)));
       if (extent.kind.family != MapFamily::additional) countProgress();
@@ -87,9 +90,10 @@ std::uint8_t digitPair(std::string_view digits, std::size_t pair) {
 
 void storeAirflow(const Extent& extent) {
   StoringWalk walk(extent.kind);
+  const int words = extent.bytes / 2;
   std::int64_t place = extent.address;
-  for (int r = 1; r <= extent.rows; ++r) {
-    for (int word = 1; word <= extent.bytes / 2; ++word) {
+  for (int r = 1; r <= rowsWith(words, extent); ++r) {
+    for (int word = 1; word <= words; ++word) {
       const std::int32_t value = roundToLong(parseNumber(walk.next(r, word)));
       const std::string digits = padHex(hexText(static_cast<std::uint32_t>(value)), 2);
       setImageByte(place++, digitPair(digits, 0));
@@ -172,6 +176,7 @@ void ANY_SET_MEMORY() {
 
 void writeBackAll() {
   const GridsPause pause;
+  form1().refresh();
   for (const MapKind& kind : mapKinds()) {
     if (editorState.addressMap.map(kind.id).present()) writeMapBack(kind.id);
   }
