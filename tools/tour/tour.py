@@ -20,6 +20,8 @@ FIRST_PLAIN_CELL = (262, 118)
 CELL = (29, 16)
 TP_CELL = (303, 118)
 RPM_CELL = (219, 160)
+# The captions of the tabs are narrower in Japanese, and all behind them stands further left.
+SHIFT = {"en": 0, "ja": -52}
 TAB = (60, 77)
 TAB_PITCH = 24
 MENU = (20, 9)
@@ -93,7 +95,8 @@ class Tour:
         self.screen.click(TAB[0], TAB[1] + TAB_PITCH * (number - 1))
 
     def cell(self, row, column, first=FIRST_CELL):
-        return (first[0] + CELL[0] * (column - 1), first[1] + CELL[1] * (row - 1))
+        left = first[0] + SHIFT[self.language]
+        return (left + CELL[0] * (column - 1), first[1] + CELL[1] * (row - 1))
 
     def select(self, rows, columns, first=FIRST_CELL):
         self.screen.drag(self.cell(rows[0], columns[0], first),
@@ -137,7 +140,7 @@ class Tour:
 
     def press_in_dialog(self, name):
         """The two buttons of the pair dialog stand at its left, one below the other."""
-        self.screen.click_in(self.wait("pair"), 80, {"load": -86, "save": -36}[name])
+        self.screen.click_in(self.wait("pair"), 80, {"load": -66, "save": -28}[name])
 
     def show_comparison(self):
         window = self.screen.wait_for("3D GRAPH EDIT")

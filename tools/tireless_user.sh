@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Walks of the tireless user under the sanitizers, seed after seed, for so many minutes.
+# Usage: tools/tireless_user.sh [MINUTES] [FIRST_SEED]; ends at the first seed that finds something.
+set -eu
+cd "$(dirname "$0")/.."
+minutes=${1:-60}
+seed=${2:-1000}
+cmake --preset sanitize >/dev/null
+cmake --build build/sanitize --target tireless_user_test
+end=$((SECONDS + minutes * 60))
+while [ "$SECONDS" -lt "$end" ]; do
+  ZELKOVA_SEED=$seed ZELKOVA_GESTURES=20000 build/sanitize/tests/tireless_user_test \
+    --gtest_brief=1 || { echo "seed $seed found something"; exit 1; }
+  seed=$((seed + 1))
+done
+echo "all seeds up to $((seed - 1)) found nothing"
