@@ -13,13 +13,13 @@
 
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/odd_even.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "scratch_folder.h"
+#include "support.h"
 
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
 
 Bytes randomImage(std::size_t size) {
   std::mt19937 random(static_cast<unsigned>(size));
@@ -135,6 +135,46 @@ TEST_F(IntelHexPeers, WhatObjcopyWritesLoadsHere) {
     } else {
       EXPECT_TRUE(readIntelHex(text, 1572864) == expected) << image.name;
     }
+  }
+}
+
+class OddEvenPeers : public ProgramTest {
+ protected:
+  ~OddEvenPeers() override { oddeven.unload(); }
+  void open(int size) {
+    pick("odd_even_file");
+    oddeven.List1.userSelect(size);
+    oddeven.Option1.userSelect();
+  }
+  Bytes firstHalf(const std::string& name) {
+    Bytes bytes = readBytes(name);
+    bytes.resize(bytes.size() / 2);
+    return bytes;
+  }
+};
+
+TEST_F(OddEvenPeers, SplitAsWeSplitAndWhatTheySplitIsJoined) {
+  constexpr int kbit1024 = 4;
+  startWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("HIGH_FUEL", "&H100", 16, 16, 256));
+  const Bytes image = firmwareImage(131072);
+  loadImage(image);
+  open(kbit1024);
+  desk.saveAnswers = {path("odd.bin"), path("even.bin")};
+  oddeven.Command2.userClick();
+  const std::string go = "cd '" + folder + "' && ";
+  ASSERT_TRUE(run(go + "srec_cat image.bin -binary -split 2 0 -o odd.srec -binary"));
+  ASSERT_TRUE(run(go + "srec_cat image.bin -binary -split 2 1 -o even.srec -binary"));
+  ASSERT_TRUE(run(go + "objcopy -I binary -O binary -i 2 -b 0 image.bin odd.objcopy"));
+  ASSERT_TRUE(run(go + "objcopy -I binary -O binary -i 2 -b 1 image.bin even.objcopy"));
+  for (const std::string tool : {".srec", ".objcopy"}) {
+    SCOPED_TRACE(tool);
+    EXPECT_TRUE(firstHalf("odd.bin") == readBytes("odd" + tool));
+    EXPECT_TRUE(firstHalf("even.bin") == readBytes("even" + tool));
+    editorState.imageSize = 0;
+    open(kbit1024);
+    desk.openAnswers = {path("odd" + tool), path("even" + tool)};
+    oddeven.Command1.userClick();
+    EXPECT_TRUE(editorState.image == image);
   }
 }
 
