@@ -3,7 +3,6 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
 
 #include "frontend/form1_loading.h"
@@ -62,8 +61,13 @@ void ProgramTest::writeBytes(const std::string& name, const Bytes& bytes) const 
 }
 
 Bytes ProgramTest::readBytes(const std::string& name) const {
+  std::error_code missing;
+  const std::uintmax_t size = std::filesystem::file_size(path(name), missing);
+  if (missing) return {};
+  Bytes bytes(size);
   std::ifstream file(path(name), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
+  return bytes;
 }
 
 std::string ProgramTest::readText(const std::string& name) const {
