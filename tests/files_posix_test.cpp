@@ -1,98 +1,24 @@
 // Saves under fire: every system call of a replacement fails in turn, or the process dies at it.
-// The calls are taken over here by name and passed on to the C library.
-#include <dlfcn.h>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdarg>
 #include <cstdio>
 #include <functional>
 
+#include "failing_calls_posix.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "scratch_folder.h"
 
 namespace {
 
-constexpr int never = -1;
-
-int callsLeft = never;            // until the call that fails
-std::function<int()> atThatCall;  // gives the error it fails with; 0 lets it pass
-
-bool failsNow() {
-  if (callsLeft == never || callsLeft-- > 0) return false;
-  callsLeft = never;
-  errno = atThatCall();
-  return errno != 0;
-}
-
-template <typename Call>
-Call* original(const char* name) {
-  return reinterpret_cast<Call*>(dlsym(RTLD_NEXT, name));
-}
-
-}  // namespace
-
-extern "C" {
-
-int open(const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
-  va_end(rest);
-  static const auto call = original<int(const char*, int, ...)>("open");
-  return failsNow() ? -1 : call(path, flags, mode);
-}
-
-ssize_t write(int file, const void* bytes, size_t count) {
-  static const auto call = original<ssize_t(int, const void*, size_t)>("write");
-  return failsNow() ? -1 : call(file, bytes, count);
-}
-
-int fsync(int file) {
-  static const auto call = original<int(int)>("fsync");
-  return failsNow() ? -1 : call(file);
-}
-
-int rename(const char* from, const char* to) noexcept {
-  static const auto call = original<int(const char*, const char*)>("rename");
-  return failsNow() ? -1 : call(from, to);
-}
-
-int link(const char* from, const char* to) noexcept {
-  static const auto call = original<int(const char*, const char*)>("link");
-  return failsNow() ? -1 : call(from, to);
-}
-
-int unlink(const char* path) noexcept {
-  static const auto call = original<int(const char*)>("unlink");
-  return failsNow() ? -1 : call(path);
-}
-
-int remove(const char* path) noexcept {
-  static const auto call = original<int(const char*)>("remove");
-  return failsNow() ? -1 : call(path);
-}
-
-int fchmod(int file, mode_t mode) noexcept {
-  static const auto call = original<int(int, mode_t)>("fchmod");
-  return failsNow() ? -1 : call(file, mode);
-}
-
-int faccessat(int folder, const char* path, int how, int flags) noexcept {
-  static const auto call = original<int(int, const char*, int, int)>("faccessat");
-  return failsNow() ? -1 : call(folder, path, how, flags);
-}
-
-}  // extern "C"
-
-namespace {
-
 namespace fs = std::filesystem;
+using failing_calls::atThatCall;
+using failing_calls::callsLeft;
+using failing_calls::inChild;
+using failing_calls::never;
 
 // Two files of which one is new, so that both kinds of replacement are met.
 class Pair {
@@ -121,15 +47,6 @@ class Pair {
 
   ScratchFolder folder_;
 };
-
-// Runs `body` in a process of its own and gives its exit code.
-int inChild(const std::function<int()>& body) {
-  const pid_t child = fork();
-  if (child == 0) _exit(body());
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 TEST(SavesUnderFire, AFailingCallLeavesTheOldFilesOrTheNewOnes) {
   const struct {

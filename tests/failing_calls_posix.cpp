@@ -1,0 +1,97 @@
+#include "failing_calls_posix.h"
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+
+namespace failing_calls {
+
+int callsLeft = never;
+std::function<int()> atThatCall;
+
+int inChild(const std::function<int()>& body) {
+  const pid_t child = fork();
+  if (child == 0) _exit(body());
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+}  // namespace failing_calls
+
+namespace {
+
+using failing_calls::callsLeft;
+
+bool failsNow() {
+  if (callsLeft == failing_calls::never || callsLeft-- > 0) return false;
+  callsLeft = failing_calls::never;
+  errno = failing_calls::atThatCall();
+  return errno != 0;
+}
+
+template <typename Call>
+Call* original(const char* name) {
+  return reinterpret_cast<Call*>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+extern "C" {
+
+int open(const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  static const auto call = original<int(const char*, int, ...)>("open");
+  return failsNow() ? -1 : call(path, flags, mode);
+}
+
+ssize_t write(int file, const void* bytes, size_t count) {
+  static const auto call = original<ssize_t(int, const void*, size_t)>("write");
+  return failsNow() ? -1 : call(file, bytes, count);
+}
+
+int fsync(int file) {
+  static const auto call = original<int(int)>("fsync");
+  return failsNow() ? -1 : call(file);
+}
+
+int rename(const char* from, const char* to) noexcept {
+  static const auto call = original<int(const char*, const char*)>("rename");
+  return failsNow() ? -1 : call(from, to);
+}
+
+int link(const char* from, const char* to) noexcept {
+  static const auto call = original<int(const char*, const char*)>("link");
+  return failsNow() ? -1 : call(from, to);
+}
+
+int unlink(const char* path) noexcept {
+  static const auto call = original<int(const char*)>("unlink");
+  return failsNow() ? -1 : call(path);
+}
+
+int remove(const char* path) noexcept {
+  static const auto call = original<int(const char*)>("remove");
+  return failsNow() ? -1 : call(path);
+}
+
+int fchmod(int file, mode_t mode) noexcept {
+  static const auto call = original<int(int, mode_t)>("fchmod");
+  return failsNow() ? -1 : call(file, mode);
+}
+
+int faccessat(int folder, const char* path, int how, int flags) noexcept {
+  static const auto call = original<int(int, const char*, int, int)>("faccessat");
+  return failsNow() ? -1 : call(folder, path, how, flags);
+}
+
+}  // extern "C"
