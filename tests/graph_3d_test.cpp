@@ -170,7 +170,7 @@ TEST_F(GraphTest, DrawsTheComparisonBeforeTheSurfaceAndWarnsWhenItIsMissing) {
   loadSmall();
   Bytes other(0x1000, 200);
   for (std::size_t k = 0; k < 12; ++k)
-    other[mapAddress + k] = static_cast<std::uint8_t>(99 + 3 * k);
+    other[mapAddress + k] = static_cast<std::uint8_t>(98 + 3 * k);
   compareWith(other);
   editorState.graphShowCompare = 1;
   editorState.graphMagnification = 2;
@@ -237,8 +237,8 @@ TEST_F(GraphTest, ShowsMapsOfAnySizeUpTo40By40) {
                {41, 41, 40, 40}, {64, 16, 40, 16}, {16, 64, 16, 40}};
   for (const auto& each : cases) {
     const auto bytes = static_cast<std::size_t>(each.columns * each.rows);
-    Bytes cells(bytes, 50);
-    for (std::size_t k = 0; k < bytes; ++k) cells[k] = static_cast<std::uint8_t>(k % 97);
+    Bytes cells(bytes);
+    for (std::size_t k = 0; k < bytes; ++k) cells[k] = static_cast<std::uint8_t>(k * 7);
     load(each.columns, each.rows, cells);
     compareWith(editorState.image);
     editorState.graphShowCompare = 1;
