@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <locale>
+#include <sstream>
 #include <system_error>
 
 #include "platform/failure.h"
@@ -78,14 +80,28 @@ bool isTooLarge(std::string_view decimal) {
   return static_cast<double>(point) - leading + (negative ? -exponent : exponent) > 0;
 }
 
+// Reads `digits` whole; gives whether their value has a place in a Real.
+template <typename Real>
+bool readDigits(std::string_view digits, Real& value) {
+#ifdef __cpp_lib_to_chars
+  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  return read.ec != std::errc::result_out_of_range;
+#else
+  // Some standard libraries have std::from_chars for whole numbers alone.
+  std::istringstream stream{std::string(digits)};
+  stream.imbue(std::locale::classic());
+  stream >> value;
+  return !stream.fail();
+#endif
+}
+
 // The value of what decimalPrefix found; infinity of its sign when it is too large for a Real.
 template <typename Real>
 Real realOf(std::string_view decimal) {
   const bool negative = decimal.front() == '-';
   const std::string_view digits = decimal.substr(skipSign(decimal, 0));
   Real value = 0;
-  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-  if (read.ec == std::errc::result_out_of_range) {
+  if (!readDigits(digits, value)) {
     value = isTooLarge(digits) ? std::numeric_limits<Real>::infinity() : Real{0};
   }
   return negative ? Real{0} - value : value;
