@@ -6,9 +6,10 @@ GridHeader::GridHeader(Qt::Orientation orientation, const Grid& record, QWidget*
     : QHeaderView(orientation, parent), record_(record) {}
 
 void GridHeader::paintSection(QPainter* painter, const QRect& area, int section) const {
+  CellPainter cells(*painter, record_, *this);
   if (orientation() == Qt::Horizontal) {
-    paintHeaderCell(*painter, area, record_, 0, section + record_.fixedColumns(), *this);
+    cells.paintHeaderCell(area, 0, section + record_.fixedColumns());
   } else {
-    paintHeaderCell(*painter, area, record_, section + record_.fixedRows(), 0, *this);
+    cells.paintHeaderCell(area, section + record_.fixedRows(), 0);
   }
 }

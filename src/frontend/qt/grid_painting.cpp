@@ -1,10 +1,10 @@
 #include "frontend/qt/grid_painting.h"
 
 #include <QFontMetrics>
-#include <QHash>
 #include <QPainter>
 #include <QStaticText>
 #include <QWidget>
+#include <unordered_map>
 
 #include "frontend/qt/look.h"
 #include "frontend/qt/text.h"
@@ -12,12 +12,12 @@
 namespace {
 
 constexpr int textMargin = 3;  // pixels to the left and right of a cell's text
-constexpr int keptTexts = 4096;
-constexpr QRgb selectionTint = qRgb(206, 228, 255);
+constexpr std::size_t keptTexts = 4096;
 constexpr double selectionShare = 0.72;  // of the tint in a selected cell's colour
-constexpr double disabledShare = 0.75;   // of the ground in a disabled cell's colour
-const QColor focusedBorder(255, 191, 0);
-const QColor restingBorder(110, 116, 128);
+constexpr double disabledShare = 0.75;   // of the window's ground in a disabled cell's colour
+constexpr QColor selectionTint(206, 228, 255);
+constexpr QColor focusedBorder(255, 191, 0);
+constexpr QColor restingBorder(110, 116, 128);
 
 // Texts as they were laid out, since maps show the same few numbers again and again.
 struct LaidOut {
@@ -25,42 +25,34 @@ struct LaidOut {
   int width = 0;
 };
 
-const LaidOut& laidOut(const QString& text, const QFont& font) {
-  static QHash<QString, LaidOut> kept;
-  static QFont keptFont;
-  if (font != keptFont || kept.size() > keptTexts) kept.clear();
-  keptFont = font;
-  LaidOut& entry = kept[text];
-  if (entry.text.text().isEmpty()) {
+std::unordered_map<std::string, LaidOut> laidOutTexts;
+QFont laidOutFont;
+
+void startLaidOutTexts(const QFont& font) {
+  if (font == laidOutFont && laidOutTexts.size() < keptTexts) return;
+  laidOutTexts.clear();
+  laidOutFont = font;
+}
+
+const LaidOut& laidOut(const std::string& text) {
+  const auto [place, isNew] = laidOutTexts.try_emplace(text);
+  LaidOut& entry = place->second;
+  if (isNew) {
     entry.text.setTextFormat(Qt::PlainText);
-    entry.text.setText(text);
-    entry.text.prepare({}, font);
-    entry.width = QFontMetrics(font).horizontalAdvance(text);
+    entry.text.setText(shown(text));
+    entry.text.prepare({}, laidOutFont);
+    entry.width = QFontMetrics(laidOutFont).horizontalAdvance(shown(text));
   }
   return entry;
 }
 
 // A text that is wider than its cell is squeezed into it.
-void drawSqueezed(QPainter& painter, const QRect& area, const QString& text, int width) {
+void drawSqueezed(QPainter& painter, const QRect& area, const std::string& text, int width) {
   painter.save();
   painter.translate(area.left(), 0);
   painter.scale(static_cast<double>(area.width()) / width, 1);
-  painter.drawText(QRect(0, area.top(), width, area.height()), Qt::AlignCenter, text);
+  painter.drawText(QRect(0, area.top(), width, area.height()), Qt::AlignCenter, shown(text));
   painter.restore();
-}
-
-void drawText(QPainter& painter, const QRect& area, const QString& text, bool toTheRight) {
-  if (text.isEmpty()) return;
-  const LaidOut& entry = laidOut(text, painter.font());
-  const QRect room = area.adjusted(textMargin, 0, -textMargin, 0);
-  if (entry.width > area.width() - 2) {
-    return drawSqueezed(painter, area.adjusted(1, 0, -1, 0), text, entry.width);
-  }
-  const bool tight = entry.width > room.width();
-  const int left = toTheRight && !tight ? room.right() + 1 - entry.width
-                                        : area.left() + (area.width() - entry.width) / 2;
-  const QFontMetrics metrics = painter.fontMetrics();
-  painter.drawStaticText(left, area.top() + (area.height() - metrics.height()) / 2, entry.text);
 }
 
 QColor mixed(const QColor& one, const QColor& other, double share) {
@@ -69,56 +61,80 @@ QColor mixed(const QColor& one, const QColor& other, double share) {
                 part(one.blue(), other.blue()));
 }
 
-bool selected(const Grid& record, int row, int column) {
-  const GridBlock block = record.block();
-  return row >= block.top && row <= block.bottom && column >= block.left && column <= block.right;
-}
-
 }  // namespace
 
-void paintCell(QPainter& painter, const QRect& area, const Grid& record, int row, int column,
-               const QWidget& view) {
-  QColor ground =
-      shown(record.painted(row, column) ? record.background(row, column) : record.look().ground);
-  QColor ink = shown(record.look().text);
-  const bool current = row == record.row() && column == record.column();
-  if (!view.isEnabled()) {
-    ground = mixed(ground, view.palette().color(QPalette::Window), disabledShare);
-    ink = view.palette().color(QPalette::Disabled, QPalette::Text);
-  } else if (!current && selected(record, row, column)) {
-    ground = mixed(ground, QColor(selectionTint), selectionShare);
+CellPainter::CellPainter(QPainter& painter, const Grid& record, const QWidget& view)
+    : painter_(painter),
+      record_(record),
+      view_(view),
+      block_(record.block()),
+      textHeight_(view.fontMetrics().height()) {
+  painter.setFont(view.font());
+  startLaidOutTexts(view.font());
+}
+
+bool CellPainter::inSelection(int row, int column) const {
+  return row >= block_.top && row <= block_.bottom && column >= block_.left &&
+         column <= block_.right;
+}
+
+QColor CellPainter::groundOf(int row, int column) const {
+  return shown(record_.painted(row, column) ? record_.background(row, column)
+                                            : record_.look().ground);
+}
+
+void CellPainter::drawText(const QRect& area, const std::string& text, Side side) {
+  if (text.empty()) return;
+  const LaidOut& entry = laidOut(text);
+  if (entry.width > area.width() - 2) {
+    return drawSqueezed(painter_, area.adjusted(1, 0, -1, 0), text, entry.width);
+  }
+  const bool tight = entry.width > area.width() - 2 * textMargin;
+  const int left = side == Side::right && !tight ? area.right() + 1 - textMargin - entry.width
+                                                 : area.left() + (area.width() - entry.width) / 2;
+  painter_.drawStaticText(left, area.top() + (area.height() - textHeight_) / 2, entry.text);
+}
+
+void CellPainter::paintLines(const QRect& area) {
+  painter_.fillRect(area, shown(record_.look().lines));
+}
+
+// The current cell keeps its own colours inside the border of the selection.
+void CellPainter::paintCell(const QRect& area, int row, int column) {
+  QColor ground = groundOf(row, column);
+  QColor ink = shown(record_.look().text);
+  const bool current = row == record_.row() && column == record_.column();
+  if (!view_.isEnabled()) {
+    ground = mixed(ground, view_.palette().color(QPalette::Window), disabledShare);
+    ink = view_.palette().color(QPalette::Text);
+  } else if (!current && inSelection(row, column)) {
+    ground = mixed(ground, selectionTint, selectionShare);
     ink = Qt::black;
   }
-  const QColor lines = shown(record.look().lines);
   const QRect inside = area.adjusted(0, 0, -1, -1);
-  painter.fillRect(inside, ground);
-  painter.fillRect(QRect(area.right(), area.top(), 1, area.height()), lines);
-  painter.fillRect(QRect(area.left(), area.bottom(), area.width(), 1), lines);
-  painter.setPen(ink);
-  drawText(painter, inside, shown(record.text(row, column)), true);
+  painter_.fillRect(inside, ground);
+  painter_.setPen(ink);
+  drawText(inside, record_.text(row, column), Side::right);
 }
 
-void paintHeaderCell(QPainter& painter, const QRect& area, const Grid& record, int row, int column,
-                     const QWidget& view) {
-  const bool outside = row >= record.rows() || column >= record.columns();
-  const GridBlock block = record.block();
-  const bool touched =
-      (row >= block.top && row <= block.bottom) || (column >= block.left && column <= block.right);
-  const QPalette& palette = view.palette();
-  const QColor ground = palette.color(QPalette::Button);
-  painter.fillRect(area, touched && view.isEnabled() ? ground.darker(110) : ground);
-  const QColor line = ground.darker(125);
-  painter.fillRect(QRect(area.right(), area.top(), 1, area.height()), line);
-  painter.fillRect(QRect(area.left(), area.bottom(), area.width(), 1), line);
-  if (outside) return;
-  painter.setFont(view.font());
-  painter.setPen(palette.color(QPalette::ButtonText));
-  drawText(painter, area.adjusted(0, 0, -1, -1), shown(record.text(row, column)), false);
+void CellPainter::paintHeaderCell(const QRect& area, int row, int column) {
+  constexpr int touchedShade = 110;
+  constexpr int lineShade = 125;
+  const bool touched = (row >= block_.top && row <= block_.bottom) ||
+                       (column >= block_.left && column <= block_.right);
+  const QColor ground = view_.palette().color(QPalette::Button);
+  const QRect inside = area.adjusted(0, 0, -1, -1);
+  painter_.fillRect(area, ground.darker(lineShade));
+  painter_.fillRect(inside, touched && view_.isEnabled() ? ground.darker(touchedShade) : ground);
+  if (row >= record_.rows() || column >= record_.columns()) return;
+  painter_.setPen(view_.palette().color(QPalette::ButtonText));
+  drawText(inside, record_.text(row, column), Side::middle);
 }
 
-void paintSelectionBorder(QPainter& painter, const QRect& area, bool focused) {
-  painter.setPen(
-      QPen(focused ? focusedBorder : restingBorder, 2, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRect(area);
+void CellPainter::paintSelectionBorder(const QRect& area, bool focused) {
+  constexpr int width = 2;
+  painter_.setPen(QPen(focused ? focusedBorder : restingBorder, width, Qt::SolidLine, Qt::FlatCap,
+                       Qt::MiterJoin));
+  painter_.setBrush(Qt::NoBrush);
+  painter_.drawRect(area);
 }

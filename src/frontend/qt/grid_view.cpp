@@ -126,8 +126,7 @@ void GridView::updateCell(int row, int column) {
   if (row < record_.fixedRows()) return horizontalHeader()->viewport()->update();
   if (section < 0) return verticalHeader()->viewport()->update();
   const int line = row - record_.fixedRows();
-  viewport()->update(columnViewportPosition(section), rowViewportPosition(line),
-                     columnWidth(section), rowHeight(line));
+  viewport()->update(placeOf(line, section));
 }
 
 void GridView::updateAll() {
@@ -206,37 +205,42 @@ void GridView::updateGeometries() {
 }
 
 void GridView::paintEvent(QPaintEvent* event) {
-  QPainter painter(viewport());
   const QRect area = event->rect();
-  const int firstRow = rowAt(area.top());
-  const int firstColumn = columnAt(area.left());
-  if (firstRow < 0 || firstColumn < 0) return;
   // The record may already have another size than the model.
   const int rows = std::min(model_->rowCount(), record_.rows() - record_.fixedRows());
   const int columns = std::min(model_->columnCount(), record_.columns() - record_.fixedColumns());
-  for (int row = firstRow; row < rows && rowViewportPosition(row) <= area.bottom(); ++row) {
-    for (int column = firstColumn; column < columns; ++column) {
-      const QRect place(columnViewportPosition(column), rowViewportPosition(row),
-                        columnWidth(column), rowHeight(row));
-      if (place.left() > area.right()) break;
-      paintCell(painter, place, record_, row + record_.fixedRows(), column + record_.fixedColumns(),
-                *this);
+  const int firstRow = rowAt(area.top());
+  const int firstColumn = columnAt(area.left());
+  if (firstRow < 0 || firstColumn < 0 || firstRow >= rows || firstColumn >= columns) return;
+  const int lastRow =
+      rowAt(area.bottom()) < 0 ? rows - 1 : std::min(rowAt(area.bottom()), rows - 1);
+  const int lastColumn =
+      columnAt(area.right()) < 0 ? columns - 1 : std::min(columnAt(area.right()), columns - 1);
+  QPainter painter(viewport());
+  CellPainter cells(painter, record_, *this);
+  cells.paintLines(placeOf(firstRow, firstColumn) | placeOf(lastRow, lastColumn));
+  for (int row = firstRow; row <= lastRow; ++row) {
+    for (int column = firstColumn; column <= lastColumn; ++column) {
+      cells.paintCell(placeOf(row, column), row + record_.fixedRows(),
+                      column + record_.fixedColumns());
     }
   }
-  paintSelection(painter);
+  paintSelection(cells);
 }
 
-void GridView::paintSelection(QPainter& painter) const {
+QRect GridView::placeOf(int row, int column) const {
+  return QRect(columnViewportPosition(column), rowViewportPosition(row), columnWidth(column),
+               rowHeight(row));
+}
+
+void GridView::paintSelection(CellPainter& cells) const {
   const GridBlock block = record_.block();
   const int top = block.top - record_.fixedRows();
   const int left = block.left - record_.fixedColumns();
   const int bottom = block.bottom - record_.fixedRows();
   const int right = block.right - record_.fixedColumns();
   if (!isEnabled() || top < 0 || left < 0 || !model_->hasIndex(bottom, right)) return;
-  const QRect area(QPoint(columnViewportPosition(left), rowViewportPosition(top)),
-                   QPoint(columnViewportPosition(right) + columnWidth(right) - 1,
-                          rowViewportPosition(bottom) + rowHeight(bottom) - 1));
-  paintSelectionBorder(painter, area, hasFocus());
+  cells.paintSelectionBorder(placeOf(top, left) | placeOf(bottom, right), hasFocus());
 }
 
 // The corner stands for the fixed cell in row 0 and column 0.
@@ -246,7 +250,7 @@ void GridView::tapCorner() {
   tapEvents(corner, [this, corner](QEvent* event) {
     if (event->type() != QEvent::Paint) return false;
     QPainter painter(corner);
-    paintHeaderCell(painter, corner->rect(), record_, 0, 0, *this);
+    CellPainter(painter, record_, *this).paintHeaderCell(corner->rect(), 0, 0);
     return true;
   });
 }

@@ -10,6 +10,7 @@
 
 #include "platform/grid.h"
 
+class CellPainter;
 class GridModel;
 
 class GridView : public QTableView {
@@ -62,7 +63,9 @@ class GridView : public QTableView {
   void updateAll();
   QSize contentSize() const;
   void noteBars();
-  void paintSelection(QPainter& painter) const;
+  // Where a cell of the model stands in the viewport.
+  QRect placeOf(int row, int column) const;
+  void paintSelection(CellPainter& cells) const;
 
   // Keys and mouse: grid_view_input.cpp
   int lastRow() const { return record_.rows() - 1; }
