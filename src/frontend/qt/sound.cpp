@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QLibrary>
+#include <QTimer>
 
 #include "frontend/qt/text.h"
 
@@ -17,22 +18,34 @@ struct SoundModule {
   Stop stop = reinterpret_cast<Stop>(library.resolve("zelkovaStop"));
 };
 
+// The window that a sound belongs to is painted first.
+constexpr int paintedFirst = 100;  // milliseconds
+
 bool started = false;
+int request = 0;  // counts starts and ends, so that an end overtakes a start that still waits
 
 SoundModule& module() {
   static SoundModule loaded;
   return loaded;
 }
 
-}  // namespace
-
-void startSound(const std::string& path, bool looping) {
-  if (!QFileInfo::exists(shown(path)) || !module().play) return;
+void play(const std::string& path, bool looping) {
+  if (!module().play) return;
   module().play(path.c_str(), looping);
   started = true;
 }
 
+}  // namespace
+
+void startSound(const std::string& path, bool looping) {
+  if (!QFileInfo::exists(shown(path))) return;
+  QTimer::singleShot(paintedFirst, [path, looping, mine = ++request] {
+    if (mine == request) play(path, looping);
+  });
+}
+
 void endSound() {
+  ++request;
   if (started && module().stop) module().stop();
   started = false;
 }
