@@ -144,7 +144,8 @@ class Tour:
 
     def show_comparison(self):
         window = self.screen.wait_for("3D GRAPH EDIT")
-        self.screen.click_in(window, 500, -130)
+        self.screen.click_in(window, 517, -108)
+        return window
 
     # Steps.
 
@@ -387,8 +388,12 @@ class Tour:
         self.choose_file("compare", os.path.join(self.folder, "demo", "demo.bin"))
         self.screen.keys("ctrl+g")
         self.wait_title("3D GRAPH EDIT")
-        self.show_comparison()
+        window = self.show_comparison()
         self.screen.shot("surface_with_comparison")
+        self.screen.click_in(window, 452, -104)
+        self.screen.shot("surface_from_the_left_with_comparison")
+        self.screen.click_in(window, 517, -108)
+        self.screen.shot("surface_from_the_left")
         self.screen.keys("Escape")
         self.screen.wait_until_gone("3D GRAPH EDIT")
 
