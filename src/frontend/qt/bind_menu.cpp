@@ -18,6 +18,7 @@ void addMissing(QWidget* parent, const MenuItem& item);
 // Shows an item's values on its action, and what was added below it.
 void follow(QAction* action, MenuItem& item) {
   const auto show = [action, &item] {
+    action->setSeparator(item.caption() == "-");
     if (!action->isSeparator()) action->setText(shownCaption(item.caption()));
     action->setVisible(item.visible());
     action->setEnabled(item.enabled());
@@ -34,7 +35,6 @@ void follow(QAction* action, MenuItem& item) {
 QAction* makeAction(MenuItem& item, QWidget* parent) {
   if (!item.children().empty()) return makeMenu(item, parent)->menuAction();
   auto* const action = new QAction(parent);
-  action->setSeparator(item.caption() == "-");
   action->setShortcut(QKeySequence(shown(item.shortcut()), QKeySequence::PortableText));
   QObject::connect(action, &QAction::triggered, [&item] { item.userPick(); });
   return action;
