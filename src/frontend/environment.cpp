@@ -42,9 +42,7 @@ const ToolTip toolTips[] = {
     {&Form9::Text9, {"Ｙ軸の傾き比率", "Inclination ratio of the Y-axis"}},
 };
 
-std::int32_t wholeNumber(const TextBox& box) {
-  return cellNumber(box.text());
-}
+std::int32_t wholeNumber(const TextBox& box) { return cellNumber(box.text()); }
 
 float realNumber(const TextBox& box) {
   constexpr double limit = std::numeric_limits<float>::max();
