@@ -45,6 +45,12 @@ TEST(Projection, PutsCellsOnTheGroundAndStaysInside32Bits) {
   EXPECT_EQ(raised(-10, highest), lowest);
 }
 
+std::vector<Segment> wireOf(const GraphTable& x, const GraphTable& y, const SurfaceExtent& extent) {
+  std::vector<Segment> picture(3);
+  surfaceWire(x, y, extent, picture);
+  return picture;
+}
+
 TEST(SurfacePicture, DrawsEachQuadAroundItsFourCells) {
   GraphTable x{};
   GraphTable y{};
@@ -57,7 +63,7 @@ TEST(SurfacePicture, DrawsEachQuadAroundItsFourCells) {
   const std::vector<Segment> expected = {{101, 11, 201, 21}, {201, 21, 202, 22}, {202, 22, 102, 12},
                                          {102, 12, 101, 11}, {201, 21, 301, 31}, {301, 31, 302, 32},
                                          {302, 32, 202, 22}, {202, 22, 201, 21}};
-  EXPECT_EQ(surfaceWire(x, y, {3, 2, 3, 6}), expected);
+  EXPECT_EQ(wireOf(x, y, {3, 2, 3, 6}), expected);
 }
 
 TEST(SurfacePicture, LeavesOutQuadsWithACellWithoutValue) {
@@ -72,7 +78,7 @@ TEST(SurfacePicture, LeavesOutQuadsWithACellWithoutValue) {
       {{40, 16, 64, 1024}, 585}, {{40, 16, 64, 66}, 1},      {{40, 16, 64, 64 + 50}, 39},
   };
   for (const auto& each : cases) {
-    EXPECT_EQ(surfaceWire({}, {}, each.extent).size(), 4 * each.quads)
+    EXPECT_EQ(wireOf({}, {}, each.extent).size(), 4 * each.quads)
         << each.extent.columns << " x " << each.extent.rows << ", " << each.extent.held;
   }
 }

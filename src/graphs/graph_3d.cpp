@@ -51,6 +51,12 @@ void drawSegments(const std::vector<Segment>& picture, Colour pen) {
   }
 }
 
+void drawWire(const GraphTable& x, const GraphTable& y, const SurfaceExtent& extent, Colour pen) {
+  static std::vector<Segment> picture;
+  surfaceWire(x, y, extent, picture);
+  drawSegments(picture, pen);
+}
+
 void showLegend(bool edited, bool compared) {
   DR_GRAPH.Label19.setVisible(edited);
   DR_GRAPH.Line3.setVisible(edited);
@@ -98,8 +104,7 @@ void drawCompared(const Grid& grid, int columns, const Ground& ground) {
   projectCompared(address, extent, ground);
   DR_GRAPH.Picture1.clear();
   DR_GRAPH.Picture1.setVisible(false);
-  drawSegments(surfaceWire(graphState.compareScreenX, graphState.compareScreenY, extent),
-               comparedWire);
+  drawWire(graphState.compareScreenX, graphState.compareScreenY, extent, comparedWire);
 }
 
 void giveUpComparison() {
@@ -141,7 +146,7 @@ void drawEdited(const Projection& projection) {
   const int rows = graphState.rows;
   drawSegments(groundFrame(projection, columns, rows), groundGreen);
   const SurfaceExtent whole{columns, rows, columns, static_cast<std::int64_t>(columns) * rows};
-  drawSegments(surfaceWire(graphState.screenX, graphState.screenY, whole), editedWire);
+  drawWire(graphState.screenX, graphState.screenY, whole, editedWire);
 }
 
 }  // namespace

@@ -22,12 +22,9 @@ int cellsHeld(const SurfaceExtent& extent, int row) {
 
 }  // namespace
 
-std::vector<Segment> surfaceWire(const GraphTable& x, const GraphTable& y,
-                                 const SurfaceExtent& extent) {
-  std::vector<Segment> picture;
-  if (extent.columns < 2 || extent.rows < 2) return picture;
-  picture.reserve(4 * static_cast<std::size_t>(extent.columns - 1) *
-                  static_cast<std::size_t>(extent.rows - 1));
+void surfaceWire(const GraphTable& x, const GraphTable& y, const SurfaceExtent& extent,
+                 std::vector<Segment>& picture) {
+  picture.clear();
   const auto corner = [&](int column, int row) {
     const auto c = static_cast<std::size_t>(column);
     const auto r = static_cast<std::size_t>(row);
@@ -40,7 +37,6 @@ std::vector<Segment> surfaceWire(const GraphTable& x, const GraphTable& y,
                            corner(column + 1, row + 1), corner(column, row + 1)});
     }
   }
-  return picture;
 }
 
 std::vector<Segment> groundFrame(const Projection& projection, int columns, int rows) {

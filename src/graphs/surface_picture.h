@@ -25,7 +25,8 @@ struct SurfaceExtent {
 };
 
 // Four segments for each four neighbouring cells that all have a value; inner edges come twice.
-std::vector<Segment> surfaceWire(const GraphTable& x, const GraphTable& y,
-                                 const SurfaceExtent& extent);
+// `picture` is emptied first; a picture that is handed in again needs no new memory.
+void surfaceWire(const GraphTable& x, const GraphTable& y, const SurfaceExtent& extent,
+                 std::vector<Segment>& picture);
 // Four segments through the corners of the ground; nothing for a map without cells.
 std::vector<Segment> groundFrame(const Projection& projection, int columns, int rows);
