@@ -100,8 +100,9 @@ void forwardPress(QWidget* widget, Press press) {
   });
 }
 
-// A typed character of a key press; 0 for keys that are no text.
+// A typed character of a key press; 0 for keys that are no text, shortcuts among them.
 char32_t typedCharacter(const QKeyEvent& event) {
+  if (event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) return 0;
   const auto characters = event.text().toUcs4();
   if (characters.isEmpty() || !QChar::isPrint(characters.front())) return 0;
   return characters.front();
@@ -207,8 +208,15 @@ void bind(QListWidget* widget, ListBox& record) {
   for (const std::string& item : record.items()) widget->addItem(shown(item));
   follow(widget, record, [widget, &record] { widget->setCurrentRow(record.index()); });
   forwardPress(widget->viewport(), [&record] { record.userMouseDown(); });
-  QObject::connect(widget, &QListWidget::currentRowChanged,
+  // The list is still busy with the change that it tells; a refused one is taken back behind it.
+  QObject::connect(widget, &QListWidget::currentRowChanged, widget,
                    [&record](int row) { record.userSelect(row); });
+  QObject::connect(
+      widget, &QListWidget::currentRowChanged, widget,
+      [&record](int row) {
+        if (row != record.index()) record.observer({Change::values});
+      },
+      Qt::QueuedConnection);
   forwardFocus(widget, record);
 }
 

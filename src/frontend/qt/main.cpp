@@ -1,14 +1,32 @@
 // Starts the editor in real windows.
 #include <QApplication>
 #include <QDir>
+#include <QLibraryInfo>
 #include <QTimer>
+#include <QTranslator>
 
+#include "core/editor_state.h"
 #include "core/form1.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/pictures.h"
 #include "frontend/qt/qt_desktop.h"
 #include "frontend/qt/text.h"
 #include "frontend/startup.h"
+
+namespace {
+
+// The toolkit's own texts, such as those of file dialogs, follow the windows' language where their
+// translation is installed.
+void translateToolkit() {
+  if (editorState.english == 1) return;
+  auto* const translator = new QTranslator(QCoreApplication::instance());
+  if (translator->load(QStringLiteral("qtbase_ja"),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(translator);
+  }
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
@@ -18,6 +36,7 @@ int main(int argc, char** argv) {
   useDesktop(&desktopInForce);
   QApplication::setWindowIcon(programIcon());
   startProgram(stored(QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));
+  translateToolkit();
   // The main window is built while the splash window stands.
   constexpr int splashIsPainted = 60;  // milliseconds
   QTimer::singleShot(splashIsPainted, [&desktopInForce] { desktopInForce.prepareWindow(form1()); });

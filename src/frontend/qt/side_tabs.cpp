@@ -1,5 +1,6 @@
 #include "frontend/qt/side_tabs.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
@@ -60,4 +61,10 @@ void SideTabs::paintTab(QPainter& painter, int index) const {
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(area, rounding, rounding);
   }
+}
+
+void SideTabs::keyPressEvent(QKeyEvent* event) {
+  const int step = event->key() == Qt::Key_Up ? -1 : event->key() == Qt::Key_Down ? 1 : 0;
+  if (step == 0) return QTabBar::keyPressEvent(event);
+  setCurrentIndex(std::clamp(currentIndex() + step, 0, count() - 1));
 }

@@ -12,6 +12,7 @@ class SideTabs : public QTabBar {
   QSize tabSizeHint(int index) const override;
   QSize minimumTabSizeHint(int index) const override;
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void paintTab(QPainter& painter, int index) const;

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 
@@ -55,6 +56,17 @@ QTabBar* makeTabs(Form1& form) {
   return tabs;
 }
 
+// Ctrl+Tab goes from tab to tab, wherever the focus is.
+void addTabKeys(QWidget* window, QTabBar* tabs) {
+  const auto go = [tabs](int step) {
+    return [tabs, step] { tabs->setCurrentIndex((tabs->currentIndex() + step) % tabs->count()); };
+  };
+  auto* const next = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Tab), window);
+  auto* const back = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), window);
+  QObject::connect(next, &QShortcut::activated, window, go(1));
+  QObject::connect(back, &QShortcut::activated, window, go(tabs->count() - 1));
+}
+
 // Shows the record's front panel, which is made first if this is its first time.
 void showFrontPanel(QStackedWidget* stack, const Form1& form) {
   const QString name = QString::number(form.frontPanel());
@@ -92,7 +104,9 @@ QWidget* makeForm1Window() {
   rows->setContentsMargins(10, 8, 10, 4);
   rows->addLayout(makeHeadline(form));
   auto* const panels = new QHBoxLayout;
-  panels->addWidget(makeTabs(form), 0, Qt::AlignTop);
+  QTabBar* const tabs = makeTabs(form);
+  addTabKeys(window, tabs);
+  panels->addWidget(tabs, 0, Qt::AlignTop);
   panels->addWidget(stack, 1);
   rows->addLayout(panels, 1);
   window->setCentralWidget(centre);
