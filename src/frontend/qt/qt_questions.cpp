@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -17,6 +18,16 @@
 #include "frontend/qt/text.h"
 
 namespace {
+
+// The window that a question belongs to. Right after another question no window is the active one.
+QWidget* askingWindow() {
+  if (QWidget* const active = QApplication::activeWindow()) return active;
+  if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && qobject_cast<QMainWindow*>(window)) return window;
+  }
+  return nullptr;
+}
 
 constexpr Wording okCaption{"OK", "OK"};
 constexpr Wording cancelCaption{"キャンセル", "Cancel"};
@@ -105,7 +116,7 @@ void nameParts(QFileDialog& box, QFileDialog::AcceptMode mode) {
 
 std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::AcceptMode mode) {
   const bool opening = mode == QFileDialog::AcceptOpen;
-  QFileDialog box(QApplication::activeWindow(), shown(dialog.title));
+  QFileDialog box(askingWindow(), shown(dialog.title));
   box.setOption(QFileDialog::DontUseNativeDialog);
   box.setOption(QFileDialog::DontConfirmOverwrite);
   box.setAcceptMode(mode);
@@ -128,7 +139,7 @@ std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::Acce
 
 BoxAnswer QtDesktop::doShowBox(const MessageBox& box) {
   QMessageBox window(iconOf(box.icon), shown(box.title), shown(box.text), buttonsOf(box.buttons),
-                     QApplication::activeWindow());
+                     askingWindow());
   window.setTextFormat(Qt::PlainText);
   window.setWindowModality(Qt::ApplicationModal);
   for (const AnswerButton& each : answerButtons) {
@@ -145,7 +156,7 @@ BoxAnswer QtDesktop::doShowBox(const MessageBox& box) {
 }
 
 std::string QtDesktop::doAskText(const TextPrompt& prompt) {
-  QDialog window(QApplication::activeWindow());
+  QDialog window(askingWindow());
   window.setWindowTitle(shown(prompt.title));
   auto* const text = new QLabel(shown(prompt.text));
   text->setTextFormat(Qt::PlainText);
@@ -173,7 +184,7 @@ std::optional<ChosenFile> QtDesktop::doChooseFileToSave(const FileDialog& dialog
 }
 
 std::string QtDesktop::doChooseFolder(const std::string& title) {
-  QFileDialog box(QApplication::activeWindow(), shown(title));
+  QFileDialog box(askingWindow(), shown(title));
   box.setOption(QFileDialog::DontUseNativeDialog);
   box.setOption(QFileDialog::ShowDirsOnly);
   box.setFileMode(QFileDialog::Directory);
