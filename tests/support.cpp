@@ -49,6 +49,19 @@ void ProgramTest::startWithMap(const std::string& addressMap) {
   start();
 }
 
+void ProgramTest::startAnew() {
+  discardForm1();
+  editorState = EditorState{};
+  desk.boxes.clear();
+  start();
+}
+
+void ProgramTest::useMap(const std::string& addressMap) {
+  writeText("used.adr", addressMap);
+  desk.openAnswers.push_back(path("used.adr"));
+  pick("load_map_addr");
+}
+
 void ProgramTest::writeText(const std::string& name, const std::string& text) const {
   const std::string bytes = encodeText(text);
   writeBytes(name, {bytes.begin(), bytes.end()});
@@ -104,6 +117,13 @@ void ProgramTest::enterCell(Grid& grid, int row, int column, const std::string& 
 
 std::string ProgramTest::lastBox() const {
   return desk.boxes.empty() ? "" : desk.boxes.back().text;
+}
+
+std::string ProgramTest::told() {
+  std::string texts;
+  for (const MessageBox& box : desk.boxes) texts += (texts.empty() ? "" : "|") + box.text;
+  desk.boxes.clear();
+  return texts;
 }
 
 std::string mapBlock(const std::string& keyword, const std::string& address, int columns, int rows,

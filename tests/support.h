@@ -26,6 +26,10 @@ class ProgramTest : public testing::Test {
   void start();
   // The same with the first settings and the address map below.
   void startWithMap(const std::string& addressMap);
+  // The program comes up anew in the same folder, and what was told is forgotten.
+  void startAnew();
+  // Puts `addressMap` into a file and picks it by the menu.
+  void useMap(const std::string& addressMap);
 
   std::string path(const std::string& name) const { return folder + "/" + name; }
   void writeText(const std::string& name, const std::string& text) const;
@@ -44,6 +48,8 @@ class ProgramTest : public testing::Test {
   void enterCell(Grid& grid, int row, int column, const std::string& answer);
   // The text of the last box, "" when none was shown.
   std::string lastBox() const;
+  // The texts of all boxes since the last call, "|" between them.
+  std::string told();
 
   HeadlessDesktop desk;
   std::string folder;
