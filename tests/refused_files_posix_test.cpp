@@ -1,0 +1,101 @@
+// Files that may not be read or written, and a disk that fills up, met through the menu: the old
+// file stands, no other appears, and the guard still asks.
+#include <signal.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "support.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class RefusedFiles : public ProgramTest {
+ protected:
+  RefusedFiles() {
+    startWithMap(smallMap());
+    loadImage(image);
+    form1().Grid1.setText(1, 1, "9");
+    writeBytes("target.bin", old);
+    fs::permissions(folder, fs::perms::all);
+  }
+  // The superuser may do everything: `act` runs as nobody.
+  static void asNobody(const std::function<void()>& act) {
+    const bool superuser = geteuid() == 0;
+    ASSERT_TRUE(!superuser || seteuid(65534) == 0);
+    act();
+    ASSERT_TRUE(!superuser || seteuid(0) == 0);
+  }
+  // No file may grow beyond `bytes` while `act` runs.
+  static void onDiskOf(rlim_t bytes, const std::function<void()>& act) {
+    const auto handler = signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit small{bytes, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    act();
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    signal(SIGXFSZ, handler);
+  }
+  void saveOver(const std::string& name) {
+    if (fs::exists(path(name))) desk.boxAnswers.push_back(BoxAnswer::ok);
+    desk.saveAnswers.push_back(path(name));
+    pick("write_bin_file");
+  }
+  // The guard still asks, and is told to keep the data; nothing on disk has changed.
+  void expectNothingLost() {
+    told();
+    desk.boxAnswers.assign(1, BoxAnswer::no);
+    pick("load_bin_file");
+    EXPECT_TRUE(told().starts_with("It is crowded as reading"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 5);
+    EXPECT_EQ(readBytes("target.bin"), old);
+    EXPECT_EQ(readBytes("image.bin"), image);
+  }
+
+  const Bytes image = patternImage(0x400, 1);
+  const Bytes old = patternImage(0x80, 2);
+};
+
+TEST_F(RefusedFiles, AReadOnlyTargetStandsByteForByte) {
+  fs::permissions(path("target.bin"), fs::perms(0444));
+  fs::create_directory(path("locked"));
+  fs::permissions(path("locked"), fs::perms(0555));
+  for (const char* name : {"target.bin", "locked/new.bin"}) {
+    asNobody([&] { saveOver(name); });
+    EXPECT_EQ(lastBox(), "*ERROR = [75]") << name;
+    expectNothingLost();
+  }
+  EXPECT_TRUE(fs::is_empty(path("locked")));
+}
+
+TEST_F(RefusedFiles, AFullDiskLeavesTheOldFileAndNoOther) {
+  writeText("error.log", "");
+  for (const rlim_t bytes : {0, 1, 0x3FF}) {
+    onDiskOf(bytes, [&] { saveOver("target.bin"); });
+    EXPECT_TRUE(lastBox().starts_with("*ERROR = [")) << bytes;
+    expectNothingLost();
+    onDiskOf(bytes, [&] { pick("update_bin_file"); });
+    expectNothingLost();
+  }
+  saveOver("target.bin");
+  EXPECT_EQ(readBytes("target.bin")[0x100], 9);
+}
+
+TEST_F(RefusedFiles, AnUnreadableFileIsToldByEachDialog) {
+  for (const char* name : {"map.adr", "target.bin"}) {
+    fs::permissions(path(name), fs::perms::none);
+    for (const char* command : {"load_map_addr", "load_bin_file", "comp_bin"}) {
+      if (command == std::string("load_bin_file")) desk.boxAnswers.assign(1, BoxAnswer::yes);
+      desk.openAnswers.push_back(path(name));
+      asNobody([&] { pick(command); });
+      EXPECT_TRUE(lastBox().starts_with("*ERROR = [75]")) << command;
+      desk.boxAnswers.clear();
+    }
+  }
+  EXPECT_EQ(form1().Label1.caption(), "SMALL");
+}
+
+}  // namespace
