@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -203,23 +204,43 @@ TEST_F(GridViewTest, HidingWithinOneEventDoesNotShow) {
   EXPECT_FALSE(view.isVisible());
 }
 
-TEST_F(GridViewTest, AScaleScrollsWithItsMap) {
+TEST_F(GridViewTest, ScalesScrollWithTheirMapInEachSizeOfTheWindow) {
   grid.resize(41, 41);
-  Grid scale{window, 2, 17, 1, 1, {}};
-  scale.setColumnWidths(430);
-  scale.setColumnWidth(0, 620);
-  GridView scaleView(scale, &host);
-  scaleView.followColumnsOf(&view);
-  scaleView.resize(view.width(), 40);
-  scaleView.show();
-  view.applyChanges();
-  QCoreApplication::processEvents();
-  view.horizontalScrollBar()->setValue(333);
-  EXPECT_EQ(scaleView.columnViewportPosition(9), view.columnViewportPosition(9));
-  view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->maximum());
-  EXPECT_EQ(scaleView.columnViewportPosition(9), view.columnViewportPosition(9));
-  scaleView.horizontalScrollBar()->setValue(11);
-  EXPECT_EQ(view.horizontalScrollBar()->value(), 11);
+  Grid load{window, 2, 17, 1, 1, {}};
+  Grid speed{window, 16, 1, 0, 0, {}};
+  for (Grid* scale : {&load, &speed}) scale->setColumnWidths(430);
+  load.setColumnWidth(0, 620);
+  QWidget panel;
+  auto* const cells = new QGridLayout(&panel);
+  auto* const loadView = new GridView(load);
+  auto* const speedView = new GridView(speed);
+  auto* const map = new GridView(grid);
+  loadView->followColumnsOf(map);
+  speedView->followRowsOf(map);
+  cells->addWidget(loadView, 0, 1);
+  cells->addWidget(speedView, 1, 0, Qt::AlignTop);
+  cells->addWidget(map, 1, 1);
+  panel.show();
+  const auto expectAligned = [&](const char* when) {
+    QCoreApplication::processEvents();
+    EXPECT_EQ(loadView->columnViewportPosition(9), map->columnViewportPosition(9)) << when;
+    EXPECT_EQ(speedView->rowViewportPosition(9), map->rowViewportPosition(9)) << when;
+  };
+  panel.resize(900, 500);
+  expectAligned("at first");
+  map->horizontalScrollBar()->setValue(map->horizontalScrollBar()->maximum());
+  map->verticalScrollBar()->setValue(map->verticalScrollBar()->maximum());
+  expectAligned("at the end");
+  const int place = map->verticalScrollBar()->value();
+  EXPECT_GT(place, 16 * 16 - 100) << "further than the scale itself could scroll";
+  for (const QSize size : {QSize(500, 300), QSize(1200, 600), QSize(400, 200)}) {
+    panel.resize(size);
+    expectAligned("in another size");
+  }
+  EXPECT_GT(map->verticalScrollBar()->value(), 0) << "the map keeps its place";
+  loadView->horizontalScrollBar()->setValue(11);
+  EXPECT_EQ(map->horizontalScrollBar()->value(), 11);
+  expectAligned("after the scale was scrolled");
 }
 
 }  // namespace

@@ -171,6 +171,16 @@ void GridView::resizeEvent(QResizeEvent* event) {
 
 namespace {
 
+// The toolkit cuts a follower's range to its own cells, which would carry the leader along. Its
+// place is put back before anyone hears of it.
+void keepPlace(QScrollBar* follower, QHeaderView* header, const QScrollBar& leader, int place) {
+  follower->setRange(0, std::max(leader.maximum(), place));
+  follower->setValue(place);
+  follower->blockSignals(false);
+  follower->setMaximum(leader.maximum());
+  header->setOffset(follower->value());
+}
+
 void scrollTogether(QScrollBar* one, QScrollBar* other) {
   QObject::connect(one, &QScrollBar::valueChanged, other, &QScrollBar::setValue);
   QObject::connect(other, &QScrollBar::valueChanged, one, &QScrollBar::setValue);
@@ -195,13 +205,17 @@ void GridView::followRowsOf(GridView* leader) {
 }
 
 void GridView::updateGeometries() {
+  QScrollBar* const across = horizontalScrollBar();
+  QScrollBar* const down = verticalScrollBar();
+  const int left = across->value();
+  const int top = down->value();
+  across->blockSignals(columnsLeader_);
+  down->blockSignals(rowsLeader_);
   QTableView::updateGeometries();
-  if (columnsLeader_) {
-    horizontalScrollBar()->setRange(0, columnsLeader_->horizontalScrollBar()->maximum());
-  }
-  if (rowsLeader_) {
-    verticalScrollBar()->setRange(0, rowsLeader_->verticalScrollBar()->maximum());
-  }
+  if (columnsLeader_)
+    keepPlace(across, horizontalHeader(), *columnsLeader_->horizontalScrollBar(), left);
+  if (rowsLeader_) keepPlace(down, verticalHeader(), *rowsLeader_->verticalScrollBar(), top);
+  if (columnsLeader_ || rowsLeader_) viewport()->update();
 }
 
 void GridView::paintEvent(QPaintEvent* event) {
