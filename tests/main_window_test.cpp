@@ -42,33 +42,22 @@ TEST_F(MainWindow, TheMenuTreeStands) {
             "use_ps13_vq use_s14_vq use_s15_vq)) G_EDIT_RR(DISP_3D_Graph TP_2D) AF_DISP_FORM "
             "TP_BST_RECAL CALCU) "
             "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) HLP777(ver_displ)");
-  const std::pair<const char*, const char*> keys[] = {{"load_bin_file", "Ctrl+O"},
-                                                      {"LOAD_IntelHEX_FILE", "Ctrl+H"},
-                                                      {"update_bin_file", "Ctrl+S"},
-                                                      {"owari", "Ctrl+Q"},
-                                                      {"CPY", "Ctrl+C"},
-                                                      {"PST", "Ctrl+V"},
-                                                      {"DISP_3D_Graph", "Ctrl+G"},
-                                                      {"TP_BST_RECAL", "Ctrl+R"},
-                                                      {"CALCU", "Ctrl+N"}};
-  std::size_t shortcuts = 0;
+  std::string shortcuts;
   everyItem(form1().menuBar, [&](const MenuItem& item) {
-    shortcuts += !item.shortcut().empty();
+    if (!item.shortcut().empty()) shortcuts += item.name() + " " + item.shortcut() + " ";
     const bool command = item.children().empty() && item.caption() != "-";
     EXPECT_TRUE(!item.visible() || command == (item.onClick != nullptr)) << item.name();
   });
-  EXPECT_EQ(shortcuts, std::size(keys));
-  for (const auto& [name, key] : keys) EXPECT_EQ(form1().menuBar.find(name)->shortcut(), key);
+  EXPECT_EQ(shortcuts,
+            "load_bin_file Ctrl+O LOAD_IntelHEX_FILE Ctrl+H update_bin_file Ctrl+S owari Ctrl+Q "
+            "CPY Ctrl+C PST Ctrl+V DISP_3D_Graph Ctrl+G TP_BST_RECAL Ctrl+R CALCU Ctrl+N ");
 }
 
 TEST_F(MainWindow, EnglishReachesEveryCaptionAndJapaneseStays) {
   start();
-  EXPECT_FALSE(isAscii(form1().menuBar.find("owari")->caption()));
-  EXPECT_EQ(form1().TabStrip1.tab(5).caption + form1().Frame5.caption(), "VQ ﾏｯﾌﾟVQ マップ");
-  discardForm1();
-  editorState = EditorState{};
+  EXPECT_EQ(form1().menuBar.find("owari")->caption() + form1().Frame5.caption(), "終了VQ マップ");
   writeText("zelkova.ini", firstSettings(""));
-  start();
+  startAnew();
   Form1& form = form1();
   everyItem(form.menuBar,
             [](const MenuItem& item) { EXPECT_TRUE(isAscii(item.caption())) << item.name(); });
@@ -80,8 +69,6 @@ TEST_F(MainWindow, EnglishReachesEveryCaptionAndJapaneseStays) {
                 form.Label16.caption() + form.Frame5.caption() + form.Frame6.caption(),
             "HEX this frame insideSpecificationRPMRPMVQ mapADD Map1");
   EXPECT_EQ(form.Frame1.caption(), "ハイオク燃料マップ");
-  EXPECT_EQ(form.Label1.caption(), "Please load an address map(*.adr) first. ");
-  EXPECT_EQ(form.menuBar.find("ver_displ")->caption(), "Veriosn");
 }
 
 TEST_F(MainWindow, ATabClickBringsItsPanelAndOnTheAirflowTabDrawsTheView) {
@@ -110,47 +97,26 @@ TEST_F(MainWindow, ATabClickBringsItsPanelAndOnTheAirflowTabDrawsTheView) {
 TEST_F(MainWindow, TakesNoInputWhileDisabledOrWhileAQuestionStandsOpen) {
   startWithMap(smallMap());
   loadImage(patternImage(0x400));
-  const auto everythingRefused = [this] {
+  const std::string before = form1().Text1.text();
+  int tried = 0;
+  const auto expectRefused = [&] {
+    ++tried;
     selectTab(3);
-    form1().TP_FUEL.userDoubleClick();
     form1().Text1.userType("AB");
     form1().userClose();
-    pick("owari");
-    pick("CALCU");
-    return editorState.currentTab == 1 && desk.prompts.size() <= 1 && !desk.ended &&
-           form1().loaded() && desk.programs.empty();
+    for (const char* command : {"owari", "CALCU", "set_spl"}) pick(command);
+    EXPECT_EQ(editorState.currentTab, 1);
+    EXPECT_EQ(form1().Text1.text(), before);
+    EXPECT_TRUE(!desk.ended && desk.programs.empty() && desk.shownWindows.size() == 1);
   };
-  const std::string before = form1().Text1.text();
   form1().setEnabled(false);
-  EXPECT_TRUE(everythingRefused());
+  expectRefused();
   form1().setEnabled(true);
-  desk.textAnswers.push_back("");
-  bool refused = false;
-  desk.whileAsking = [&] { refused = everythingRefused(); };
-  drag(form1().Grid1, 1, 1, 1, 1);
-  form1().Grid1.userDoubleClick();
-  desk.whileAsking = nullptr;
-  EXPECT_TRUE(refused);
-  EXPECT_EQ(form1().Text1.text(), before);
+  desk.whileAsking = expectRefused;
+  enterCell(form1().Grid1, 1, 1, "");
+  EXPECT_EQ(tried, 2);
   selectTab(3);
   EXPECT_EQ(editorState.currentTab, 3);
-}
-
-TEST_F(MainWindow, ADialogDisablesTheWindowAndGivesItBack) {
-  startWithMap(smallMap());
-  loadImage(patternImage(0x400));
-  for (const char* command : {"set_spl", "ver_displ", "SET_DEFAULT_FOLDER", "AF_DISP_FORM"}) {
-    pick(command);
-    ASSERT_FALSE(form1().enabled()) << command;
-    Window& dialog = *desk.shownWindows.back();
-    EXPECT_TRUE(dialog.topmost() && dialog.loaded());
-    EXPECT_EQ(dialog.centredOn(), &form1());
-    selectTab(2);
-    EXPECT_EQ(editorState.currentTab, 1);
-    dialog.userClose();
-    EXPECT_FALSE(dialog.loaded() || dialog.topmost()) << command;
-    EXPECT_TRUE(form1().enabled());
-  }
 }
 
 TEST_F(MainWindow, TheCalculatorStartsOrNothingHappens) {
