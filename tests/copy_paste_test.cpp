@@ -130,6 +130,15 @@ TEST_F(CopyPaste, ABlockBeyondTheBufferIsCutAndTheSelectionShowsIt) {
   EXPECT_EQ(std::count(desk.clipboard->begin(), desk.clipboard->end(), ','), 513 * 41 + 1);
   EXPECT_TRUE(desk.clipboard->ends_with("," + grid.text(42, 515) + ",512,40"));
   EXPECT_EQ(std::to_string(editorState.copyBuffer.back()), grid.text(42, 515));
+  // A column of 600 cells, over a selection that is wider than it.
+  desk.clipboard = "";
+  for (int i = 0; i < 600; ++i) *desk.clipboard += "999,";
+  *desk.clipboard += "0,599";
+  const std::string below = grid.text(42, 1);
+  drag(grid, 1, 1, 45, 520);
+  pick("PST");
+  EXPECT_EQ(grid.text(41, 1), "999");
+  EXPECT_EQ(grid.text(42, 1), below);
 }
 
 TEST_F(CopyPaste, PasteLeavesImageAndAirflowViewAlone) {

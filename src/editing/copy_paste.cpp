@@ -91,7 +91,8 @@ std::optional<std::string_view> takeField(std::optional<std::string_view>& rest)
 std::int64_t readCells(ClipboardBlock& block, const GridBlock& target) {
   const std::int64_t width = std::int64_t{block.lastColumn} + 1;
   if (width < 1) return 0;
-  const int columns = std::min(target.columns(), copyColumns);
+  const int columns =
+      static_cast<int>(std::min<std::int64_t>(width, std::min(target.columns(), copyColumns)));
   const std::int64_t end = (std::min(target.rows(), copyRows) - 1) * width + columns;
   std::int64_t place = 0;
   for (; place < end; ++place) {
