@@ -56,10 +56,20 @@ void ProgramTest::startAnew() {
   start();
 }
 
+void ProgramTest::startAnewWithMap(const std::string& addressMap) {
+  writeText("map.adr", addressMap);
+  writeText("zelkova.ini", firstSettings("map.adr"));
+  startAnew();
+}
+
+void ProgramTest::loadSmallCar() {
+  startWithMap(smallMap());
+  loadImage(patternImage(0x400));
+}
+
 void ProgramTest::useMap(const std::string& addressMap) {
   writeText("used.adr", addressMap);
-  desk.openAnswers.push_back(path("used.adr"));
-  pick("load_map_addr");
+  pickFile("load_map_addr", "used.adr");
 }
 
 void ProgramTest::writeText(const std::string& name, const std::string& text) const {
@@ -94,10 +104,14 @@ void ProgramTest::pick(const std::string& name) {
   item->userPick();
 }
 
+void ProgramTest::pickFile(const std::string& command, const std::string& name) {
+  desk.openAnswers.push_back(path(name));
+  pick(command);
+}
+
 void ProgramTest::loadImage(const Bytes& bytes, const std::string& name) {
   writeBytes(name, bytes);
-  desk.openAnswers.push_back(path(name));
-  pick("load_bin_file");
+  pickFile("load_bin_file", name);
 }
 
 Bytes ProgramTest::saveImage(const std::string& name) {
@@ -155,6 +169,12 @@ std::string firstSettings(const std::string& addressFile) {
          "\r\n 1998 \r\n 370 \r\n 4 \r\n\r\n\r\n 128 \r\n 125 \r\n 1 \r\n+\r\n-\r\n"
          " 4096 \r\n 16 \r\n 16 \r\n 1 \r\n 1 \r\n256\r\nBINARY\r\nTRAN\r\n 0 \r\n"
          " 30 \r\n 14 \r\n 1 \r\n 2 \r\n";
+}
+
+std::string rowText(const Grid& grid, int row, int count) {
+  std::string texts;
+  for (int c = 0; c < count; ++c) texts += grid.text(row, c) + ' ';
+  return texts;
 }
 
 void drag(Grid& grid, int row, int column, int rowSel, int columnSel) {

@@ -28,6 +28,9 @@ class ProgramTest : public testing::Test {
   void startWithMap(const std::string& addressMap);
   // The program comes up anew in the same folder, and what was told is forgotten.
   void startAnew();
+  void startAnewWithMap(const std::string& addressMap);
+  // Starts with smallMap() and a pattern of 1024 bytes as its image.
+  void loadSmallCar();
   // Puts `addressMap` into a file and picks it by the menu.
   void useMap(const std::string& addressMap);
 
@@ -39,6 +42,8 @@ class ProgramTest : public testing::Test {
 
   // Picks a menu command; the name must be there.
   void pick(const std::string& name);
+  // Picks a menu command that asks for a file to open, and answers with the file `name`.
+  void pickFile(const std::string& command, const std::string& name);
   // Puts `bytes` into a file and loads it by the menu.
   void loadImage(const Bytes& bytes, const std::string& name = "image.bin");
   // Saves the image under `name` by the menu and gives the file's bytes.
@@ -65,6 +70,8 @@ std::string smallMap();
 Bytes patternImage(std::size_t size, std::uint32_t seed = 1);
 // The 25 settings lines that the tests start with.
 std::string firstSettings(const std::string& addressFile);
+// The texts of a row's first `count` cells, a blank after each.
+std::string rowText(const Grid& grid, int row, int count);
 // Selects cells as a user's drag from one cell to another.
 void drag(Grid& grid, int row, int column, int rowSel, int columnSel);
 // Goes to a box and types over all that it holds; "" empties it.
