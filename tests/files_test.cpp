@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 
 #include "platform/failure.h"
 #include "scratch_folder.h"
@@ -12,10 +11,12 @@
 namespace {
 
 namespace fs = std::filesystem;
+using std::string_literals::operator""s;
 
-int failureOfReplacing(const std::string& path) {
-  return trapFailure([&] { replaceFile(path, bytesOf("new")); });
-}
+struct Row {
+  std::string path;
+  int number;
+};
 
 TEST(Files, WhatIsWrittenReadsBackWholeOrUpToALimit) {
   const ScratchFolder folder;
@@ -27,51 +28,31 @@ TEST(Files, WhatIsWrittenReadsBackWholeOrUpToALimit) {
     EXPECT_EQ(contentOf(folder / "image"), part);
     EXPECT_EQ(folder.count(), 1U);
   }
-  EXPECT_EQ(readFile(folder / "image", 0).size(), 0U);
-  EXPECT_EQ(readFile(folder / "image", 299999).size(), 299999U);
-  EXPECT_EQ(readFile(folder / "image", 300001).size(), 300000U);
+  for (const std::size_t limit : {0U, 299999U, 300001U}) {
+    EXPECT_EQ(readFile(folder / "image", limit).size(), std::min(limit, content.size()));
+  }
 }
 
 TEST(Files, WhatCannotBeReadHasItsNumber) {
   const ScratchFolder folder;
   replaceFile(folder / "file", {});
-  const struct {
-    std::string path;
-    int number;
-  } rows[] = {
-      {folder / "none", fileNotFound},
-      {folder / "no/file", pathNotFound},
-      {folder / "file/below", pathNotFound},
-      {folder.path().string(), pathFileAccess},
-      {"", fileNotFound},
-      {folder / std::string_view("file\0", 5), fileNotFound},
-      {folder / "file", 0},
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(trapFailure([&] { readFile(row.path); }), row.number) << row.path;
+  for (const auto& [path, number] :
+       {Row{folder / "none", fileNotFound}, Row{folder / "no/file", pathNotFound},
+        Row{folder / "file/below", pathNotFound}, Row{folder.path().string(), pathFileAccess},
+        Row{"", fileNotFound}, Row{folder / "file\0"s, fileNotFound}, Row{folder / "file", 0}}) {
+    EXPECT_EQ(trapFailure([&] { readFile(path); }), number) << path;
   }
 }
 
 TEST(Files, AFileExistsWhereItOpensWithOneSeparatorForgiven) {
   const ScratchFolder folder;
   replaceFile(folder / "file", {});
-  const struct {
-    std::string path;
-    bool exists;
-  } rows[] = {
-      {folder / "file", true},
-      {folder / "file\\", true},
-      {folder / "file/", true},
-      {folder / "file//", false},
-      {folder / "file\\\\", false},
-      {folder / "other", false},
-      {folder.path().string(), false},
-      {"", false},
-      {"/", false},
-      {"\\", false},
-      {std::string(10000, 'x'), false},
-  };
-  for (const auto& row : rows) EXPECT_EQ(fileExists(row.path), row.exists) << row.path;
+  for (const char* name : {"file", "file\\", "file/"})
+    EXPECT_TRUE(fileExists(folder / name)) << name;
+  for (const std::string& path : {folder / "file//", folder / "file\\\\", folder / "other",
+                                  folder / "", ""s, "/"s, "\\"s, std::string(10000, 'x')}) {
+    EXPECT_FALSE(fileExists(path)) << path;
+  }
 }
 
 TEST(Files, ARefusedTargetStandsUntouched) {
@@ -81,37 +62,26 @@ TEST(Files, ARefusedTargetStandsUntouched) {
   fs::create_symlink("circle", folder / "circle");
   replaceFile(folder / "read-only", bytesOf("old"));
   fs::permissions(folder / "read-only", fs::perms::owner_read | fs::perms::others_read);
-  const struct {
-    std::string path;
-    int number;
-  } rows[] = {
-      {folder / "folder", pathFileAccess},
-      {folder / "link to folder", pathFileAccess},
-      {folder / "circle", deviceError},
-      {folder / "read-only", pathFileAccess},
-      {folder / "no/file", pathNotFound},
-      {folder / "read-only/file", pathNotFound},
-      {folder / std::string(256, 'x'), deviceError},
-      {folder / "", pathFileAccess},
-      {"", pathFileAccess},
-      {folder / std::string_view("no\0", 3), fileNotFound},
-  };
   const std::size_t before = folder.count();
-  for (const auto& row : rows) {
-    EXPECT_EQ(failureOfReplacing(row.path), row.number) << row.path;
-    EXPECT_EQ(folder.count(), before) << row.path;
+  for (const auto& [path, number] :
+       {Row{folder / "folder", pathFileAccess}, Row{folder / "link to folder", pathFileAccess},
+        Row{folder / "circle", deviceError}, Row{folder / "read-only", pathFileAccess},
+        Row{folder / "no/file", pathNotFound}, Row{folder / "read-only/file", pathNotFound},
+        Row{folder / std::string(256, 'x'), deviceError}, Row{folder / "", pathFileAccess},
+        Row{"", pathFileAccess}, Row{folder / "no\0"s, fileNotFound}}) {
+    EXPECT_EQ(trapFailure([&] { replaceFile(path, bytesOf("new")); }), number) << path;
+    EXPECT_EQ(folder.count(), before) << path;
   }
   EXPECT_EQ(contentOf(folder / "read-only"), "old");
 }
 
-TEST(Files, LinksAreFollowedAndPermissionsKept) {
+TEST(Files, LinksAreFollowedPermissionsKeptAndTheLongestNamesTaken) {
   const ScratchFolder folder;
   fs::create_directory(folder / "far");
   fs::create_symlink("far/target", folder / "inner");
   fs::create_symlink(folder / "inner", folder / "outer");
   replaceFile(folder / "outer", bytesOf("made"));
   EXPECT_EQ(contentOf(folder / "far/target"), "made");
-
   constexpr fs::perms odd = fs::perms::owner_all | fs::perms::group_exec | fs::perms::others_write;
   fs::permissions(folder / "far/target", odd);
   replaceFile(folder / "outer", bytesOf("made again"));
@@ -119,64 +89,43 @@ TEST(Files, LinksAreFollowedAndPermissionsKept) {
   EXPECT_EQ(fs::status(folder / "far/target").permissions(), odd);
   EXPECT_TRUE(fs::is_symlink(fs::symlink_status(folder / "inner")));
   EXPECT_EQ(folder.count(), 3U);
-}
 
-TEST(Files, TheLongestNamesAreReplacedToo) {
-  const ScratchFolder folder;
   std::string name;
-  while (name.size() + 3 <= 255) name += "燃";
-  const std::string other = name.substr(0, name.size() - 3) + "料";
-  replaceFile(folder / name, bytesOf("1"));
-  replaceFile(folder / other, bytesOf("2"));
-  EXPECT_EQ(contentOf(folder / name), "1");
-  EXPECT_EQ(contentOf(folder / other), "2");
+  while (name.size() + 6 <= 255) name += "燃";
+  for (const char* last : {"燃", "料"}) replaceFile(folder / (name + last), bytesOf(last));
+  for (const char* last : {"燃", "料"}) EXPECT_EQ(contentOf(folder / (name + last)), last);
 }
 
 TEST(Files, APairIsReplacedTogetherOrNotAtAll) {
   const ScratchFolder folder;
   const std::string even = folder / "even";
   const std::string odd = folder / "odd";
-  const FileContent both[] = {{even, bytesOf("0")}, {odd, bytesOf("1")}};
-  replaceFiles(both);
-  EXPECT_EQ(contentOf(even) + contentOf(odd), "01");
-
-  const FileContent second[] = {{even, bytesOf("2")}, {folder / "no/odd", bytesOf("3")}};
-  EXPECT_EQ(trapFailure([&] { replaceFiles(second); }), pathNotFound);
-  EXPECT_EQ(contentOf(even) + contentOf(odd), "01");
-  EXPECT_EQ(folder.count(), 2U);
-
+  const FileContent first[] = {{even, bytesOf("0")}, {odd, bytesOf("1")}};
+  const FileContent refused[] = {{even, bytesOf("2")}, {folder / "no/odd", bytesOf("3")}};
   const FileContent same[] = {{odd, bytesOf("4")}, {odd, bytesOf("5")}};
+  replaceFiles(first);
+  EXPECT_EQ(trapFailure([&] { replaceFiles(refused); }), pathNotFound);
+  EXPECT_EQ(contentOf(even) + contentOf(odd), "01");
   replaceFiles(same);
-  EXPECT_EQ(contentOf(odd), "5");
+  EXPECT_EQ(contentOf(even) + contentOf(odd), "05");
   EXPECT_EQ(folder.count(), 2U);
 }
 
 TEST(Files, PathsComeApartAndTogether) {
-  const struct {
-    const char* path;
-    const char* name;
-  } names[] = {{"C:\\maps\\a.bin", "a.bin"},
-               {"/maps/a.bin", "a.bin"},
-               {"a.bin", "a.bin"},
-               {"/maps\\a", "a"},
-               {"\\maps/a", "a"},
-               {"/maps/", ""},
-               {"", ""}};
-  for (const auto& row : names) EXPECT_EQ(fileNameOf(row.path), row.name) << row.path;
-
-  const struct {
-    const char* path;
-    const char* folder;
-  } folders[] = {{"/maps/a.bin", "/maps"}, {"/a", "/"}, {"a", ""}, {"x/y/a", "x/y"}, {"", ""}};
-  for (const auto& row : folders) EXPECT_EQ(folderOf(row.path), row.folder) << row.path;
-
+  using Part = std::pair<const char*, const char*>;
+  for (const auto& [path, name] :
+       {Part{"C:\\maps\\a.bin", "a.bin"}, Part{"/maps/a.bin", "a.bin"}, Part{"a", "a"},
+        Part{"/maps\\a", "a"}, Part{"\\maps/a", "a"}, Part{"/maps/", ""}, Part{"", ""}}) {
+    EXPECT_EQ(fileNameOf(path), name) << path;
+  }
+  for (const auto& [path, parent] : {Part{"/maps/a.bin", "/maps"}, Part{"/a", "/"}, Part{"a", ""},
+                                     Part{"x/y/a", "x/y"}, Part{"", ""}}) {
+    EXPECT_EQ(folderOf(path), parent) << path;
+  }
   const std::string root = fs::current_path().root_path().string();
-  EXPECT_TRUE(isAbsolutePath(root + "maps"));
-  EXPECT_FALSE(isAbsolutePath("maps/a"));
-  EXPECT_FALSE(isAbsolutePath(""));
+  EXPECT_TRUE(isAbsolutePath(root + "maps") && !isAbsolutePath("maps/a") && !isAbsolutePath(""));
   EXPECT_EQ(joinPath("maps", root + "a"), root + "a");
-  EXPECT_EQ(joinPath("", "a"), "a");
-  EXPECT_EQ(joinPath("maps/", "a"), "maps/a");
+  EXPECT_EQ(joinPath("", "a") + joinPath("maps/", "a"), "amaps/a");
   EXPECT_EQ(fs::path(joinPath("maps", "a")), fs::path("maps") / "a");
 }
 
