@@ -33,7 +33,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Without such a font the Japanese texts can't be shown, without the plug-ins no sound is played.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "fonts-ipafont-gothic | fonts-noto-cjk | fonts-vlgothic, gstreamer1.0-plugins-good, xdg-utils")
+    "fonts-ipafont-gothic | fonts-noto-cjk | fonts-vlgothic, gstreamer1.0-plugins-good, qt6-translations-l10n, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "gnome-calculator | kcalc | galculator")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Editor for ROM images of engine control units")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

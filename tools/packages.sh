@@ -2,7 +2,7 @@
 
 packages_build=(g++ cmake ninja-build ccache qt6-base-dev qt6-multimedia-dev libxkbcommon-dev
   libgl-dev)
-packages_screen=(fonts-ipafont-gothic fonts-dejavu-core)
+packages_screen=(fonts-ipafont-gothic fonts-dejavu-core qt6-translations-l10n)
 packages_tour=(xvfb openbox xdotool imagemagick xclip x11-utils python3)
 packages_tests=(libgtest-dev libbenchmark-dev clang-14 libclang-rt-14-dev clang-format-14
   binutils srecord python3-intelhex seabios arduino-core-avr)

@@ -29,6 +29,7 @@ class Look : public QProxyStyle {
                 QStyleHintReturn* data) const override {
     // A press on a grid or a canvas must not wait for what a menu still animates.
     if (hint == SH_Widget_Animation_Duration) return 0;
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
   }
 };

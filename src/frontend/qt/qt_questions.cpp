@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include "core/wording.h"
@@ -114,6 +115,18 @@ void nameParts(QFileDialog& box, QFileDialog::AcceptMode mode) {
   box.setLabelText(QFileDialog::Reject, text("キャンセル", "Cancel"));
 }
 
+// Wide enough for names, sizes and dates.
+void sizeParts(QFileDialog& box) {
+  constexpr int nameWidth = 250, sizeWidth = 90, typeWidth = 90, dateWidth = 150;
+  box.resize(780, 480);
+  auto* const files = box.findChild<QTreeView*>();
+  if (!files) return;
+  int column = 0;
+  for (const int width : {nameWidth, sizeWidth, typeWidth, dateWidth}) {
+    files->setColumnWidth(column++, width);
+  }
+}
+
 std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::AcceptMode mode) {
   const bool opening = mode == QFileDialog::AcceptOpen;
   QFileDialog box(askingWindow(), shown(dialog.title));
@@ -126,7 +139,7 @@ std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::Acce
   for (const Filter& filter : filters) names << nameFilter(filter);
   if (!names.isEmpty()) box.setNameFilters(names);
   if (!opening) box.setDefaultSuffix(defaultSuffix(filters));
-  box.resize(760, 480);
+  sizeParts(box);
   nameParts(box, mode);
   if (!dialog.folder.empty()) box.setDirectory(shown(dialog.folder));
   if (!dialog.fileName.empty()) box.selectFile(shown(dialog.fileName));
