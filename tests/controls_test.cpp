@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "frontend/headless/headless_desktop.h"
+#include "platform/failure.h"
+#include "platform/handler.h"
 
 namespace {
 
@@ -239,6 +241,19 @@ TEST_F(Controls, HiddenMenuEntriesCannotBePicked) {
   panel.item.find("entry")->userPick();
   EXPECT_EQ(panel.handled, 1);
   EXPECT_EQ(panel.item.find("missing"), nullptr);
+}
+
+TEST_F(Controls, AFailureThatNobodyCaughtEndsItsGestureAlone) {
+  Panel panel;
+  panel.button.onClick = [] { throw Failure(badSubscript); };
+  panel.item.onClick = [] { throw std::bad_alloc(); };
+  EXPECT_THROW(panel.button.userClick(), Failure);
+  std::vector<int> told;
+  onEscapedFailure = [&told](int number) { told.push_back(number); };
+  panel.touchAll();
+  onEscapedFailure = nullptr;
+  EXPECT_EQ(told, (std::vector<int>{badSubscript, outOfMemory}));
+  EXPECT_EQ(panel.handled, Panel::gestures - 2);
 }
 
 }  // namespace

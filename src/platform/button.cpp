@@ -1,5 +1,7 @@
 #include "platform/button.h"
 
+#include "platform/handler.h"
+
 void Button::userClick() {
-  if (takesInput() && onClick) onClick();
+  if (takesInput()) runHandler(onClick);
 }

@@ -1,5 +1,7 @@
 #include "platform/canvas.h"
 
+#include "platform/handler.h"
+
 void Canvas::clear() { items_.clear(); }
 
 void Canvas::drawLine(int x1, int y1, int x2, int y2, Colour colour) {
@@ -17,17 +19,17 @@ void Canvas::drawBar(int x1, int y1, int x2, int y2, Colour colour) {
 void Canvas::userMouseDown() {
   if (!takesInput()) return;
   userFocus();
-  if (onMouseDown) onMouseDown();
+  runHandler(onMouseDown);
 }
 
 void Canvas::userKeyDown(int keyCode) {
-  if (takesInput() && onKeyDown) onKeyDown(keyCode);
+  if (takesInput()) runHandler(onKeyDown, keyCode);
 }
 
 void Canvas::userKey(char32_t key) {
-  if (takesInput() && onKey) onKey(key);
+  if (takesInput()) runHandler(onKey, key);
 }
 
 void Canvas::userKeyUp(int keyCode) {
-  if (takesInput() && onKeyUp) onKeyUp(keyCode);
+  if (takesInput()) runHandler(onKeyUp, keyCode);
 }

@@ -2,22 +2,15 @@
 
 #include <algorithm>
 
+#include "platform/handler.h"
 #include "platform/utf8.h"
 
-namespace {
-
-void run(const std::function<void()>& handler) {
-  if (handler) handler();
-}
-
-}  // namespace
-
 void Label::userClick() {
-  if (takesInput()) run(onClick);
+  if (takesInput()) runHandler(onClick);
 }
 
 void Frame::userClick() {
-  if (takesInput()) run(onClick);
+  if (takesInput()) runHandler(onClick);
 }
 
 void TextBox::setText(std::string text) {
@@ -45,7 +38,7 @@ void TextBox::replaceSelection(std::u32string_view with) {
   selectionStart_ = static_cast<int>(start + with.size());
   selectionLength_ = 0;
   assign(text_, utf8(characters));
-  run(onChange);
+  runHandler(onChange);
 }
 
 void TextBox::userType(std::string_view keys) {
@@ -70,7 +63,7 @@ void TextBox::userPaste(std::string_view text) {
 void TextBox::userEdit(std::string text) {
   if (!takesInput() || text == text_) return;
   text_ = std::move(text);
-  run(onChange);
+  runHandler(onChange);
 }
 
 void TextBox::userSelect(int start, int length) {
@@ -81,13 +74,13 @@ void TextBox::userSelect(int start, int length) {
 bool digitKey(char32_t key) { return key >= U'0' && key <= U'9'; }
 
 void CheckBox::userMouseDown() {
-  if (takesInput()) run(onMouseDown);
+  if (takesInput()) runHandler(onMouseDown);
 }
 
 void CheckBox::userToggle() {
   if (!takesInput()) return tell({Change::values});
   setChecked(!checked_);
-  run(onChange);
+  runHandler(onChange);
 }
 
 Option* OptionGroup::selected() const {
@@ -111,13 +104,13 @@ Option::Option(Window& owner, OptionGroup& group, std::string caption)
 }
 
 void Option::userMouseDown() {
-  if (takesInput()) run(onMouseDown);
+  if (takesInput()) runHandler(onMouseDown);
 }
 
 void Option::userSelect() {
   if (!takesInput() || selected_) return;
   group_->select(this);
-  run(onSelect);
+  runHandler(onSelect);
 }
 
 std::string ListBox::text() const {
@@ -131,14 +124,14 @@ void ListBox::selectText(std::string_view text) {
 }
 
 void ListBox::userMouseDown() {
-  if (takesInput()) run(onMouseDown);
+  if (takesInput()) runHandler(onMouseDown);
 }
 
 void ListBox::userSelect(int index) {
   if (!takesInput() || index == index_ || index < 0) return;
   if (index >= static_cast<int>(items_.size())) return;
   setIndex(index);
-  run(onChange);
+  runHandler(onChange);
 }
 
 void TabStrip::setCaption(int number, std::string text) {
@@ -152,7 +145,7 @@ void TabStrip::setTabToolTip(int number, std::string text) {
 void TabStrip::userSelect(int number) {
   if (!takesInput() || number < 1 || number > count()) return tell({Change::values});
   assign(selected_, number);
-  run(onClick);
+  runHandler(onClick);
 }
 
 MenuItem& MenuItem::add(std::unique_ptr<MenuItem> child) {
@@ -170,7 +163,7 @@ MenuItem* MenuItem::find(std::string_view name) {
 }
 
 void MenuItem::userPick() {
-  if (takesInput() && visible()) run(onClick);
+  if (takesInput() && visible()) runHandler(onClick);
 }
 
 void Timer::restart(int milliseconds) {
@@ -180,5 +173,5 @@ void Timer::restart(int milliseconds) {
 }
 
 void Timer::fire() {
-  if (enabled() && window().loaded()) run(onTimer);
+  if (enabled() && window().loaded()) runHandler(onTimer);
 }

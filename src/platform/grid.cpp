@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "platform/failure.h"
+#include "platform/handler.h"
 
 Grid::Grid(Window& owner, int rows, int columns, int fixedRows, int fixedColumns, Look look)
     : Control(owner),
@@ -204,19 +205,19 @@ void Grid::userSelect(const GridSelection& selection) {
 }
 
 void Grid::userDoubleClick() {
-  if (takesInput() && onDoubleClick) onDoubleClick();
+  if (takesInput()) runHandler(onDoubleClick);
 }
 
 void Grid::userKey(char32_t key) {
-  if (takesInput() && onKey) onKey(key);
+  if (takesInput()) runHandler(onKey, key);
 }
 
 void Grid::userKeyUp() {
-  if (takesInput() && onKeyUp) onKeyUp();
+  if (takesInput()) runHandler(onKeyUp);
 }
 
 void Grid::userMouseDown(MouseButton button) {
-  if (takesInput() && onMouseDown) onMouseDown(button);
+  if (takesInput()) runHandler(onMouseDown, button);
 }
 
 GridPause::GridPause(Grid& grid, Hide hide)

@@ -2,6 +2,7 @@
 
 #include "platform/button.h"
 #include "platform/desktop.h"
+#include "platform/handler.h"
 
 void Window::setCaption(std::string text) {
   if (caption_ == text) return;
@@ -44,13 +45,13 @@ void Window::unload() {
 void Window::userActivate() {
   if (!loaded_ || active_) return;
   active_ = true;
-  if (onActivate) onActivate();
+  runHandler(onActivate);
   if (!focus_ && firstFocus) firstFocus->setFocus();
 }
 
 void Window::userClose() {
   if (!takesInput()) return;
-  if (onClose) return onClose();
+  if (onClose) return runHandler(onClose);
   Button* button = closeButton ? closeButton : cancelButton;
   if (button) button->userClick();
 }
@@ -64,14 +65,14 @@ void Window::userEscape() {
 }
 
 void Window::userKey() {
-  if (takesInput() && onKey) onKey();
+  if (takesInput()) runHandler(onKey);
 }
 
 void Window::moveFocus(Control* to) {
   if (focus_ == to) return;
   Control* const from = focus_;
   focus_ = to;
-  if (from && from->onLostFocus) from->onLostFocus();
+  if (from) runHandler(from->onLostFocus);
   if (focus_ == to && to) to->gotFocus();
 }
 
@@ -93,6 +94,4 @@ void Control::userLeave() {
   if (window_->focus_ == this) window_->moveFocus(nullptr);
 }
 
-void Control::gotFocus() {
-  if (onGotFocus) onGotFocus();
-}
+void Control::gotFocus() { runHandler(onGotFocus); }

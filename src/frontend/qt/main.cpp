@@ -5,13 +5,17 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/error_log.h"
 #include "core/form1.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/pictures.h"
 #include "frontend/qt/qt_desktop.h"
 #include "frontend/qt/text.h"
 #include "frontend/startup.h"
+#include "platform/failure.h"
+#include "platform/handler.h"
 
 namespace {
 
@@ -28,12 +32,24 @@ void translateToolkit() {
 
 }  // namespace
 
+namespace {
+
+// A failure that no command caught ends its gesture alone; what the user has edited stays.
+void tellEscapedFailure(int number) {
+  desktop().setBusyPointer(false);
+  logError("ZELKOVA", number, failureText(number));
+  showFailure(number);
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   dressApplication();
   QtDesktop desktopInForce;
   useDesktop(&desktopInForce);
+  onEscapedFailure = tellEscapedFailure;
   QApplication::setWindowIcon(programIcon());
   startProgram(stored(QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));
   translateToolkit();

@@ -1,0 +1,3 @@
+#include "platform/handler.h"
+
+std::function<void(int)> onEscapedFailure;
