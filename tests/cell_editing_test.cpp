@@ -1,126 +1,167 @@
-// Cells of the map grids under the user's hands: the prompt after a double click, the two step
-// keys on a selection, and the menu of the right button.
+// Cells of the map grids and of the scales under the user's hands: the prompt after a double click,
+// the two step keys on a selection, the menu of the right button, and the boost that follows.
 #include "editing/cell_editing.h"
 
-#include "core/map_display.h"
 #include "editing/selection.h"
 #include "platform/failure.h"
 #include "support.h"
 
 namespace {
 
-constexpr Colour shade(int blue) { return rgb(255 - blue, 0, blue); }
+constexpr int unpainted = -1;
 
 class CellEditing : public ProgramTest {
  protected:
-  // What the cell shows after its text was `before` and the key was pressed.
-  std::string stepped(Grid& grid, const std::string& before, char32_t key) {
-    drag(grid, 1, 1, 1, 1);
-    grid.setText(1, 1, before);
-    grid.userKey(key);
-    return grid.text(1, 1);
+  // Engine speeds in steps of 50 for the fuel map and of 30 for the ignition map.
+  CellEditing() {
+    startWithMap(smallMap() + mapBlock("TP_SCALE_FIRE", "&H1A0", 8, 1, 8) +
+                 mapBlock("RPM_SCALE_FIRE", "&H1B0", 4, 1, 4, "30") +
+                 mapBlock("REG_FIRE", "&H300", 4, 0, 4));
+    fuel.userDoubleClick();  // nothing was drawn
+    loadImage(patternImage(0x400));
   }
+  // Selects the grid's first row of cells, from the first to the last.
+  static void dragRow(Grid& grid) { drag(grid, 1, grid.fixedColumns(), 1, grid.columns() - 1); }
+  static std::string first(const Grid& grid) { return grid.text(1, grid.fixedColumns()); }
+  // What the first cell shows after its text was `before` and the key was pressed.
+  static std::string stepped(Grid& grid, const std::string& before, char32_t key) {
+    drag(grid, 1, grid.fixedColumns(), 1, grid.fixedColumns());
+    grid.setText(1, grid.fixedColumns(), before);
+    grid.userKey(key);
+    return first(grid);
+  }
+  static void expectBlue(const Grid& grid, int blue) {
+    EXPECT_EQ(grid.painted(1, grid.fixedColumns()), blue != unpainted);
+    if (blue == unpainted) return;
+    EXPECT_EQ(grid.background(1, grid.fixedColumns()), rgb(255 - blue, 0, blue));
+  }
+  std::string boost() const { return rowText(tpFuel, 0, 9) + rowText(tpFire, 0, 9); }
+
   Form1& form = form1();
   Grid &fuel = form.Grid1, &airflow = form.Grid5, &limits = form.Grid7, &doubled = form.AddGrid1;
+  Grid &tpFuel = form.TP_FUEL, &tpFire = form.TP_FIRE;
+  Grid &rpmFuel = form.RPM_FUEL, &rpmFire = form.RPM_FIRE;
 };
 
-TEST_F(CellEditing, EntriesAreRoundedLimitedAndPainted) {
-  loadSmallCar();
-  editorState.gridColorRate = 2;
+TEST_F(CellEditing, EntriesAreRoundedLimitedAndPaintedAlone) {
   struct Case {
     Grid& grid;
     const char *answer, *text;
-    int blue;
+    int blue = unpainted;
   };
-  for (const auto& [grid, answer, text, blue] :
-       {Case{fuel, "12.5", "12", 25}, Case{fuel, "13.5", "14", 27}, Case{fuel, "300", "255", 255},
-        Case{fuel, "254.9", "255", 255}, Case{fuel, "-5", "0", 0}, Case{fuel, " 1e2 ", "100", 200},
-        Case{fuel, "+7", "7", 14}, Case{limits, "0.4", "0", 1}, Case{doubled, "300", "255", 255},
-        Case{airflow, "65536", "65535", 255}, Case{airflow, "65535.7", "65536", 255},
-        Case{airflow, "511.9", "512", 1}, Case{airflow, "-1", "0", 0}}) {
-    enterCell(grid, 1, 2, answer);
-    EXPECT_EQ(grid.text(1, 2), text) << answer;
-    EXPECT_EQ(grid.background(1, 2), shade(blue)) << answer;
+  const Bytes image = editorState.image;
+  editorState.gridColorRate = 2;
+  for (const auto& [grid, answer, text, blue] : {Case{fuel, "12.5", "12", 25},
+                                                 Case{fuel, "13.5", "14", 27},
+                                                 Case{fuel, "300", "255", 255},
+                                                 Case{fuel, "254.9", "255", 255},
+                                                 Case{fuel, "-5", "0", 0},
+                                                 Case{fuel, " 1e2 ", "100", 200},
+                                                 Case{fuel, "+7", "7", 14},
+                                                 Case{limits, "0.4", "0", 1},
+                                                 Case{doubled, "300", "255", 255},
+                                                 Case{airflow, "65536", "65535", 255},
+                                                 Case{airflow, "65535.7", "65536", 255},
+                                                 Case{airflow, "511.9", "512", 1},
+                                                 Case{airflow, "-1", "0", 0},
+                                                 Case{tpFuel, "300", "255"},
+                                                 Case{tpFire, "-1", "0"},
+                                                 Case{tpFire, "12.5", "12"},
+                                                 Case{rpmFuel, "1234", "1234"},
+                                                 Case{rpmFuel, "99999", "99999"},
+                                                 Case{rpmFire, "-30", "0"},
+                                                 Case{rpmFire, "1e30", "2147483647"}}) {
+    dragRow(grid);
+    const GridSelection selection = grid.selection();
+    desk.textAnswers = {answer};
+    const int repaints = repaintsOf(grid, [&cells = grid] { cells.userDoubleClick(); });
+    EXPECT_EQ(repaints, &grid == &tpFuel || &grid == &tpFire ? 2 : 1) << answer;
+    EXPECT_EQ(grid.selection(), selection);
+    EXPECT_EQ(first(grid), text) << answer;
+    expectBlue(grid, blue);
   }
-  const std::string before = fuel.text(2, 3);
-  for (const char* answer : {"", "abc", "12x", "--5", "1e400", "inf", "nan", "&H10", "５"}) {
-    enterCell(fuel, 2, 3, answer);
-    EXPECT_EQ(fuel.text(2, 3), before) << answer;
+  for (Grid* grid : {&fuel, &airflow, &tpFuel, &rpmFuel}) {
+    const std::string before = first(*grid);
+    for (const char* answer : {"", "abc", "12x", "--5", "1e400", "inf", "nan", "&H10", "５"}) {
+      enterCell(*grid, 1, grid->fixedColumns(), answer);
+      EXPECT_EQ(first(*grid), before) << answer;
+    }
   }
-  EXPECT_TRUE(desk.boxes.empty());
-}
-
-TEST_F(CellEditing, AnEntryPaintsOneCellAndLeavesSelectionAndImageAlone) {
-  loadSmallCar();
-  Bytes image = editorState.image;
-  drag(fuel, 3, 4, 1, 2);
-  desk.textAnswers = {"99"};
-  EXPECT_EQ(repaintsOf(fuel, [this] { fuel.userDoubleClick(); }), 1);
-  EXPECT_EQ(fuel.selection(), (GridSelection{3, 4, 1, 2}));
-  EXPECT_EQ(editorState.image, image);
-  image[0x100 + 2 * 8 + 3] = 99;
-  EXPECT_EQ(saveImage("edited.bin"), image);
+  EXPECT_TRUE(desk.boxes.empty() && editorState.image == image);
 }
 
 TEST_F(CellEditing, ThePromptTellsTheRangeInTheLanguageInForce) {
-  loadSmallCar();
   fuel.setText(1, 1, " 7.5");
   airflow.setText(1, 1, "65535");
-  const std::string words[] = {
-      "データ変更: データは？\r\n\r\n設定できるデータの大きさは、0-",
-      "Data change: Data?\r\n\r\nFor a size of data that I can set up, 0 - "};
+  rpmFuel.setText(1, 0, "12800");
+  std::string told;
   for (const int language : {0, 1}) {
     editorState.english = language;
-    enterCell(fuel, 1, 1, "");
-    enterCell(airflow, 1, 1, "");
-    const TextPrompt &word = desk.prompts.back(), &byte = desk.prompts.end()[-2];
-    EXPECT_EQ(byte.title + ": " + byte.text, words[language] + "255");
-    EXPECT_EQ(word.title + ": " + word.text, words[language] + "65535");
-    EXPECT_EQ(byte.answer + word.answer, "865535");
+    for (Grid* grid : {&fuel, &airflow, &rpmFuel}) {
+      enterCell(*grid, 1, grid->fixedColumns(), "");
+      const TextPrompt& prompt = desk.prompts.back();
+      told += prompt.title + ": " + prompt.text + ": " + prompt.answer + '|';
+    }
   }
+  EXPECT_EQ(told,
+            "データ変更: データは？\r\n\r\n設定できるデータの大きさは、0-255: 8|"
+            "データ変更: データは？\r\n\r\n設定できるデータの大きさは、0-65535: 65535|"
+            "データ変更: データは？\r\n\r\n: 12800|"
+            "Data change: Data?\r\n\r\nFor a size of data that I can set up, 0 - 255: 8|"
+            "Data change: Data?\r\n\r\nFor a size of data that I can set up, 0 - 65535: 65535|"
+            "Data change: Data?\r\n\r\n: 12800|");
 }
 
 TEST_F(CellEditing, NoPromptWithoutANumberOrWhereTheGridTakesNoInput) {
-  startWithMap(smallMap() + mapBlock("REG_FIRE", "&H300", 4, 0, 4));
-  fuel.userDoubleClick();  // nothing was drawn
-  loadImage(patternImage(0x400));
-  for (Grid* grid : {&form.Grid4, &form.Grid2}) {  // headers alone; absent on this car
-    const std::string header = grid->text(0, 1);
-    grid->userDoubleClick();
-    grid->userKey('+');
-    EXPECT_EQ(grid->text(0, 1), header);
-  }
-  EXPECT_EQ(form.Grid4.text(0, 1) + form.Grid2.text(1, 1), "+0");
   fuel.setText(1, 1, "12x");
-  fuel.userDoubleClick();
+  drag(fuel, 1, 1, 1, 1);
+  drag(rpmFuel, 12, 0, 12, 0);  // below the scale's values
+  for (Grid* grid : {&fuel, &rpmFuel, &form.Grid4, &form.Grid2}) {
+    grid->userDoubleClick();
+    if (grid != &fuel) grid->userKey('+');
+  }
+  EXPECT_EQ(form.Grid4.text(0, 1) + form.Grid2.text(1, 1), "+0") << "headers alone; absent";
   EXPECT_TRUE(desk.prompts.empty());
 }
 
 // The additional map shows bytes doubled; an airflow word's colour is rounded ties to even.
 TEST_F(CellEditing, StepsStopAtTheLimits) {
-  loadSmallCar();
   struct Case {
     Grid& grid;
     const char *before, *raised, *lowered;
-    int raisedBlue;
+    int raisedBlue = unpainted;
   };
   for (const auto& [grid, before, raised, lowered, blue] :
-       {Case{fuel, "254", "255", "253", 255}, Case{fuel, "255", "255", "254", 255},
-        Case{fuel, "0", "1", "0", 1}, Case{fuel, "1", "2", "0", 2}, Case{fuel, "abc", "1", "0", 1},
-        Case{fuel, "12.5", "13", "11", 13}, Case{limits, "300", "255", "299", 255},
-        Case{doubled, "400", "255", "399", 255}, Case{airflow, "65534", "65535", "65533", 255},
-        Case{airflow, "127", "128", "126", 0}, Case{airflow, "128", "129", "127", 1},
+       {Case{fuel, "255", "255", "254", 255},
+        Case{fuel, "0", "1", "0", 1},
+        Case{fuel, "abc", "1", "0", 1},
+        Case{fuel, "12.5", "13", "11", 13},
+        Case{fuel, "1e400", "255", "2147483646", 255},
+        Case{limits, "300", "255", "299", 255},
+        Case{doubled, "400", "255", "399", 255},
+        Case{airflow, "65534", "65535", "65533", 255},
+        Case{airflow, "127", "128", "126", 0},
+        Case{airflow, "128", "129", "127", 1},
         Case{airflow, "70000", "65535", "69999", 255},
-        Case{fuel, "1e400", "255", "2147483646", 255}}) {
+        Case{tpFuel, "255", "255", "254"},
+        Case{tpFire, "0", "1", "0"},
+        Case{rpmFuel, "14950", "15000", "14900"},
+        Case{rpmFuel, "15000", "15000", "14950"},
+        Case{rpmFuel, "30", "80", "0"},
+        Case{rpmFuel, "20000", "15000", "19950"},
+        Case{rpmFuel, "99.5", "150", "50"},
+        Case{rpmFire, "30", "60", "0"},
+        Case{rpmFire, "14980", "15000", "14950"}}) {
     EXPECT_EQ(stepped(grid, before, '+'), raised) << before;
-    EXPECT_EQ(grid.background(1, 1), shade(blue)) << before;
+    expectBlue(grid, blue);
     EXPECT_EQ(stepped(grid, before, '-'), lowered) << before;
   }
+  editorState.addressMap.map(RPM_SCALE_FUEL).scale = -50;
+  EXPECT_EQ(stepped(rpmFuel, "30", '+'), "-20");
 }
 
 // Both on one key: up first, so that a cell at the upper limit ends one below it.
 TEST_F(CellEditing, KeysAreWhatTheSettingsAssign) {
-  loadSmallCar();
   struct Case {
     const char *plus, *minus;
     char32_t key;
@@ -140,7 +181,6 @@ TEST_F(CellEditing, KeysAreWhatTheSettingsAssign) {
 }
 
 TEST_F(CellEditing, SelectionsAreWalkedColumnByColumnPaintedOnceAndStaySelected) {
-  loadSmallCar();
   const std::pair<GridSelection, std::string> cases[] = {
       {{2, 3, 2, 3}, "23 "},          {{1, 1, 2, 2}, "11 21 12 22 "},
       {{2, 2, 1, 1}, "22 12 21 11 "}, {{1, 2, 2, 1}, "12 22 11 21 "},
@@ -164,13 +204,47 @@ TEST_F(CellEditing, SelectionsAreWalkedColumnByColumnPaintedOnceAndStaySelected)
 }
 
 TEST_F(CellEditing, TheRightButtonOpensTheEditMenuOnMapGrids) {
-  loadSmallCar();
-  for (Grid* grid : {&fuel, &form.Grid3, &airflow, &doubled, &form.Grid2, &limits, &form.TP_FUEL,
-                     &form.RPM_FUEL}) {
-    for (const MouseButton button : {MouseButton::left, MouseButton::middle, MouseButton::right})
+  for (Grid* grid :
+       {&fuel, &form.Grid3, &airflow, &doubled, &form.Grid2, &limits, &tpFuel, &rpmFuel}) {
+    for (const MouseButton button : {MouseButton::left, MouseButton::middle, MouseButton::right}) {
       grid->userMouseDown(button);
+    }
   }
   EXPECT_EQ(desk.popUps, std::vector<MenuItem*>(4, form.menuBar.find("edit_0")));
+}
+
+TEST_F(CellEditing, TheBoostRowsFollowEachLoadOnce) {
+  const std::string before = boost();
+  const auto repaints = [this](Grid& grid, char32_t key) {
+    return repaintsOf(grid, [&] { tpFuel.userKey(key); });
+  };
+  dragRow(tpFuel);
+  EXPECT_EQ(repaints(tpFire, '*') + repaints(tpFuel, '*'), 0);
+  EXPECT_EQ(repaints(tpFire, '+'), 1);
+  EXPECT_NE(boost(), before);
+  EXPECT_EQ(repaints(tpFuel, '-'), 1);
+  EXPECT_EQ(boost(), before);
+  editorState.minusKey = "+";
+  tpFuel.userKey('+');
+  EXPECT_EQ(boost(), before);
+  tpFire.setText(0, 1, "stale");
+  for (const char* answer : {"", "no number"}) enterCell(tpFuel, 1, 1, answer);
+  enterCell(rpmFuel, 1, 0, "700");
+  EXPECT_EQ(tpFire.text(0, 1), "stale");
+  enterCell(tpFuel, 1, 1, "0");
+  EXPECT_EQ(tpFuel.text(0, 1), "-1.03");
+  EXPECT_NE(tpFire.text(0, 1), "stale");
+}
+
+TEST_F(CellEditing, AnEngineSpeedBetweenTwoStepsIsStoredRoundedDown) {
+  enterCell(rpmFuel, 3, 0, "1234");
+  enterCell(rpmFire, 3, 0, "1234");
+  const Bytes saved = saveImage("scaled.bin");
+  EXPECT_EQ(saved[0x193], 24);
+  EXPECT_EQ(saved[0x1B3], 41);
+  EXPECT_EQ(rpmFuel.text(3, 0), "1234");
+  pickFile("load_bin_file", "scaled.bin");
+  EXPECT_EQ(rpmFuel.text(3, 0) + rpmFire.text(3, 0), "12001230");
 }
 
 }  // namespace
