@@ -50,45 +50,39 @@ TEST_F(EnvironmentTest, ShowsTheSettingsAndTakesThemOverAtOkAlone) {
 }
 
 TEST_F(EnvironmentTest, RefusesAColourRateThatIsNoNumberAndStaysOpen) {
+  open();
+  form9.Text1.userEdit("/elsewhere");
   for (const char* rate : {"", "x", "1x", "99999999999"}) {
-    open();
-    form9.Text1.userEdit("/elsewhere");
     form9.Text5.userEdit(rate);
     form9.Command1.userClick();
-    EXPECT_TRUE(form9.loaded()) << rate;
-    EXPECT_EQ(lastBox(), "Wrong data are inputed.") << rate;
-    EXPECT_EQ(editorState.addressFolder, "") << rate;
-    form9.Command2.userClick();
+    EXPECT_TRUE(form9.loaded() && editorState.addressFolder.empty()) << rate;
+    EXPECT_EQ(told(), "Wrong data are inputed.") << rate;
   }
+  form9.Command2.userClick();
 }
 
-TEST_F(EnvironmentTest, TellsOfTheRestartInTheLanguageJustChosen) {
+TEST_F(EnvironmentTest, TellsOfTheRestartInTheLanguageJustChosenAndAsksForFolders) {
   open();
-  EXPECT_TRUE(desk.boxes.empty());
   form9.Check1.userToggle();
-  EXPECT_EQ(lastBox(), "言語を変更したため、このアプリケーションを一度再起動して下さい。");
   form9.Check1.userToggle();
-  EXPECT_EQ(lastBox(), "Please re-start- this application 1 time, because I changed a language.");
+  EXPECT_EQ(told(),
+            "言語を変更したため、このアプリケーションを一度再起動して下さい。|"
+            "Please re-start- this application 1 time, because I changed a language.");
+  form9.Check1.userToggle();
   EXPECT_EQ(editorState.english, 1);
-  form9.Check1.userToggle();
   form9.Command1.userClick();
   EXPECT_EQ(editorState.english, 0);
   EXPECT_EQ(form1().menuBar.find("file_load")->caption(), "File");
   open();
   EXPECT_EQ(form9.caption(), "環境設定");
-  form9.Command2.userClick();
-}
-
-TEST_F(EnvironmentTest, FoldersComeFromTheChooserAndACancelledChooserEmptiesTheField) {
-  open();
   desk.folderAnswers = {"/chosen", ""};
   form9.Command3.userClick();
   EXPECT_EQ(form9.Text1.text(), "/chosen");
   form9.Text2.userEdit("/old");
   form9.Command4.userClick();
-  EXPECT_EQ(form9.Text2.text(), "");
-  EXPECT_EQ(desk.folderTitles,
-            (std::vector<std::string>{"Select (.adr)file folder.", "Select ROM DATA folder."}));
+  EXPECT_EQ(form9.Text2.text(), "") << "a cancelled chooser empties the field";
+  EXPECT_EQ(desk.folderTitles.front() + desk.folderTitles.back(),
+            "アドレスファイルのフォルダを選択してくださいＲＯＭデータのフォルダを選択してください");
   form9.Command2.userClick();
 }
 

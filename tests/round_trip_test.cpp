@@ -76,19 +76,6 @@ TEST_F(RoundTrip, RandomCarsKeepEveryByte) {
   EXPECT_GT(kept, 150) << "the generator makes too few exact cars to tell anything";
 }
 
-TEST_F(RoundTrip, AnEditUnderTheOldMapStandsUnderTheNewOne) {
-  Bytes image = patternImage(0x400);
-  begin(smallMap());
-  loadImage(image);
-  enterCell(form1().Grid1, 1, 1, "7");
-  enterCell(form1().AddGrid1, 1, 1, "9");
-  image[0x100] = 7;
-  image[0x240] = 4;
-  changeMap("TYPE_UNIT\r\nOTHER\r\n" + mapBlock("REG_FUEL", "&H100", 4, 4, 16));
-  EXPECT_EQ(strangeChanges(image), "");
-  EXPECT_EQ(form1().Grid3.text(1, 1) + form1().Grid1.text(1, 1), "7");
-}
-
 // What a limit loses is less than one shown unit.
 TEST_F(RoundTrip, ALossyLimitLosesLessThanWhatItsBoxShows) {
   for (std::uint32_t seed = 1; seed <= 200; ++seed) {
