@@ -288,6 +288,7 @@ TEST_F(OddEvenPairs, ASaveLeavesNamesAndTheGuardAsTheyWere) {
   head.resize(8192);
   head[0x100] = 77;
   EXPECT_EQ(readBytes("odd"), textBytes(halfFile(head, 0)));
+  EXPECT_NE(readText("zelkova.ini").find("\r\n64\r\nIntelHEX\r\n"), std::string::npos);
   EXPECT_EQ(editorState.imageSize, 8192);
   EXPECT_EQ(editorState.savedImage, patternImage(16384));
   EXPECT_EQ(editorState.imagePath, path("image.bin"));
