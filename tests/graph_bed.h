@@ -1,12 +1,14 @@
-// The 3D graph in its tests: a car with one map to look at, the graph opened by its menu command,
-// and keys pressed on its canvas.
+// The graphs in their tests: keys pressed on a canvas, its picture as text held against stored ones
+// in tests/data, and for the 3D graph a car with one map to look at.
 #pragma once
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
 #include <string>
 
-#include "frames.h"
 #include "graphs/dr_graph.h"
 #include "graphs/graph_3d.h"
 #include "support.h"
@@ -15,11 +17,59 @@ constexpr Colour wireGreen = rgb(0, 255, 0);
 constexpr Colour wireRed = rgb(192, 0, 0);
 constexpr Colour groundGreen = rgb(0, 96, 0);
 
-class GraphTest : public ProgramTest {
+inline std::string frameText(const Canvas& canvas) {
+  static constexpr const char* kinds[] = {"line", "outline", "bar"};
+  std::ostringstream text;
+  for (const CanvasItem& item : canvas.items()) {
+    text << kinds[item.kind] << ' ' << +item.colour.red << ',' << +item.colour.green << ','
+         << +item.colour.blue << ' ' << item.x1 << ' ' << item.y1 << ' ' << item.x2 << ' '
+         << item.y2 << '\n';
+  }
+  return text.str();
+}
+
+// A frame that differs is left in the folder for temporary files, to be looked at.
+inline void expectFrame(const Canvas& canvas, const std::string& name) {
+  std::ifstream file(std::string(DATA_FOLDER) + "/" + name, std::ios::binary);
+  const std::string stored{std::istreambuf_iterator<char>(file), {}};
+  const std::string drawn = frameText(canvas);
+  if (drawn == stored) return;
+  const auto left = std::filesystem::temp_directory_path() / name;
+  std::ofstream(left, std::ios::binary) << drawn;
+  ADD_FAILURE() << name << " differs from what was drawn; see " << left;
+}
+
+inline int countOf(const Canvas& canvas, CanvasItem::Kind kind, Colour colour) {
+  int count = 0;
+  for (const CanvasItem& item : canvas.items()) count += item.kind == kind && item.colour == colour;
+  return count;
+}
+
+class CanvasTest : public ProgramTest {
+ protected:
+  explicit CanvasTest(Canvas& shown) : canvas(shown) {}
+
+  // A key from its press to its release, repeated while it is held.
+  void press(int keyCode, int repeats = 1) {
+    for (int i = 0; i < repeats; ++i) canvas.userKeyDown(keyCode);
+    canvas.userKeyUp(keyCode);
+  }
+  void type(char key, int repeats = 1) {
+    for (int i = 0; i < repeats; ++i) {
+      canvas.userKeyDown(key);
+      canvas.userKey(static_cast<char32_t>(key));
+    }
+    canvas.userKeyUp(key);
+  }
+
+  Canvas& canvas;
+};
+
+class GraphTest : public CanvasTest {
  protected:
   static constexpr std::size_t mapAddress = 0x100;
 
-  GraphTest() { graphState = GraphState{}; }
+  GraphTest() : CanvasTest(DR_GRAPH.Picture1) { graphState = GraphState{}; }
   ~GraphTest() override { DR_GRAPH.unload(); }
 
   // Loads a car of one fuel map; its cells hold `cells` in reading order, then 0.
@@ -56,18 +106,6 @@ class GraphTest : public ProgramTest {
     editorState.compareLoaded = 1;
   }
 
-  // A key from its press to its release, repeated while it is held.
-  void press(int keyCode, int repeats = 1) {
-    for (int i = 0; i < repeats; ++i) canvas.userKeyDown(keyCode);
-    canvas.userKeyUp(keyCode);
-  }
-  void type(char key, int repeats = 1) {
-    for (int i = 0; i < repeats; ++i) {
-      canvas.userKeyDown(key);
-      canvas.userKey(static_cast<char32_t>(key));
-    }
-    canvas.userKeyUp(key);
-  }
   void click(CheckBox& box) {
     box.userMouseDown();
     box.userToggle();
@@ -93,6 +131,4 @@ class GraphTest : public ProgramTest {
     return DR_GRAPH.Label2.caption() + "|" + DR_GRAPH.Label3.caption() + "|" +
            DR_GRAPH.Label4.caption();
   }
-
-  Canvas& canvas = DR_GRAPH.Picture1;
 };
