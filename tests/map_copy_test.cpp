@@ -10,9 +10,7 @@ namespace {
 class MapCopying : public MapToolsTest {
  protected:
   struct Choice {
-    bool forward;
-    bool first;
-    bool second;
+    bool forward, first, second;
   };
   void copy(const char* command, const Choice& choice) {
     pick(command);
@@ -24,10 +22,6 @@ class MapCopying : public MapToolsTest {
   }
   static MapCopyDialog& dialogOf(const std::string& command) {
     return command == "F_F" ? form3 : form4;
-  }
-  static Bytes imagePart(const MapEntry& entry) {
-    const auto first = editorState.image.begin() + entry.address;
-    return {first, first + entry.bytes};
   }
 };
 

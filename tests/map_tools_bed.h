@@ -12,6 +12,11 @@
 
 using Matrix = std::vector<std::vector<int>>;
 
+// A cell by its place in the grid: data cells count from 1.
+inline int& cellOf(Matrix& cells, int row, int column) {
+  return cells.at(static_cast<std::size_t>(row - 1)).at(static_cast<std::size_t>(column - 1));
+}
+
 class MapToolsTest : public ProgramTest {
  protected:
   static constexpr int columns = 8;
@@ -88,23 +93,6 @@ class MapToolsTest : public ProgramTest {
     drag(grid, random(1, grid.rows() - 1), random(1, grid.columns() - 1),
          random(1, grid.rows() - 1), random(1, grid.columns() - 1));
     return grid.block();
-  }
-  // Types over what a box holds.
-  static void enter(TextBox& box, const std::string& text) {
-    box.userFocus();
-    box.userSelect(0, static_cast<int>(box.text().size()));
-    box.userType(text.empty() ? "\b" : text);
-  }
-  // How often the grid's cells were told to the screen during `command`.
-  template <class Command>
-  static int repaints(Grid& grid, Command command) {
-    int count = 0;
-    grid.observer = [&count](const Change& change) {
-      if (change.kind == Change::cell || change.kind == Change::cells) ++count;
-    };
-    command();
-    grid.observer = nullptr;
-    return count;
   }
 
   std::mt19937 engine{20};
