@@ -96,20 +96,29 @@ void write(benchmark::State& state) {
 }
 BENCHMARK(write)->RangeMultiplier(4)->Range(smallest, largest)->Complexity(benchmark::oN);
 
+std::array<std::uint16_t, 256> makeDigitPairs() {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::array<std::uint16_t, 256> pairs{};
+  for (std::size_t i = 0; i < pairs.size(); ++i) {
+    const std::array<char, 2> pair = {digits[i >> 4], digits[i & 15]};
+    std::memcpy(&pairs[i], pair.data(), pair.size());
+  }
+  return pairs;
+}
+
 // Lines of 32 bytes without addresses and checksums.
 std::string encodeBare(const Bytes& image) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
+  static const auto pairs = makeDigitPairs();
   constexpr std::string_view head = ":20000000";
   constexpr std::string_view tail = "00\r\n";
   std::string text(image.size() / recordBytes * (head.size() + 2 * recordBytes + tail.size()), 0);
   char* to = text.data();
-  for (std::size_t i = 0; i < image.size(); i += recordBytes) {
+  const std::uint8_t* from = image.data();
+  for (std::size_t left = image.size() / recordBytes; left > 0; --left) {
     to = std::copy(head.begin(), head.end(), to);
-    for (std::size_t k = i; k < i + recordBytes; ++k) {
-      *to++ = digits[image[k] >> 4];
-      *to++ = digits[image[k] & 15];
-    }
-    to = std::copy(tail.begin(), tail.end(), to);
+    for (std::size_t i = 0; i < recordBytes; ++i) std::memcpy(to + 2 * i, &pairs[from[i]], 2);
+    from += recordBytes;
+    to = std::copy(tail.begin(), tail.end(), to + 2 * recordBytes);
   }
   return text;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <numeric>
 #include <string_view>
 
 #include "imagefiles/progress_steps.h"
@@ -32,41 +33,48 @@ constexpr std::array<DigitPair, 256> makeDigitPairs() {
 
 constexpr std::array<DigitPair, 256> digitPairs = makeDigitPairs();
 
-void addRecord(std::string& text, std::size_t address, RecordType type,
-               std::span<const std::uint8_t> data) {
-  std::array<char, lineLength> line;
-  char* to = line.data();
-  unsigned sum = 0;
-  const auto put = [&to, &sum](std::uint8_t byte) {
-    const DigitPair& pair = digitPairs[byte];
-    *to++ = pair[0];
-    *to++ = pair[1];
-    sum += byte;
-  };
-  *to++ = ':';
-  put(static_cast<std::uint8_t>(data.size()));
-  put(static_cast<std::uint8_t>(address >> 8));
-  put(static_cast<std::uint8_t>(address));
-  put(type);
-  for (const std::uint8_t byte : data) put(byte);
-  put(static_cast<std::uint8_t>(0 - sum));
-  *to++ = '\r';
-  *to++ = '\n';
-  text.append(line.data(), to);
+char* putByte(char* to, std::size_t value) {
+  const DigitPair& pair = digitPairs[value & 0xFF];
+  return std::copy(pair.begin(), pair.end(), to);
 }
 
-void addBase(std::string& text, RecordType type, std::size_t base) {
+// The sum is taken in a pass of its own, which costs less than one in step with the digits.
+std::size_t checksum(std::size_t address, RecordType type, std::span<const std::uint8_t> data) {
+  const std::size_t head = data.size() + (address >> 8) + address + type;
+  return 0 - std::accumulate(data.begin(), data.end(), head);
+}
+
+char* putRecord(char* to, std::size_t address, RecordType type,
+                std::span<const std::uint8_t> data) {
+  *to++ = ':';
+  to = putByte(to, data.size());
+  to = putByte(to, address >> 8);
+  to = putByte(to, address);
+  to = putByte(to, type);
+  for (const std::uint8_t byte : data) to = putByte(to, byte);
+  to = putByte(to, checksum(address, type, data));
+  *to++ = '\r';
+  *to++ = '\n';
+  return to;
+}
+
+char* putBase(char* to, RecordType type, std::size_t base) {
   const std::array<std::uint8_t, 2> value = {static_cast<std::uint8_t>(base >> 8),
                                              static_cast<std::uint8_t>(base)};
-  addRecord(text, 0, type, value);
+  return putRecord(to, 0, type, value);
 }
 
 // Opens the 65536 bytes that begin at `offset`.
-void addSegment(std::string& text, std::size_t offset) {
-  if (offset < segmentsReach) return addBase(text, segmentRecord, offset >> 4);
+char* putSegment(char* to, std::size_t offset) {
+  if (offset < segmentsReach) return putBase(to, segmentRecord, offset >> 4);
   // Readers add both kinds of base: the segment must not count beside a linear one.
-  if (offset == segmentsReach) addBase(text, segmentRecord, 0);
-  addBase(text, linearRecord, offset >> 16);
+  if (offset == segmentsReach) to = putBase(to, segmentRecord, 0);
+  return putBase(to, linearRecord, offset >> 16);
+}
+
+// At least as many as the text has.
+std::size_t lineBound(std::size_t bytes) {
+  return bytes / recordBytes + 2 * bytes / segmentBytes + 5;
 }
 
 std::size_t nextRecordBytes(std::size_t left) {
@@ -76,19 +84,19 @@ std::size_t nextRecordBytes(std::size_t left) {
 }  // namespace
 
 std::string intelHexText(std::span<const std::uint8_t> source) {
-  const std::size_t lines = source.size() / recordBytes + 2 * source.size() / segmentBytes + 5;
-  std::string text;
-  text.reserve(lines * lineLength);
+  std::string text(lineBound(source.size()) * lineLength, '\0');
+  char* to = text.data();
   ProgressSteps progress(std::max<std::int64_t>(std::ssize(source), 1));
-  if (source.empty()) addSegment(text, 0);
+  if (source.empty()) to = putSegment(to, 0);
   for (std::size_t offset = 0; offset < source.size();) {
-    if (offset % segmentBytes == 0) addSegment(text, offset);
+    if (offset % segmentBytes == 0) to = putSegment(to, offset);
     const auto data = source.subspan(offset, nextRecordBytes(source.size() - offset));
-    addRecord(text, offset, dataRecord, data);
+    to = putRecord(to, offset, dataRecord, data);
     offset += data.size();
     progress.reached(static_cast<std::int64_t>(offset));
   }
-  text.append(lastLine);
+  to = std::copy(lastLine.begin(), lastLine.end(), to);
+  text.resize(static_cast<std::size_t>(to - text.data()));
   return text;
 }
 
