@@ -38,46 +38,38 @@ class GridTest : public testing::Test {
 };
 
 TEST_F(GridTest, MovingTheCurrentCellCollapsesTheSelection) {
-  struct Row {
-    const char* name;
-    std::function<void(Grid&)> move;
-    const char* expected;
-  };
-  const Row table[] = {{"row", [](Grid& g) { g.setRow(2); }, "2,4 2,4"},
-                       {"column", [](Grid& g) { g.setColumn(2); }, "3,2 3,2"},
-                       {"to a header", [](Grid& g) { g.setRow(0); }, "0,4 0,4"},
-                       {"opposite row", [](Grid& g) { g.setRowSel(2); }, "3,4 2,1"},
-                       {"opposite column", [](Grid& g) { g.setColumnSel(0); }, "3,4 1,0"},
-                       {"the same row", [](Grid& g) { g.setRow(3); }, "3,4 3,4"}};
-  for (const Row& row : table) {
+  using Move = void (Grid::*)(int);
+  const std::tuple<Move, int, const char*> table[] = {
+      {&Grid::setRow, 2, "2,4 2,4"},    {&Grid::setColumn, 2, "3,2 3,2"},
+      {&Grid::setRow, 0, "0,4 0,4"},    {&Grid::setRow, 3, "3,4 3,4"},
+      {&Grid::setRowSel, 2, "3,4 2,1"}, {&Grid::setColumnSel, 0, "3,4 1,0"}};
+  for (const auto& [move, index, expected] : table) {
     grid.setSelection({3, 4, 1, 1});
-    row.move(grid);
-    EXPECT_EQ(corners(grid), row.expected) << row.name;
+    (grid.*move)(index);
+    EXPECT_EQ(corners(grid), expected);
   }
 }
 
 TEST_F(GridTest, AnIndexOutsideFailsAndChangesNothing) {
-  const std::function<void(Grid&)> table[] = {[](Grid& g) { g.setRow(4); },
-                                              [](Grid& g) { g.setRow(-1); },
-                                              [](Grid& g) { g.setColumn(5); },
-                                              [](Grid& g) { g.setColumnSel(-1); },
-                                              [](Grid& g) { g.setRowSel(4); },
-                                              [](Grid& g) {
-                                                g.setSelection({1, 1, 1, 5});
-                                              },
-                                              [](Grid& g) { g.setText(4, 0, "x"); },
-                                              [](Grid& g) { g.setCell(0, -1, "x", white); },
-                                              [](Grid& g) { (void)g.text(0, 5); },
-                                              [](Grid& g) { (void)g.background(-1, 0); },
-                                              [](Grid& g) { g.setColumnWidth(5, 1); },
-                                              [](Grid& g) { g.setRowHeight(-1, 1); },
-                                              [](Grid& g) { g.resize(-1, 1); },
-                                              [](Grid& g) { g.resize(1024, 1025); },
-                                              [](Grid& g) { g.resize(2147483647, 2147483647); }};
   grid.setSelection({2, 3, 1, 2});
   taken();
-  for (const auto& bad : table) {
-    EXPECT_EQ(trapFailure([&] { bad(grid); }), badSubscript) << &bad - table;
+  for (const auto& [row, column] :
+       {std::pair(4, 0), std::pair(-1, 0), std::pair(0, 5), std::pair(0, -1)}) {
+    const std::function<void()> bad[] = {
+        [&] {
+          grid.setSelection({1, 1, row, column});
+        },
+        [&] { grid.setText(row, column, "x"); },
+        [&] { grid.setCell(row, column, "x", white); },
+        [&] { (void)grid.text(row, column); },
+        [&] { row ? grid.setRow(row) : grid.setColumn(column); },
+        [&] { row ? grid.setRowSel(row) : grid.setColumnSel(column); },
+        [&] { row ? grid.setRowHeight(row, 1) : grid.setColumnWidth(column, 1); }};
+    for (const auto& each : bad) EXPECT_EQ(trapFailure(each), badSubscript) << &each - bad;
+  }
+  for (const auto& [rows, columns] :
+       {std::pair(-1, 1), std::pair(1024, 1025), std::pair(2147483647, 2147483647)}) {
+    EXPECT_EQ(trapFailure([&] { grid.resize(rows, columns); }), badSubscript);
   }
   EXPECT_TRUE(taken().empty());
   EXPECT_EQ(corners(grid), "2,3 1,2");
@@ -120,12 +112,6 @@ TEST_F(GridTest, GesturesAreRefusedLikeAnyOther) {
   grid.setEnabled(false);
   touch();
   grid.setEnabled(true);
-  window.setEnabled(false);
-  touch();
-  window.setEnabled(true);
-  desk.whileAsking = touch;
-  desktop().showBox({});
-  desk.whileAsking = nullptr;
   EXPECT_EQ(done + corners(grid), "1,1 1,1");
   touch();
   EXPECT_EQ(done + corners(grid), "d+ur2,2 3,3");
