@@ -32,6 +32,7 @@ void loadSteps() {
   editorState.progressCount = 0;
   keepChosen(desktop().chooseFileToOpen(
       {filter, worded(loadTitle), settledPath(editorState.romFolder), editorState.dialogPath}));
+  desktop().setBusyPointer(true);
   resetPanels();
   dropImage();
   showOperation("READ");

@@ -125,10 +125,11 @@ std::optional<Choice> choiceOrBox() {
   return std::nullopt;
 }
 
+// Settings that can't be written take nothing from a pair that was loaded or saved.
 void keepChoice(const Choice& choice) {
   editorState.splitRomKbit = oddeven.List1.text();
   editorState.splitFormat = choice.form.setting;
-  writeSettings();
+  beneath([] { saveSettingsOrTell(); });
 }
 
 RomImage readHalf(const Choice& choice, const Wording& title) {
@@ -155,6 +156,7 @@ void loadPair(const Choice& choice) {
   RomImage even = readHalf(choice, choice.form.loadTitles[1]);
   resetPanels();
   dropImage();
+  showOperation("READ");
   odd = choice.form.decode(std::move(odd), choice.imageBytes);
   even = choice.form.decode(std::move(even), choice.imageBytes);
   takeImage(joined(odd, even, choice.imageBytes));

@@ -204,7 +204,7 @@ class ProgressBar : public Control {
 };
 
 // An entry of a menu: a command, a submenu or a separator (caption "-").
-class MenuItem : public Control {
+class MenuItem final : public Control {
  public:
   MenuItem(Window& owner, std::string name, std::string caption = {}, std::string shortcut = {})
       : Control(owner),

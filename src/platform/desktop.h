@@ -63,7 +63,8 @@ class Desktop {
   virtual std::optional<std::string> clipboardText() = 0;
 
   // The per-user store, by section and key. Reading a missing key gives "". Writing gives false
-  // when the store can't be written. Enumerating gives rows of key and value in the keys' order.
+  // when the store can't be written, deleting a section also when there is none. Enumerating gives
+  // rows of key and value in the keys' order.
   virtual std::string storedValue(const std::string& section, const std::string& key) = 0;
   virtual bool storeValue(const std::string& section, const std::string& key,
                           const std::string& value) = 0;

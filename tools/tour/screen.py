@@ -8,8 +8,8 @@ def run(*words):
     return subprocess.run(words, check=True, capture_output=True, text=True).stdout
 
 
-def find_windows(pattern):
-    words = ["xdotool", "search", "--onlyvisible", "--name", pattern]
+def find_windows(pattern, by="--name"):
+    words = ["xdotool", "search", "--onlyvisible", by, pattern]
     return subprocess.run(words, capture_output=True, text=True).stdout.split()
 
 
@@ -31,10 +31,10 @@ class Screen:
         self.origin = (0, 0)
         self.count = 0
 
-    def wait_for(self, pattern, seconds=20):
+    def wait_for(self, pattern, seconds=20, by="--name"):
         end = time.monotonic() + seconds
         while time.monotonic() < end:
-            windows = find_windows(pattern)
+            windows = find_windows(pattern, by)
             if windows:
                 return windows[-1]
             time.sleep(0.05)

@@ -1,8 +1,8 @@
-"""A tuner's tour through the real windows, with real keys and mouse, in both languages: every row of
-the menu once, a picture of each step, and every saved file compared byte for byte with what a plain
-restatement of the commands gives.
+"""A tuner's tour through the real windows, with real keys and mouse: every row of the menu once, a
+picture of each step, and every saved file compared byte for byte with what a plain restatement of
+the commands gives.
 
-Usage: tour.py PORTABLE_FOLDER PICTURES_FOLDER [SCALE]   (on the display in force)
+Usage: tour.py PORTABLE_FOLDER PICTURES_FOLDER en|ja [SCALE]   (on the display in force)
 """
 
 import os
@@ -153,10 +153,10 @@ class Tour:
         program = os.path.join(self.folder, "zelkova")
         self.process = subprocess.Popen([program], stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL)
-        self.screen.wait_for("^(frmSplash|zelkova)$|ZELKOVA")
-        self.screen.settle(0.8)
+        splash = self.screen.wait_for("zelkova", by="--class")
+        self.screen.settle(0.5)
         self.screen.shot("splash")
-        self.screen.keys("space")
+        self.screen.click_in(splash, 320, 180)
         self.screen.place_main_window("^ZELKOVA$", 60, 60)
         self.screen.shot("empty")
 
@@ -284,7 +284,9 @@ class Tour:
         self.car.put_bytes(0x1100, bytes([min(255, byte + 2)]))
 
     def airflow(self):
-        self.menu(EDIT, 3, 5, 2)
+        bnr32 = 2
+        for table in [index for index in range(9) if index != bnr32] + [bnr32]:
+            self.menu(EDIT, 3, 5, table)
         self.tab(5)
         with open(os.path.join(self.folder, "vqmap", "bnr32_vq_map.bin"), "rb") as file:
             self.car.put_bytes(self.car.entries["VQ_MAP"].address, file.read())
@@ -437,21 +439,20 @@ def hex_bytes(text):
 
 
 def main():
-    portable, pictures = sys.argv[1:3]
-    scale = float(sys.argv[3]) if len(sys.argv) > 3 else 1.0
-    for language in ("en", "ja"):
-        with tempfile.TemporaryDirectory() as place:
-            folder = os.path.join(place, "zelkova")
-            shutil.copytree(portable, folder)
-            tour = Tour(folder, pictures, language, scale)
-            try:
-                tour.run()
-            except BaseException:
-                tour.screen.shot("stopped_here")
-                raise
-            finally:
-                if tour.process.poll() is None:
-                    tour.process.kill()
+    portable, pictures, language = sys.argv[1:4]
+    scale = float(sys.argv[4]) if len(sys.argv) > 4 else 1.0
+    with tempfile.TemporaryDirectory() as place:
+        folder = os.path.join(place, "zelkova")
+        shutil.copytree(portable, folder)
+        tour = Tour(folder, pictures, language, scale)
+        try:
+            tour.run()
+        except BaseException:
+            tour.screen.shot("stopped_here")
+            raise
+        finally:
+            if tour.process.poll() is None:
+                tour.process.kill()
 
 
 if __name__ == "__main__":

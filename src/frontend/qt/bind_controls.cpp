@@ -206,7 +206,9 @@ void bind(QRadioButton* widget, Option& record) {
 
 void bind(QListWidget* widget, ListBox& record) {
   for (const std::string& item : record.items()) widget->addItem(shown(item));
-  follow(widget, record, [widget, &record] { widget->setCurrentRow(record.index()); });
+  // Told by its index, the view keeps a list without a choice as it is when it gets the focus.
+  follow(widget, record,
+         [widget, &record] { widget->setCurrentIndex(widget->model()->index(record.index(), 0)); });
   forwardPress(widget->viewport(), [&record] { record.userMouseDown(); });
   // The list is still busy with the change that it tells; a refused one is taken back behind it.
   QObject::connect(widget, &QListWidget::currentRowChanged, widget,

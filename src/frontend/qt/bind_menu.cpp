@@ -15,11 +15,20 @@ std::unordered_map<const MenuItem*, QMenu*> menus;
 QMenu* makeMenu(MenuItem& item, QWidget* parent);
 void addMissing(QWidget* parent, const MenuItem& item);
 
+// A title in the menu bar opens its menu with Alt and its first letter, where that is a Latin one.
+QString titleOf(const MenuItem& item) {
+  const QString caption = shownCaption(item.caption());
+  const bool latin = !caption.isEmpty() && caption[0].isLetter() && caption[0].unicode() < 128;
+  return latin ? QLatin1Char('&') + caption : caption;
+}
+
 // Shows an item's values on its action, and what was added below it.
-void follow(QAction* action, MenuItem& item) {
-  const auto show = [action, &item] {
+void follow(QAction* action, MenuItem& item, bool isTitle) {
+  const auto show = [action, &item, isTitle] {
     action->setSeparator(item.caption() == "-");
-    if (!action->isSeparator()) action->setText(shownCaption(item.caption()));
+    if (!action->isSeparator()) {
+      action->setText(isTitle ? titleOf(item) : shownCaption(item.caption()));
+    }
     action->setVisible(item.visible());
     action->setEnabled(item.enabled());
   };
@@ -43,11 +52,12 @@ QAction* makeAction(MenuItem& item, QWidget* parent) {
 // Items are only ever added, at the end.
 void addMissing(QWidget* parent, const MenuItem& item) {
   const auto& children = item.children();
+  const bool isBar = qobject_cast<QMenuBar*>(parent) != nullptr;
   for (auto i = static_cast<std::size_t>(parent->actions().size()); i < children.size(); ++i) {
     QAction* const action = makeAction(*children[i], parent);
     action->setObjectName(shown(children[i]->name()));
     parent->addAction(action);
-    follow(action, *children[i]);
+    follow(action, *children[i], isBar);
   }
 }
 

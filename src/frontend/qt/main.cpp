@@ -30,10 +30,6 @@ void translateToolkit() {
   }
 }
 
-}  // namespace
-
-namespace {
-
 // A failure that no command caught ends its gesture alone; what the user has edited stays.
 void tellEscapedFailure(int number) {
   desktop().setBusyPointer(false);

@@ -78,6 +78,7 @@ bool QtDesktop::storeValue(const std::string& section, const std::string& key,
 
 bool QtDesktop::deleteSection(const std::string& section) {
   QSettings store = openStore();
+  if (!store.childGroups().contains(shown(section))) return false;
   store.remove(shown(section));
   return written(store);
 }
