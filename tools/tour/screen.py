@@ -60,7 +60,7 @@ class Screen:
         """A place in another window; a negative y counts from its lower edge."""
         place = geometry(window)
         down = round(y * self.scale) + (place["HEIGHT"] if y < 0 else 0)
-        run("xdotool", "mousemove", "--sync", str(place["X"] + round(x * self.scale)),
+        run("xdotool", "mousemove", str(place["X"] + round(x * self.scale)),
             str(place["Y"] + down), "click", "1")
         self.settle()
 
@@ -80,7 +80,7 @@ class Screen:
     def point(self, x, y):
         across = round(self.origin[0] + x * self.scale)
         down = round(self.origin[1] + y * self.scale)
-        run("xdotool", "mousemove", "--sync", str(across), str(down))
+        run("xdotool", "mousemove", str(across), str(down))
         self.settle(0.05)
 
     def click(self, x, y, button=1, times=1):

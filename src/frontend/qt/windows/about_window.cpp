@@ -29,6 +29,15 @@ QLabel* labelFor(Label& record) {
 QLabel* pictureFor(Label& record, const QString& name) {
   QLabel* const label = labelFor(record);
   label->setPixmap(picture(name));
+  label->setMinimumHeight(label->sizeHint().height());
+  return label;
+}
+
+// The colours of a map from end to end, as wide as the window.
+QLabel* scaleFor(Label& record) {
+  QLabel* const label = pictureFor(record, QStringLiteral("scale.png"));
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  label->setScaledContents(true);
   return label;
 }
 
@@ -76,7 +85,7 @@ QWidget* makeAboutWindow() {
   rows->setSpacing(10);
   rows->addLayout(makeVersion(form));
   rows->addWidget(line());
-  rows->addWidget(pictureFor(form.Picture2, QStringLiteral("scale.png")));
+  rows->addWidget(scaleFor(form.Picture2));
   rows->addWidget(line());
   rows->addWidget(warning);
   rows->addLayout(makeSupport(form));
