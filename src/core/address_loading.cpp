@@ -5,17 +5,20 @@
 #include "core/address_map.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/error_log.h"
 #include "core/file_command.h"
 #include "core/form1.h"
 #include "core/loader_tail.h"
 #include "core/map_display.h"
 #include "core/rom_image.h"
 #include "core/settings_file.h"
+#include "platform/failure.h"
 
 namespace {
 
 const Wording dialogTitle{"機種別アドレス情報　読み込み",
                           "The address information by the model is read. (*.adr file)"};
+const char* const commandName = "ADR File読み込み";
 const char* const advice =
     "\r\n\r\nReading of an address file went wrong."
     "\r\n\r\nPlease read again from a menu after starting. "
@@ -30,11 +33,15 @@ void keepEdits() {
   if (editorState.imageSize != 0) writeBackAll();
 }
 
+// The new map is in force whatever comes of it here: an image that it doesn't fit is told as such.
 void showImageUnderNewMap() {
   if (editorState.imageSize == 0) return;
   editorState.progressCount = 0;
   resetPanels();
-  loaderTail();
+  const int number = trapFailure(loaderTail);
+  if (number == 0) return;
+  logError(commandName, number, failureText(number));
+  showFailure(number);
 }
 
 void pickAndRead() {
@@ -62,7 +69,7 @@ void putInForce() {
 }  // namespace
 
 void load_map_addr() {
-  runFileCommand({"ADR File読み込み",
+  runFileCommand({commandName,
                   [] {
                     pickAndRead();
                     putInForce();

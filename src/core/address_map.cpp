@@ -149,8 +149,8 @@ void readAddressFile(const std::string& path) {
   AddressItems items(text);
   while (const std::optional<std::string> item = items.next()) {
     if (editorState.lineCount == maximumLines) throw Failure(badSubscript);
-    if (item->starts_with('#')) continue;
-    editorState.lines[static_cast<std::size_t>(editorState.lineCount++)] = *item;
+    editorState.lines[static_cast<std::size_t>(editorState.lineCount)] = *item;
+    if (!item->starts_with('#')) ++editorState.lineCount;
   }
 }
 

@@ -127,6 +127,20 @@ void sizeParts(QFileDialog& box) {
   }
 }
 
+// The folder decides where the dialog opens; a file from elsewhere is proposed by its whole path.
+void propose(QFileDialog& box, const FileDialog& dialog) {
+  const QString file = shown(dialog.fileName), folder = shown(dialog.folder);
+  if (!file.isEmpty()) box.selectFile(file);
+  if (!QFileInfo(folder).isDir()) return;
+  box.setDirectory(folder);
+  auto* const name = box.findChild<QLineEdit*>();
+  if (!name || file.isEmpty()) return;
+  const QFileInfo proposed(file);
+  const bool here = proposed.isRelative() || proposed.absoluteDir() == QDir(folder);
+  name->setText(here ? proposed.fileName() : QDir::toNativeSeparators(file));
+  name->selectAll();
+}
+
 std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::AcceptMode mode) {
   const bool opening = mode == QFileDialog::AcceptOpen;
   QFileDialog box(askingWindow(), shown(dialog.title));
@@ -141,8 +155,7 @@ std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::Acce
   if (!opening) box.setDefaultSuffix(defaultSuffix(filters));
   sizeParts(box);
   nameParts(box, mode);
-  if (!dialog.folder.empty()) box.setDirectory(shown(dialog.folder));
-  if (!dialog.fileName.empty()) box.selectFile(shown(dialog.fileName));
+  propose(box, dialog);
   if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return std::nullopt;
   const QString path = QDir::toNativeSeparators(box.selectedFiles().constFirst());
   return ChosenFile{stored(path), stored(QFileInfo(path).fileName())};
