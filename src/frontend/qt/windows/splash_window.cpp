@@ -26,10 +26,11 @@ QLabel* placed(QWidget* parent, Label& record, QPoint place) {
   return label;
 }
 
-void placePicture(QWidget* parent, Label& record, const QString& name, QPoint place) {
+QLabel* placePicture(QWidget* parent, Label& record, const QString& name, QPoint place) {
   QLabel* const label = placed(parent, record, place);
   label->setPixmap(picture(name));
   label->adjustSize();
+  return label;
 }
 
 }  // namespace
@@ -41,7 +42,8 @@ QWidget* makeSplashWindow() {
   QPalette dark;
   dark.setColor(QPalette::Window, QColor(14, 20, 17));
   window->setPalette(dark);
-  placePicture(window, form.Picture1, QStringLiteral("splash.png"), {0, 0});
+  // As large as the window even if its file is missing: a click anywhere ends the window.
+  placePicture(window, form.Picture1, QStringLiteral("splash.png"), {0, 0})->resize(size);
   placePicture(window, form.Picture2, QStringLiteral("icon48.png"), iconPlace);
   placePicture(window, form.Picture3, QStringLiteral("scale.png"), scalePlace);
   placed(window, form.Label4, sloganPlace);
