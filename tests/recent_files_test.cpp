@@ -2,24 +2,18 @@
 // from it.
 #include "imagefiles/recent_files.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
-#include <string>
-#include <vector>
 
 #include "imagefiles/intel_hex_writer.h"
-#include "imagefiles/recent_loading.h"
-#include "platform/failure.h"
 #include "support.h"
 
 namespace {
 
+using Names = std::vector<std::string>;
+
 class RecentFiles : public ProgramTest {
  protected:
-  using Names = std::vector<std::string>;
-
-  void startWithCar() {
+  RecentFiles() {
     startWithMap(smallMap());
     writeText("error.log", "");
   }
@@ -30,188 +24,124 @@ class RecentFiles : public ProgramTest {
     }
     return names;
   }
-  Names stored() {
-    Names names;
-    for (const auto& [key, value] : desk.storedSection("Recent Files")) names.push_back(value);
-    return names;
-  }
-  // Puts `file` at the top of the list and picks it.
-  void pickEntry(const std::string& file) {
-    addRecentFile(file);
+  // Puts a file at the top of the list and picks it.
+  void pickEntry(const std::string& name) {
+    addRecentFile(path(name));
     form1().mnuRecentFile[0]->userPick();
   }
 };
 
-TEST_F(RecentFiles, NineSavedFilesAreListedNewestFirst) {
-  startWithCar();
-  EXPECT_EQ(shown(), Names{});
-  Names expected;
+TEST_F(RecentFiles, NineSavedFilesAreListedNewestFirstAndKept) {
   loadImage(patternImage(4096));
-  EXPECT_EQ(shown(), Names{});
-  for (int i = 1; i <= 10; ++i) {
-    const std::string name = "save" + std::to_string(i) + ".bin";
+  desk.storeWorks = false;
+  EXPECT_EQ(saveImage("saved.bin"), patternImage(4096)) << "the store harms no save";
+  desk.storeWorks = true;
+  Names expected;
+  EXPECT_EQ(shown(), expected);
+  const auto save = [&](const std::string& name) {
     saveImage(name);
     expected.insert(expected.begin(), path(name));
     if (expected.size() > 9) expected.pop_back();
     EXPECT_EQ(shown(), expected);
-    EXPECT_EQ(stored(), expected);
-  }
-  EXPECT_EQ(desk.store["Recent Files"]["RecentFile1"], path("save10.bin"));
+  };
+  for (int i = 1; i <= 10; ++i) save("save" + std::to_string(i) + ".bin");
+  EXPECT_EQ(told(), "");
   desk.boxAnswers = {BoxAnswer::ok, BoxAnswer::ok};
   saveImage("save5.bin");
-  EXPECT_EQ(shown(), expected);
   pick("update_bin_file");
+  EXPECT_EQ(shown(), expected) << "listed files stay where they are";
+  save("save1.bin");
+  startAnew();
   EXPECT_EQ(shown(), expected);
-  saveImage("save1.bin");
-  EXPECT_EQ(shown().front(), path("save1.bin"));
-  EXPECT_EQ(shown().size(), 9U);
-}
-
-TEST_F(RecentFiles, TheStoreIsShownAtStart) {
-  const std::string longest(4096, 'x');
-  desk.store["Recent Files"] = {{"RecentFile1", "C:\\a & b.bin"}, {"RecentFile2", longest}};
-  startWithCar();
-  EXPECT_EQ(shown(), (Names{"C:\\a & b.bin", longest}));
 }
 
 TEST_F(RecentFiles, AClearedListIsGoneAtOnceAndItsFilesCountAsKnown) {
-  startWithCar();
-  clearRecentFiles();
-  addRecentFile("one.bin");
+  const std::string longest(4096, 'x');
+  addRecentFile(longest);
+  addRecentFile("C:\\a & b.bin");
+  EXPECT_EQ(shown(), (Names{"C:\\a & b.bin", longest}));
   clearRecentFiles();
   EXPECT_EQ(shown(), Names{});
   EXPECT_FALSE(desk.store.contains("Recent Files"));
-  addRecentFile("one.bin");
+  addRecentFile(longest);
   EXPECT_EQ(shown(), Names{});
-  addRecentFile("ONE.bin");
-  EXPECT_EQ(shown(), Names{"ONE.bin"});
-}
-
-TEST_F(RecentFiles, AStoreThatCannotBeWrittenHarmsNoSave) {
-  startWithCar();
-  desk.storeWorks = false;
-  loadImage(patternImage(4096));
-  EXPECT_EQ(saveImage("saved.bin"), patternImage(4096));
-  EXPECT_TRUE(desk.boxes.empty());
-  EXPECT_EQ(shown(), Names{});
-}
-
-TEST_F(RecentFiles, AFailedSaveUnderANameIsNotListedButAFailedUpdateIs) {
-  startWithCar();
-  loadImage(patternImage(4096));
-  desk.saveAnswers.push_back(path("missing/saved.bin"));
-  pick("write_bin_file");
-  EXPECT_EQ(shown(), Names{});
-  std::filesystem::remove(path("image.bin"));
-  std::filesystem::create_directory(path("image.bin"));
-  desk.boxes.clear();
-  pick("update_bin_file");
-  EXPECT_EQ(shown(), Names{path("image.bin")});
-  EXPECT_TRUE(desk.boxes.empty());
-  EXPECT_NE(readText("error.log").find(" 上書き  75 "), std::string::npos);
+  addRecentFile("X.bin");
+  EXPECT_EQ(shown(), Names{"X.bin"});
 }
 
 TEST_F(RecentFiles, AnEntryLoadsByItsExtension) {
-  startWithCar();
   const Bytes image = patternImage(4096, 3);
   writeBytes("raw.Bin", image);
   writeIntelHex(path("text.HEX"), image);
-  for (const char* name : {"raw.Bin", "text.HEX"}) {
+  for (const std::string name : {"raw.Bin", "text.HEX"}) {
     editorState.imageSize = 0;
-    pickEntry(path(name));
-    EXPECT_EQ(editorState.image, image) << name;
-    EXPECT_EQ(editorState.savedImage, image);
+    pickEntry(name);
+    EXPECT_TRUE(editorState.image == image && editorState.savedImage == image) << name;
     EXPECT_EQ(editorState.imagePath, path(name));
-    EXPECT_EQ(form1().caption(), name + std::string(" - ZELKOVA"));
-    EXPECT_EQ(form1().Label20.caption(), "File size =  4096 Bytes");
+    EXPECT_EQ(form1().caption() + form1().Label20.caption(),
+              name + " - ZELKOVAFile size =  4096 Bytes");
     EXPECT_EQ(form1().Grid1.text(1, 1), std::to_string(image[0x100]));
-    EXPECT_EQ(form1().ProgressBar1.value(), 0);
-    EXPECT_FALSE(desk.busy);
+    EXPECT_TRUE(form1().ProgressBar1.value() == 0 && !desk.busy);
   }
   EXPECT_EQ(shown(), (Names{path("text.HEX"), path("raw.Bin")}));
-  editorState.image[0] ^= 1;
-  desk.boxAnswers = {BoxAnswer::no};
-  form1().mnuRecentFile[1]->userPick();
-  EXPECT_EQ(editorState.imagePath, path("text.HEX"));
 }
 
 TEST_F(RecentFiles, RefusalsChangeNothing) {
-  start();
-  addRecentFile("car.rom");
-  form1().mnuRecentFile[0]->userPick();
-  EXPECT_EQ(lastBox(), "機種別アドレスが読み込まれていないのに、ROMデータを読み込もうとしました。");
-  editorState.addressMap.typeUnit = "SMALL";
   loadImage(patternImage(4096));
   editorState.image[0] ^= 1;
-  form1().mnuRecentFile[0]->userPick();
-  EXPECT_EQ(lastBox(), "その拡張子は判断できません。\r\n");
-  EXPECT_EQ(desk.boxes.back().title, "Detected error.This error is not fatal.");
-  editorState.english = 1;
-  form1().mnuRecentFile[0]->userPick();
-  EXPECT_EQ(lastBox(), "The extension child can judge it.");
+  const Bytes edited = editorState.image;
+  desk.boxAnswers = {BoxAnswer::no};
+  pickEntry("image.bin");
+  pickEntry("car.rom");
   EXPECT_EQ(desk.boxes.back().title, "Error");
+  editorState.english = 0;
+  pickEntry("car.rom");
+  EXPECT_EQ(desk.boxes.back().title, "Detected error.This error is not fatal.");
   EXPECT_EQ(desk.boxes.back().icon, BoxIcon::none);
-  EXPECT_EQ(editorState.imageSize, 4096);
+  editorState.addressMap.typeUnit = "";
+  pickEntry("image.bin");
+  EXPECT_EQ(told(),
+            "It is crowded as reading, though it aren't preserved for data ?|"
+            "The extension child can judge it.|その拡張子は判断できません。\r\n|"
+            "機種別アドレスが読み込まれていないのに、ROMデータを読み込もうとしました。");
+  EXPECT_EQ(editorState.image, edited);
 }
-
-struct FailureCase {
-  const char* file;
-  int english;
-  std::vector<std::string> boxes;
-};
 
 TEST_F(RecentFiles, AFailedLoadIsToldByItsNumber) {
-  const std::vector<FailureCase> cases = {
-      {"gone.bin",
-       1,
-       {"A file don't exist.  Are transported whether a file were deleted or not.gone.bin"}},
-      {"gone.hex",
-       0,
-       {"ファイルが存在しません。\r\nファイルが削除されたか、移動されています。\r\ngone.hex"}},
-      {"empty.hex",
-       1,
-       {"There is a possibility that an address file differs from.  Please be crowded as reading "
-        "of data, after reading again a correct adr file.",
-        "*ERROR = [9]　Ill. DATA? empty.hex"}},
-      {"empty.bin",
-       0,
-       {"アドレスファイルが違う可能性があります。\r\n正しいadrファイルを読み直し後に、データの読み"
-        "込みを行って下さい。",
-        "*ERROR = [9]　Ill. DATA? empty.bin"}},
-      {"folder.bin", 1, {"*ERROR = [75]　Ill. DATA? folder.bin"}},
-  };
-  startWithCar();
-  writeBytes("empty.hex", {});
   writeBytes("empty.bin", {});
+  writeText("tooMuch.hex", intelHexText(Bytes(150000)));
   std::filesystem::create_directory(path("folder.bin"));
-  for (const FailureCase& row : cases) {
+  const std::string otherMap =
+      "There is a possibility that an address file differs from.  Please be crowded as reading of "
+      "data, after reading again a correct adr file.|*ERROR = [9]　Ill. DATA? ";
+  struct Row {
+    const char* file;
+    int english;
+    std::string boxes;
+    int bar = 0;  // where it stood
+  };
+  const Row table[] = {
+      {"gone.bin", 1,
+       "A file don't exist.  Are transported whether a file were deleted or not.gone.bin"},
+      {"gone.hex", 0,
+       "ファイルが存在しません。\r\nファイルが削除されたか、移動されています。\r\ngone.hex"},
+      {"tooMuch.hex", 1, otherMap + "tooMuch.hex", 100},
+      {"empty.bin", 0,
+       "アドレスファイルが違う可能性があります。\r\n正しいadrファイルを読み直し後に、データの読み"
+       "込みを行って下さい。|*ERROR = [9]　Ill. DATA? empty.bin"},
+      {"folder.bin", 1, "*ERROR = [75]　Ill. DATA? folder.bin"}};
+  for (const Row& row : table) {
     SCOPED_TRACE(row.file);
-    editorState.english = 1;
     loadImage(patternImage(4096));
     editorState.english = row.english;
-    desk.boxes.clear();
-    pickEntry(path(row.file));
-    std::vector<std::string> texts;
-    for (const MessageBox& box : desk.boxes) texts.push_back(box.text);
-    EXPECT_EQ(texts, row.boxes);
-    EXPECT_EQ(editorState.imageSize, 0);
-    EXPECT_TRUE(editorState.image.empty());
-    EXPECT_EQ(editorState.imagePath, path("image.bin"));
-    EXPECT_EQ(form1().Label13.caption(), "");
+    pickEntry(row.file);
+    EXPECT_EQ(told(), row.boxes);
+    EXPECT_EQ(form1().ProgressBar1.value(), row.bar);
+    EXPECT_TRUE(editorState.imageSize == 0 && editorState.image.empty());
+    EXPECT_EQ(editorState.imagePath + form1().Label13.caption(), path("image.bin"));
     EXPECT_EQ(shown().front(), path(row.file));
   }
-  EXPECT_FALSE(std::filesystem::exists(path("gone.bin")));
   EXPECT_NE(readText("error.log").find(" Recent File読み込み  53 "), std::string::npos);
-}
-
-TEST_F(RecentFiles, AFailedLoadLeavesTheBarWhereItStood) {
-  startWithCar();
-  writeBytes("tooMuch.hex", [] {
-    const std::string text = intelHexText(Bytes(150000));
-    return Bytes(text.begin(), text.end());
-  }());
-  pickEntry(path("tooMuch.hex"));
-  EXPECT_EQ(form1().ProgressBar1.value(), 100);
 }
 
 }  // namespace
