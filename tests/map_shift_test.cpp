@@ -1,4 +1,4 @@
-// Map shift: the dialog, the guard, the move of a map by a column, and the load scale beside it.
+// Map shift: the dialog, the move of a map by a column, and the load scale beside it.
 
 #include "editing/map_shift.h"
 
@@ -7,114 +7,78 @@
 
 namespace {
 
-class MapShift : public MapToolsTest {
+class MapShift : public LoadedCarTest {
  protected:
-  void shift(bool left, bool withScale = true) {
+  void shift(bool left, bool withScale) {
     pick("DT_SFT");
     (left ? form11.Option1 : form11.Option2).userSelect();
     if (form11.Check1.checked() != withScale) form11.Check1.userToggle();
     form11.userEnter();
   }
-  // The scale's points beside the map.
-  static std::vector<int> scale(const Grid& grid) {
-    std::vector<int> points = numbers(grid).front();
-    points.resize(columns);
-    return points;
+  // The rule for a row: its cells under the map go on by one place, and a 0 comes in.
+  static void move(std::vector<int>& row, bool left) {
+    const auto end = row.begin() + columns;
+    left ? std::shift_left(row.begin(), end, 1) : std::shift_right(row.begin(), end, 1);
+    *(left ? end - 1 : row.begin()) = 0;
   }
+  Form1& form = form1();
 };
 
-std::vector<int> moved(std::vector<int> row, bool left) {
-  if (left) {
-    row.erase(row.begin());
-    row.push_back(0);
-  } else {
-    row.pop_back();
-    row.insert(row.begin(), 0);
-  }
-  return row;
-}
-
 TEST_F(MapShift, TheDialogStartsAnewOnEachTabAndTheAirflowMapIsRefused) {
-  loadCar();
-  for (int tab = 1; tab <= 13; ++tab) {
+  for (int tab = 1; tab < globalTab; ++tab) {
     selectTab(tab);
     pick("DT_SFT");
-    ASSERT_EQ(form11.loaded(), tab != airflowTab);
-    if (tab == airflowTab) continue;
+    EXPECT_EQ(form11.loaded(), tab != airflowTab);
+    EXPECT_EQ(told(), tab == airflowTab ? "With this screen, map shift aren't possible." : "");
+    if (!form11.loaded()) continue;
     EXPECT_TRUE(form11.Option1.selected() && form11.Check1.checked());
     EXPECT_EQ(form11.Check1.enabled(), tab <= 2);
     form11.Label2.userClick();
     EXPECT_TRUE(form11.Option2.selected());
-    if (tab == 1) form11.Check1.userToggle();
+    form11.Check1.userToggle();
     form11.userEscape();
   }
-  EXPECT_EQ(desk.boxes.size(), 1U);
 }
 
-TEST_F(MapShift, PropertyAnyMapMovesByOneColumn) {
-  loadCar();
+TEST_F(MapShift, PropertyAnyMapMovesByOneColumnAndTheBoostFollows) {
   for (int trial = 0; trial < 200; ++trial) {
-    int tab = random(1, 13);
-    if (tab == airflowTab) tab = 2;
-    selectTab(tab);
-    Grid& grid = tabGrid(tab);
-    Matrix expected = scramble(grid, 255);
-    scramble(form1().TP_FUEL, 255);
-    scramble(form1().TP_FIRE, 255);
-    std::vector<int> fuel = scale(form1().TP_FUEL);
-    std::vector<int> fire = scale(form1().TP_FIRE);
-    dragAtRandom(grid);
-    const bool left = random(0, 1) == 0;
-    const bool withScale = random(0, 1) == 0;
-    ASSERT_EQ(repaintsOf(grid, [&] { shift(left, withScale || tab > 2); }), 1);
-    for (auto& row : expected) row = moved(row, left);
-    if (withScale && tab == 1) fuel = moved(fuel, left);
-    if (withScale && tab == 2) fire = moved(fire, left);
-    ASSERT_EQ(numbers(grid), expected);
-    ASSERT_EQ(scale(form1().TP_FUEL), fuel) << "tab " << tab;
-    ASSERT_EQ(scale(form1().TP_FIRE), fire) << "tab " << tab;
+    auto [tab, grid, expected, block] = scrambleTab(randomByteTab());
+    Matrix fuel = scramble(form.TP_FUEL, 255), fire = scramble(form.TP_FIRE, 255);
+    const bool left = random(0, 1) == 0, withScale = random(0, 1) == 0;
+    form.TP_FUEL.setText(0, 1, "old");
+    ASSERT_EQ(repaintsOf(grid, [&] { shift(left, withScale); }), 1);
+    for (auto& row : expected) move(row, left);
+    if (withScale && tab == 1) move(fuel[0], left);
+    if (withScale && tab == 2) move(fire[0], left);
+    ASSERT_EQ(numbers(grid), expected) << "tab " << tab;
+    ASSERT_EQ(numbers(form.TP_FUEL), fuel) << "tab " << tab;
+    ASSERT_EQ(numbers(form.TP_FIRE), fire) << "tab " << tab;
     const int last = left ? columns : 1;
     ASSERT_EQ(grid.selection(), (GridSelection{rows, last, rows, last}));
-    ASSERT_EQ(grid.background(1, last), rgb(255, 0, 0));
-    ASSERT_EQ(grid.background(1, 4), cellColour(expected[0][3]));
+    for (const int c : {last, 4})
+      ASSERT_EQ(grid.background(1, c), cellColour(cellOf(expected, 1, c)));
+    ASSERT_NE(form.TP_FUEL.text(0, 1), "old");
+    ASSERT_EQ(form.Label13.caption(), "");
   }
-}
-
-TEST_F(MapShift, TheBoostRowFollows) {
-  loadCar();
-  fill(form1().TP_FUEL, {{64, 64, 64, 64, 64, 64, 64, 64}});
-  shift(true);
-  EXPECT_EQ(form1().TP_FUEL.text(1, 8), "0");
-  EXPECT_FALSE(form1().TP_FUEL.painted(1, 8));
-  EXPECT_EQ(form1().TP_FUEL.text(0, 8), "-1.03");  // -1.035 in single precision lies above
-  EXPECT_EQ(form1().TP_FUEL.text(0, 7), "-0.15");
-  EXPECT_EQ(form1().RPM_FUEL.text(0, 0), std::to_string(50 * editorState.image[0x250]));
-  EXPECT_EQ(form1().Label13.caption(), "");
-  EXPECT_EQ(desk.pointerChanges.back(), false);
+  EXPECT_FALSE(form.TP_FUEL.painted(1, 1));
 }
 
 TEST_F(MapShift, AbsentMapsAndScalesAreLeftAlone) {
-  startWithMap("TYPE_UNIT\r\nCAR\r\n" + smallBlock("HIGH_FUEL", 0x100) +
-               mapBlock("TP_SCALE_FIRE", "&H240", 4, 1, 4) + smallBlock("HIGH_FIRE", 0x140));
-  loadImage(patternImage(0x1000));
-  const std::string first = form1().Grid1.text(1, 2);
-  shift(true);
-  EXPECT_EQ(form1().Grid1.text(1, 1), first);
-  EXPECT_EQ(form1().TP_FUEL.text(1, 1), "");
-  EXPECT_EQ(form1().TP_FUEL.text(1, 8), "");
-
-  // A scale shorter than its map ends where it ends.
-  selectTab(2);
-  fill(form1().TP_FIRE, {{10, 20, 30, 40}});
-  shift(true);
-  EXPECT_EQ(form1().TP_FIRE.clip(), "0");  // the cell written last
-  EXPECT_EQ(form1().TP_FIRE.text(1, 3), "40");
-  EXPECT_EQ(form1().TP_FIRE.text(1, 5), "");
-
-  selectTab(6);
-  shift(true, false);
-  EXPECT_EQ(form1().AddGrid1.text(1, 1), "");
-  EXPECT_TRUE(form1().enabled());
+  useMap("TYPE_UNIT\r\nCAR\r\n" + smallBlock("HIGH_FUEL", 0x100) +
+         mapBlock("TP_SCALE_FIRE", "&H240", 4, 1, 4) + smallBlock("HIGH_FIRE", 0x140));
+  const std::string second = form.Grid1.text(1, 2);
+  fill(form.TP_FIRE, {{10, 20, 30, 40}});
+  for (const int tab : {1, 2, 6}) {
+    selectTab(tab);
+    shift(true, true);
+  }
+  EXPECT_EQ(form.Grid1.text(1, 1), second);
+  EXPECT_EQ(rowText(form.TP_FUEL, 1, 9), "         ");
+  EXPECT_EQ(rowText(form.TP_FIRE, 1, 6), "0240 20 30 40 0  ")
+      << "it ends where it ends, map or not";
+  EXPECT_EQ(form.TP_FIRE.clip(), "0") << "the cell written last";
+  EXPECT_EQ(form.AddGrid1.text(1, 1), "");
+  EXPECT_TRUE(form.enabled());
 }
 
 }  // namespace

@@ -1,12 +1,7 @@
-// What the map tools have in common: their guards, and how their dialogs open and close.
+// What the map tools have in common: their guards, how their dialogs open and close, what their
+// fields take, and what they refuse at OK.
 
-#include <array>
-
-#include "calc/af_table.h"
 #include "editing/add_multiply.h"
-#include "editing/address_dialog.h"
-#include "editing/map_copy.h"
-#include "editing/map_shift.h"
 #include "editing/smoothing.h"
 #include "map_tools_bed.h"
 
@@ -14,72 +9,85 @@ namespace {
 
 class MapToolDialogs : public MapToolsTest {};
 
-TEST_F(MapToolDialogs, AMissingImageIsToldFirstThenTheWrongTab) {
+TEST_F(MapToolDialogs, RefuseWithoutImageThenOnTheWrongTabElseOpenAndCloseWithoutEffect) {
   startWithMap(smallMap());
-  const std::string notLoaded = "ROM DATA reads and been crowded, ";
-  const std::string wrongTab = "With this screen, ";
-  const std::array<std::string, 3> table[] = {
-      {"CPY", notLoaded + "a copy of data aren't possible.",
-       wrongTab + "a copy function can be useful."},
-      {"PST", notLoaded + "stretching and attaching it of data aren't possible.",
-       wrongTab + "stretching and attaching it can be useful."},
-      {"F_F", notLoaded + "a data copy aren't possible.", ""},
-      {"T_R", notLoaded + "a data copy aren't possible.", ""},
-      {"add_dec", notLoaded + "addition and reduction of data aren't possible.", ""},
-      {"kakeru", notLoaded + "a multiplication of data aren't possible.", ""},
-      {"smooth", "ROM DATA is smooth and aren't possible for data, been crowded as reading.", ""},
-      {"ADR_EDIT", notLoaded + "a data editing aren't possible.", ""},
-      {"DT_SFT", notLoaded + "map shift aren't possible.", wrongTab + "map shift aren't possible."},
-      {"AF_DISP_FORM", notLoaded + "A/F display aren't possible.",
-       wrongTab + "A/F display aren't possible."}};
-  for (const auto& [command, withoutImage, onGlobal] : table) {
-    selectTab(globalTab);
-    editorState.image[0] = 0;
+  // Whether a tool opens on the tab without a map.
+  const std::pair<const char*, bool> table[] = {
+      {"CPY", false},   {"PST", false},    {"DT_SFT", false}, {"AF_DISP_FORM", false},
+      {"F_F", true},    {"T_R", true},     {"add_dec", true}, {"kakeru", true},
+      {"smooth", true}, {"ADR_EDIT", true}};
+  selectTab(globalTab);
+  for (const auto& [command, opens] : table) {
+    SCOPED_TRACE(command);
+    editorState.image = RomImage(0x400);
     pick(command);
-    EXPECT_EQ(lastBox(), withoutImage);
-    EXPECT_EQ(desk.boxes.back().title + "|" + (form1().enabled() ? "" : "disabled"), "Error|");
     editorState.english = 0;
     pick(command);
-    EXPECT_TRUE(lastBox().starts_with("ROM DATAが読み込まれていないのに、")) << command;
-    EXPECT_EQ(desk.boxes.back().title, "エラー");
     editorState.english = 1;
-    editorState.image[0] = 1;
-    desk.boxes.clear();
+    EXPECT_EQ(desk.boxes.at(0).title + desk.boxes.at(1).title, "Errorエラー");
+    const std::string texts = told();
+    EXPECT_TRUE(texts.starts_with("ROM DATA ")) << texts;
+    EXPECT_NE(texts.find("|ROM DATAが読み込まれていないのに、"), std::string::npos) << texts;
+    EXPECT_TRUE(form1().enabled());
+    editorState.image = patternImage(0x400);
     pick(command);
-    EXPECT_EQ(lastBox(), onGlobal);
-    EXPECT_EQ(form1().enabled(), !onGlobal.empty());
-    if (!form1().enabled()) desk.shownWindows.back()->userClose();
+    EXPECT_EQ(told().starts_with("With this screen, "), !opens);
+    EXPECT_EQ(form1().enabled(), !opens);
+    if (!opens) continue;
+    Window& dialog = *desk.shownWindows.back();
+    EXPECT_TRUE(dialog.topmost());
+    dialog.userEscape();
+    EXPECT_EQ(dialog.loaded(), &dialog == &form10) << "smoothing alone ignores Escape";
+    dialog.userClose();
+    EXPECT_TRUE(form1().enabled() && !dialog.loaded());
+    EXPECT_EQ(editorState.image, patternImage(0x400));
   }
 }
 
-TEST_F(MapToolDialogs, EachOpensOverTheMainWindowAndItsCloseBoxCancels) {
-  loadCar();
-  struct Row {
-    const char* command;
-    Window& window;
-    const char* japanese;
-    bool escapeCloses = true;
-  };
-  const Row table[] = {
-      {"F_F", form3, "燃料・点火データコピー"},  {"T_R", form4, "TP/回転スケールコピー"},
-      {"add_dec", form7, "データ増減"},          {"kakeru", form8, "データ乗算"},
-      {"smooth", form10, "スムージング", false}, {"DT_SFT", form11, "マップシフト"},
-      {"ADR_EDIT", form13, "アドレス指定編集"},  {"AF_DISP_FORM", form5, "A/F表示"}};
-  const RomImage image = editorState.image;
-  const GridSelection dragged{4, 5, 2, 1};
-  drag(form1().Grid1, 4, 5, 2, 1);
-  for (const Row& row : table) {
-    editorState.english = 0;
-    pick(row.command);
-    EXPECT_EQ(row.window.caption(), row.japanese);
-    EXPECT_TRUE(row.window.topmost() && !form1().enabled());
-    row.window.userEscape();
-    EXPECT_EQ(row.window.loaded(), !row.escapeCloses) << row.command;
-    row.window.userClose();
-    EXPECT_TRUE(form1().enabled() && !row.window.loaded() && !row.window.topmost());
+TEST_F(MapToolDialogs, KeysAreFilteredAndEachOpeningStartsAnew) {
+  loadSmallCar();
+  // What a box holds first, the keys over it, and what then stands there.
+  const std::tuple<const char*, TextBox&, const char*, const char*, const char*> table[] = {
+      {"add_dec", form7.Text1, "110", "x-1.2e3", "123"},
+      {"add_dec", form7.Text2, "", "a-+1 .1e\b15", "-115"},
+      {"kakeru", form8.Text1, "110", "x-1.2e3", "123"},
+      {"kakeru", form8.Text2, "", "a-+1 .1e\b15", "1.15"},
+      {"smooth", form10.Text1, "120", "-1.5x7", "157"}};
+  for (const auto& [command, box, first, keys, typed] : table) {
+    for (int opening = 0; opening < 2; ++opening) {
+      pick(command);
+      EXPECT_EQ(box.text(), first);
+      box.userFocus();
+      box.userType(keys);
+      EXPECT_EQ(box.text(), typed) << command;
+      box.window().userClose();
+    }
   }
-  EXPECT_EQ(form1().Grid1.selection(), dragged);
-  EXPECT_EQ(editorState.image, image);
+}
+
+TEST_F(MapToolDialogs, TabsThatAToolCannotServeAreRefusedOnlyAtOk) {
+  loadSmallCar();
+  const std::tuple<const char*, int, const char*> table[] = {
+      {"add_dec", globalTab,
+       "With this screen(GLOBAL), this function(addition and reduction) can be useful."},
+      {"kakeru", globalTab,
+       "With this screen(GLOBAL), this function(multiplication) can be useful."},
+      {"kakeru", 15, "There is an exception for a parameter of DEC_DATA."},
+      {"smooth", airflowTab, "With this screen, smooth function can be useful."},
+      {"smooth", globalTab, "With this screen, smooth function can be useful."},
+      {"smooth", 0, "There is an exception for a parameter of SMOOTH_DATA."}};
+  drag(form1().Grid5, 1, 1, 1, 8);
+  const std::string airflow = form1().Grid5.clip();
+  for (const auto& [command, tab, refusal] : table) {
+    editorState.currentTab = tab;
+    pick(command);
+    EXPECT_EQ(told(), "");
+    for (TextBox* amount : {&form7.Text2, &form8.Text2}) amount->userEdit("5");
+    desk.shownWindows.back()->userEnter();
+    EXPECT_EQ(told(), refusal);
+    EXPECT_TRUE(form1().enabled());
+  }
+  EXPECT_EQ(form1().Grid5.clip(), airflow);
 }
 
 }  // namespace

@@ -3,9 +3,10 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdlib>
 #include <random>
+#include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "support.h"
@@ -22,6 +23,7 @@ class MapToolsTest : public ProgramTest {
   static constexpr int columns = 8;
   static constexpr int rows = 6;
   static constexpr int airflowTab = 5;
+  static constexpr int doubledTab = 7;
   static constexpr int globalTab = 14;
 
   ~MapToolsTest() override {
@@ -38,16 +40,12 @@ class MapToolsTest : public ProgramTest {
                       mapBlock("RPM_SCALE_FUEL", "&H250", rows, 1, rows, "50") +
                       mapBlock("RPM_SCALE_FIRE", "&H258", rows, 1, rows, "100") +
                       mapBlock("K_DATA", "&H20", 1, 1, 2);
-    int address = 0x100;
-    for (const char* keyword : {"HIGH_FUEL", "HIGH_FIRE", "REG_FUEL", "REG_FIRE"}) {
-      map += smallBlock(keyword, address);
-      address += 64;
+    for (int tab = 1; tab < globalTab; ++tab) {
+      const int address = 0x100 + 64 * (tab < airflowTab ? tab - 1 : tab);
+      if (tab != airflowTab)
+        map += smallBlock(mapKindOfTab(tab)->keyword, address, tab == doubledTab ? "2" : "1");
     }
-    address = 0x280;
-    for (int i = 1; i <= 8; ++i, address += 64) {
-      map += smallBlock("ADD_MAP" + std::to_string(i), address, i == 2 ? "2" : "1");
-    }
-    startWithMap(map);
+    startAnewWithMap(map);
     loadImage(patternImage(imageBytes));
   }
 
@@ -65,7 +63,7 @@ class MapToolsTest : public ProgramTest {
     for (int r = 1; r < grid.rows(); ++r) {
       cells.emplace_back();
       for (int c = 1; c < grid.columns(); ++c) {
-        cells.back().push_back(grid.text(r, c).empty() ? 0 : std::stoi(grid.text(r, c)));
+        cells.back().push_back(std::atoi(grid.text(r, c).c_str()));
       }
     }
     return cells;
@@ -76,6 +74,22 @@ class MapToolsTest : public ProgramTest {
         grid.setText(static_cast<int>(r) + 1, static_cast<int>(c) + 1, std::to_string(cells[r][c]));
       }
     }
+  }
+
+  // The selected cells' texts: "1 2|3 4".
+  static std::string selected(const Grid& grid) {
+    std::string texts = grid.clip();
+    std::replace(texts.begin(), texts.end(), '\t', ' ');
+    std::replace(texts.begin(), texts.end(), '\r', '|');
+    return texts;
+  }
+
+  // The parts of "a,,b".
+  static std::vector<std::string> fields(const std::string& text) {
+    std::istringstream stream(text + ",");
+    std::vector<std::string> parts;
+    for (std::string part; std::getline(stream, part, ',');) parts.push_back(part);
+    return parts;
   }
 
   int random(int low, int high) { return std::uniform_int_distribution(low, high)(engine); }
@@ -94,13 +108,33 @@ class MapToolsTest : public ProgramTest {
          random(1, grid.rows() - 1), random(1, grid.columns() - 1));
     return grid.block();
   }
+  // The map on a tab, brought to the front with random numbers and a random selection.
+  struct Scrambled {
+    int tab;
+    Grid& grid;
+    Matrix cells;
+    GridBlock block;
+  };
+  Scrambled scrambleTab(int tab) {
+    selectTab(tab);
+    Grid& grid = tabGrid(tab);
+    const int high = tab == airflowTab ? 65535 : tab == doubledTab ? 510 : 255;
+    return {tab, grid, scramble(grid, high), dragAtRandom(grid)};
+  }
+  int randomByteTab() {
+    const int tab = random(1, 12);
+    return tab < airflowTab ? tab : tab + 1;
+  }
 
   std::mt19937 engine{20};
 };
 
+// The same with the car loaded.
+class LoadedCarTest : public MapToolsTest {
+ protected:
+  LoadedCarTest() { loadCar(); }
+};
+
 inline GridSelection ordered(const GridBlock& block) {
   return {block.top, block.left, block.bottom, block.right};
-}
-inline void PrintTo(const GridSelection& s, std::ostream* out) {
-  *out << s.row << "," << s.column << " - " << s.rowSel << "," << s.columnSel;
 }
