@@ -20,14 +20,13 @@ struct Row {
 
 TEST(TextEncoding, BytesAreTakenForWhatTheyCanBe) {
   for (const auto& [bytes, text] :
-       {Row{"", ""}, Row{"C:\\maps~1\r\n", "C:\\maps~1\r\n"}, Row{mark, ""}, Row{mark + "é", "é"},
+       {Row{"C:\\maps~1\r\n", "C:\\maps~1\r\n"}, Row{mark, ""}, Row{mark + "é", "é"},
         Row{mark + mark, mark}, Row{mark + "a\xFF", "a" + unknown}, Row{"燃料", "燃料"},
         Row{"\xF0\xA0\xAE\x9F", "𠮟"}, Row{"\x94\x52\x97\xBF", "燃料"}, Row{"\x95\x5C", "表"},
         Row{"\xCF\xAF\xCC\xDF", "ﾏｯﾌﾟ"}, Row{"\0a\x82\xA0\0"s, "\0aあ\0"s},
         Row{"a\x82", "a" + unknown}, Row{"\x82\x20\x82\xA0", unknown + " あ"},
-        Row{"\xFF\x80\xA0\xFE", unknown + unknown + unknown + unknown},
         // UTF-8 that could be a pair of half-width katakana, its limits, and overlong UTF-8
-        Row{"\xC3\xA9", "ﾃｩ"}, Row{"\xC3\x89", "É"}, Row{"\xC3\xA1", "ﾃ｡"}, Row{"\xC3\xA0", "à"},
+        Row{"\xC3\xA9", "ﾃｩ"}, Row{"\xC3\xA1", "ﾃ｡"}, Row{"\xC3\xA0", "à"},
         Row{"\xC3\xA9\xC3\x89", "éÉ"}, Row{"\xC0\xAF", "ﾀｯ"}}) {
     EXPECT_EQ(decodeText(bytes), text) << text;
   }
@@ -35,56 +34,37 @@ TEST(TextEncoding, BytesAreTakenForWhatTheyCanBe) {
 
 // A yen sign would come back as a backslash and a wave dash as a tilde.
 TEST(TextEncoding, WritesTheCodePageWhereItReadsBackTheSame) {
-  EXPECT_EQ(encodeText("a\\b\r\n"), "a\\b\r\n");
-  EXPECT_EQ(encodeText("表示ﾏ"), "\x95\x5C\x8E\xA6\xCF");
+  EXPECT_EQ(encodeText("a\\b\r\n表示ﾏ"), "a\\b\r\n\x95\x5C\x8E\xA6\xCF");
   for (const std::string& text : {"表é"s, "¥"s, "〜"s, mark + "a", "ﾃ瑛"s}) {
     EXPECT_EQ(encodeText(text), mark + text) << text;
   }
 }
 
-char32_t anyCharacter(std::mt19937& random) {
-  constexpr std::pair<char32_t, char32_t> ranges[] = {
-      {0, 0x7F},        {0x80, 0x7FF},    {0x3040, 0x30FF}, {0x4E00, 0x9FFF},
-      {0xFF61, 0xFF9F}, {0xE000, 0xFFFF}, {0x2010, 0x2312}, {0x10000, 0x10FFFF}};
-  const auto& [first, last] = ranges[random() % std::size(ranges)];
-  return first + static_cast<char32_t>(random() % (last - first + 1));
-}
-
-TEST(TextEncoding, EveryTextReadsBackTheSame) {
-  std::mt19937 random(2);
-  for (int i = 0; i < 20000; ++i) {
-    std::u32string characters(random() % 5, U'\0');
-    for (char32_t& character : characters) character = anyCharacter(random);
-    const std::string text = utf8(characters);
-    ASSERT_EQ(decodeText(encodeText(text)), text) << i;
+TEST(TextEncoding, EveryTextReadsBackTheSameAndAnyBytesDecodeToOneThatDoes) {
+  std::mt19937 random(3);
+  const auto expectKept = [](const std::string& text) {
+    ASSERT_EQ(utf8(utf32(text)), text);
+    ASSERT_EQ(decodeText(encodeText(text)), text);
+  };
+  for (char32_t c = 0; c < 0x11000; c = c == 0xD7FF ? 0xE000 : c + 1) {
+    const auto before = static_cast<char32_t>(random() % 0xD800);
+    for (const std::u32string& text : {std::u32string{c}, {before, c}}) expectKept(utf8(text));
   }
-  for (char32_t c = 0; c < 0x10000; c = c == 0xD7FF ? 0xE000 : c + 1) {
-    const std::string text = utf8({&c, 1});
-    ASSERT_EQ(decodeText(encodeText(text)), text) << static_cast<unsigned>(c);
+  for (int i = 0; i < 20000; ++i) {
+    std::string bytes(random() % 8, '\0');
+    for (char& byte : bytes) byte = static_cast<char>(random() | (random() % 4 ? 0x80 : 0));
+    expectKept(decodeText(bytes));
   }
   std::string text = "x";
   for (int i = 0; i < 5000; ++i) text += "燃料ﾏｯﾌﾟ";
-  EXPECT_EQ(decodeText(encodeText(text)), text);
+  expectKept(text);
   EXPECT_FALSE(encodeText(text).starts_with(mark));
-}
-
-TEST(TextEncoding, AnyBytesDecodeToValidTextThatIsKept) {
-  std::mt19937 random(3);
-  for (int i = 0; i < 20000; ++i) {
-    std::string bytes(random() % 8, '\0');
-    for (char& byte : bytes) {
-      byte = static_cast<char>(random() % 4 == 0 ? random() : 0x80 + random() % 128);
-    }
-    const std::string text = decodeText(bytes);
-    ASSERT_EQ(utf8(utf32(text)), text);
-    ASSERT_EQ(decodeText(encodeText(text)), text);
-  }
 }
 
 TEST(TextEncoding, AllThreeLineEndsEndALine) {
   for (const auto& [text, expected] :
-       {Row{"", ""}, Row{"a", "a|"}, Row{"a\r\n", "a|"}, Row{"\r", "|"}, Row{"\n\r", "||"},
-        Row{"\r\r\n\n", "|||"}, Row{"a\0b\n\n"s, "a\0b||"s}, Row{"a\r\nb\nc\rd", "a|b|c|d|"}}) {
+       {Row{"", ""}, Row{"a\r\n", "a|"}, Row{"\r", "|"}, Row{"\n\r", "||"}, Row{"\r\r\n\n", "|||"},
+        Row{"a\0b\n\n"s, "a\0b||"s}, Row{"a\r\nb\nc\rd", "a|b|c|d|"}}) {
     std::string lines;
     for (const std::string& line : splitLines(text)) lines += line + '|';
     EXPECT_EQ(lines, expected);
