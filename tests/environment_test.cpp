@@ -9,56 +9,46 @@
 
 namespace {
 
-class EnvironmentTest : public ProgramTest {
- protected:
-  void open() {
-    if (!form1().loaded()) loadSmallCar();
-    pick("SET_DEFAULT_FOLDER");
-  }
-};
+using EnvironmentTest = ProgramTest;
 
 TEST_F(EnvironmentTest, ShowsTheSettingsAndTakesThemOverAtOkAlone) {
-  open();
-  EXPECT_EQ(form9.caption(), "Environment set up");
-  EXPECT_EQ(form9.Text3.text() + form9.Text6.text() + form9.Text9.text(), "+302");
-  EXPECT_TRUE(form9.Check1.checked());
-  const Bytes before = readBytes("zelkova.ini");
+  loadSmallCar();
+  pick("SET_DEFAULT_FOLDER");
+  EXPECT_EQ(form9.caption() + form9.Text3.text() + form9.Text6.text() + form9.Text9.text(),
+            "Environment set up+302");
   form9.Text1.userEdit("/maps");
-  for (const char* rate : {"", "x", "1x", "99999999999"}) {
+  for (const char* rate : {"", "1x", "99999999999"}) {
     form9.Text5.userEdit(rate);
     form9.Command1.userClick();
     EXPECT_TRUE(form9.loaded() && editorState.addressFolder.empty()) << rate;
     EXPECT_EQ(told(), "Wrong data are inputed.") << rate;
   }
   form9.userClose();
-  EXPECT_EQ(readBytes("zelkova.ini"), before);
+  EXPECT_FALSE(form9.loaded());
+  EXPECT_EQ(readText("zelkova.ini"), firstSettings("map.adr"));
 
-  open();
+  pick("SET_DEFAULT_FOLDER");
   const std::pair<TextBox*, const char*> entries[] = {
       {&form9.Text1, "/車"}, {&form9.Text2, "/roms"}, {&form9.Text3, "#longer"},
       {&form9.Text5, "&H2"}, {&form9.Text6, "31x"},   {&form9.Text7, "abc"},
       {&form9.Text8, "0"},   {&form9.Text9, "2.5"}};
   for (const auto& [box, text] : entries) box->userEdit(text);
   form9.userEnter();
-  EXPECT_EQ(editorState.addressFolder + editorState.romFolder, "/車/roms");
   EXPECT_EQ(editorState.gridColorRate, 2);
-  EXPECT_EQ(editorState.gridColorRateSetting, 2);
   const std::vector<std::string> lines = splitLines(readText("zelkova.ini"));
   ASSERT_EQ(lines.size(), 25U);
-  EXPECT_EQ(lines[5] + lines[10] + lines[15], "/車#longer 2 ");
+  EXPECT_EQ(lines[5] + lines[6] + lines[10] + lines[15], "/車/roms#longer 2 ");
   EXPECT_EQ(lines[21] + lines[22] + lines[23] + lines[24], " 31  0  0  2.5 ");
   Grid& grid = form1().Grid1;
   grid.setText(1, 1, "10");
-  grid.userKey(U'+');
-  EXPECT_EQ(grid.text(1, 1), "10");
-  grid.userKey(U'#');
+  for (const char32_t key : {U'+', U'#'}) grid.userKey(key);
   EXPECT_EQ(grid.text(1, 1), "11");
 }
 
 TEST_F(EnvironmentTest, TellsOfTheRestartInTheLanguageJustChosenAndAsksForFolders) {
-  open();
-  form9.Check1.userToggle();
-  form9.Check1.userToggle();
+  loadSmallCar();
+  pick("SET_DEFAULT_FOLDER");
+  for (int i = 0; i < 2; ++i) form9.Check1.userToggle();
   EXPECT_EQ(told(),
             "言語を変更したため、このアプリケーションを一度再起動して下さい。|"
             "Please re-start- this application 1 time, because I changed a language.");
@@ -67,13 +57,11 @@ TEST_F(EnvironmentTest, TellsOfTheRestartInTheLanguageJustChosenAndAsksForFolder
   form9.Command1.userClick();
   EXPECT_EQ(editorState.english, 0);
   EXPECT_EQ(form1().menuBar.find("file_load")->caption(), "File");
-  open();
-  EXPECT_EQ(form9.caption(), "環境設定");
+  pick("SET_DEFAULT_FOLDER");
   desk.folderAnswers = {"/chosen", ""};
-  form9.Command3.userClick();
-  EXPECT_EQ(form9.Text1.text(), "/chosen");
   form9.Text2.userEdit("/old");
-  form9.Command4.userClick();
+  for (Button* button : {&form9.Command3, &form9.Command4}) button->userClick();
+  EXPECT_EQ(form9.caption() + form9.Text1.text(), "環境設定/chosen");
   EXPECT_EQ(form9.Text2.text(), "") << "a cancelled chooser empties the field";
   EXPECT_EQ(desk.folderTitles.front() + desk.folderTitles.back(),
             "アドレスファイルのフォルダを選択してくださいＲＯＭデータのフォルダを選択してください");
@@ -87,36 +75,32 @@ TEST_F(EnvironmentTest, TheSplashWindowGivesWayToAKeyAClickOrItsTimer) {
   for (const std::function<void()>& ending : endings) {
     discardForm1();
     desk.shownWindows.clear();
-    desk.sounds.clear();
     startProgram(folder);
     EXPECT_EQ(desk.shownWindows, std::vector<Window*>{&frmSplash});
-    EXPECT_TRUE(form1().loaded());
-    EXPECT_EQ(frmSplash.Timer1.interval(), 4500);
-    ending();
-    EXPECT_EQ(desk.shownWindows, std::vector<Window*>{&form1()});
-    frmSplash.Timer1.fire();
-    frmSplash.userKey();
-    EXPECT_EQ(desk.shownWindows, std::vector<Window*>{&form1()});
-    EXPECT_EQ(desk.sounds, std::vector<std::string>{"once " + path("first_demo.wav")});
+    EXPECT_TRUE(form1().loaded() && frmSplash.Timer1.interval() == 4500);
+    for (const auto& again : {ending, endings[3], endings[0]}) {
+      again();
+      EXPECT_EQ(desk.shownWindows, std::vector<Window*>{&form1()});
+    }
   }
+  EXPECT_EQ(desk.sounds, std::vector(4, "once " + path("first_demo.wav")));
 }
 
 TEST_F(EnvironmentTest, TheVersionWindowPlaysOnlyForTheExactWordAndOpensTheManual) {
   startWithMap(smallMap());
   for (const char* word : {"TRAN", "tran", ""}) {
     editorState.aboutSound = word;
-    desk.sounds.clear();
     pick("ver_displ");
     EXPECT_EQ(frmAbout.lblVersion.caption(), "Version 1.98.48E");
     frmAbout.userEscape();
     EXPECT_FALSE(frmAbout.loaded());
-    const std::vector<std::string> played{"stop", "looping " + path("info_demo.wav"), "stop"};
-    EXPECT_EQ(desk.sounds, word[0] == 'T' ? played : std::vector<std::string>{}) << word;
   }
+  EXPECT_EQ(desk.sounds,
+            (std::vector<std::string>{"stop", "looping " + path("info_demo.wav"), "stop"}));
   pick("ver_displ");
   desk.programsStart = false;
   frmAbout.Label6.userClick();
-  EXPECT_EQ(desk.addresses, std::vector<std::string>{path("manual/index.html")});
+  EXPECT_EQ(desk.addresses, std::vector{path("manual/index.html")});
   EXPECT_TRUE(form1().enabled() && !frmAbout.loaded());
 }
 

@@ -26,25 +26,16 @@ class ManualTest : public ProgramTest {
   }
 };
 
-// The first listing whose first line is a comment.
-std::string listedMap(std::string page) {
-  page = page.substr(page.find("<pre>\n#") + 6);
-  page.resize(page.find("</pre>"));
-  for (auto at = page.find("&amp;"); at != std::string::npos; at = page.find("&amp;")) {
-    page.replace(at, 5, "&");
-  }
-  return page;
-}
-
 TEST_F(ManualTest, TheListedAddressMapFitsTheDemoCar) {
-  start();
-  desk.boxes.clear();
   for (const auto& language : languages) {
-    writeText("listed.adr", listedMap(readText(language.page)));
-    pickFile("load_map_addr", "listed.adr");
+    // The first listing whose first line is a comment.
+    std::string listing = readText(language.page);
+    listing = listing.substr(listing.find("<pre>\n#") + 6);
+    listing.resize(listing.find("</pre>"));
+    while (listing.find("&amp;") != listing.npos) listing.erase(listing.find("&amp;") + 1, 4);
+    startAnewWithMap(listing);
     pickFile("load_bin_file", "demo.bin");
-    EXPECT_TRUE(desk.boxes.empty()) << language.page << ": " << lastBox();
-    EXPECT_EQ(form1().Label1.caption(), language.model);
+    EXPECT_EQ(told() + form1().Label1.caption(), language.model);
     EXPECT_TRUE(isRomLoaded());
     int present = 0;
     for (const MapEntry& entry : editorState.addressMap.maps) present += entry.present();
@@ -55,9 +46,6 @@ TEST_F(ManualTest, TheListedAddressMapFitsTheDemoCar) {
 }
 
 TEST_F(ManualTest, EveryCommandFailureAndPictureIsThere) {
-  const int numbers[] = {overflow,     outOfMemory,   badSubscript,   divisionByZero,
-                         typeMismatch, internalError, fileNotFound,   deviceError,
-                         diskFull,     diskNotReady,  pathFileAccess, pathNotFound};
   for (const auto& language : languages) {
     const std::string text = readText(language.page);
     const auto expectTold = [&](const std::string& words) {
@@ -66,7 +54,8 @@ TEST_F(ManualTest, EveryCommandFailureAndPictureIsThere) {
     for (const MenuRow& row : menuRows()) {  // the airflow tables are told together
       if (row.routine && row.level != 4) expectTold(row.*language.caption);
     }
-    for (const int number : numbers) {
+    for (int number = 2; number < 100; ++number) {
+      if (failureText(number) == failureText(1)) continue;
       expectTold("<td class=\"number\">" + std::to_string(number) + "</td><td>" +
                  failureText(number) + "</td>");
     }

@@ -53,47 +53,31 @@ TEST_F(SettingsFile, CutAnywhereItIsToldAndKeptAndWhatStandsBeforeCounts) {
     startWith(whole.substr(0, cut));
     const bool complete = cut > whole.rfind('2');
     ASSERT_EQ(told(), complete ? "" : "*ERROR = [13]") << cut;
-    ASSERT_EQ(editorState.addressMap.typeUnit, complete ? "SMALL" : "") << cut;
+    ASSERT_EQ(editorState.version + editorState.addressMap.typeUnit,
+              complete ? "Version 1.98.48ESMALL" : "Version 1.98.48E")
+        << cut;
     ASSERT_TRUE(cut < whole.find(" 370") || editorState.displacement == 1998);
     ASSERT_EQ(readText("zelkova.ini"), whole.substr(0, cut));
   }
 }
 
 TEST_F(SettingsFile, NumbersAreReadStrictly) {
-  struct Row {
-    int line;
-    std::string text;
-    int failure;
-    double value;
-  };
-  const Row table[] = {{2, "&H7CE", 0, 1998},
-                       {2, "\t 1998.5 ", 0, 1998},
-                       {2, "1999.5", 0, 2000},
-                       {2, "-5", 0, -5},
-                       {2, "1.2E3", 0, 1200},
-                       {2, "&HFFFFFFFF", 0, -1},
-                       {2, "2147483648", 6, 0},
-                       {2, "99999999999", 6, 0},
-                       {2, "", 13, 0},
-                       {2, "12 cc", 13, 0},
-                       {2, "&H", 13, 0},
-                       {2, std::string("1\0", 2), 13, 0},
-                       {23, "0.1", 0, double{0.1F}},
-                       {23, "-1.5E-3", 0, double{-1.5E-3F}},
-                       {23, "1,5", 13, 0},
-                       {23, "1E99", 6, 0}};
-  for (const Row& row : table) {
-    startWith(with(row.line, row.text));
-    const std::string box = "*ERROR = [" + std::to_string(row.failure) + "]";
-    EXPECT_EQ(told(), row.failure ? box : "") << row.text;
-    const double ratio = editorState.graphRatioX;
-    EXPECT_EQ(row.line == 2 ? editorState.displacement : ratio, row.value) << row.text;
+  using std::string_literals::operator""s;
+  const std::tuple<int, std::string, int, float> table[] = {
+      {2, "&H7CE", 0, 1998},        {2, "\t 1999.5 ", 0, 2000}, {2, "2147483648", 6, 0},
+      {2, "12 cc", 13, 0},          {2, "1\0"s, 13, 0},         {2, "", 13, 0},
+      {23, "-1.5E-3", 0, -1.5E-3F}, {23, "1,5", 13, 0},         {23, "1E99", 6, 0}};
+  for (const auto& [line, text, failure, value] : table) {
+    startWith(with(line, text));
+    EXPECT_EQ(told(), failure ? "*ERROR = [" + std::to_string(failure) + "]" : "") << text;
+    const auto displacement = static_cast<float>(editorState.displacement);
+    EXPECT_EQ(line == 2 ? displacement : editorState.graphRatioX, value) << text;
   }
 }
 
 TEST_F(SettingsFile, AnyNumberButZeroIsEnglishAndOnlyOneChangesCaptions) {
-  for (const auto& [line, expected] : {std::pair("0", "エラーﾌｧｲﾙ"), std::pair("1", "ErrorFile"),
-                                       std::pair("2", "Errorﾌｧｲﾙ"), std::pair("-1", "Errorﾌｧｲﾙ")}) {
+  for (const auto& [line, expected] :
+       {std::pair("0", "エラーﾌｧｲﾙ"), std::pair("1", "ErrorFile"), std::pair("-1", "Errorﾌｧｲﾙ")}) {
     startWith(with(16, line));
     pick("update_bin_file");
     EXPECT_EQ(desk.boxes.at(0).title + form1().menuBar.find("file_load")->caption(), expected);
@@ -120,11 +104,9 @@ TEST_F(SettingsFile, LinesBehindTheLastAreLostAtTheNextWriteAndTooManyRefused) {
 
 TEST_F(SettingsFile, TheAddressMapOfAnyPathIsThereAtTheNextStart) {
   startWith(firstSettings(""));
-  for (const std::string& name : {std::string("日本 車.adr"), std::string("ελληνικά 🚗.adr"),
-                                  std::string(" two  blanks .adr"), std::string(200, 'x')}) {
+  for (const char* name : {" 日本  車 .adr", "ελληνικά 🚗.adr"}) {
     writeText(name, smallMap());
-    desk.openAnswers.push_back(path(name));
-    pick("load_map_addr");
+    pickFile("load_map_addr", name);
     startAnew();
     EXPECT_EQ(told() + editorState.addressFilePath, path(name));
     EXPECT_EQ(editorState.addressMap.typeUnit, "SMALL") << name;

@@ -11,9 +11,8 @@ class UnsavedGuard : public ProgramTest {
     startWithMap(smallMap());
     loadImage(image);
   }
-  // Goes for another image, answers the guard if it asks, and cancels the dialog if it opens. What
-  // the guard asked.
-  std::string asked(BoxAnswer answer) {
+  // What the guard asks about another image; the file dialog is cancelled if it opens.
+  std::string asked(BoxAnswer answer = BoxAnswer::no) {
     desk.boxAnswers.assign(1, answer);
     desk.openAnswers.assign(1, "");
     pick("load_bin_file");
@@ -21,69 +20,58 @@ class UnsavedGuard : public ProgramTest {
     desk.openAnswers.clear();
     return told();
   }
-  // Another value than the image's into the first cell.
-  void edit() { form1().Grid1.setText(1, 1, image[0x100] == 9 ? "10" : "9"); }
-
   const Bytes image = patternImage(0x400);
+  Grid& cells = form1().Grid1;
+  const std::string first = std::to_string(image[0x100]);
   const std::string question = "It is crowded as reading, though it aren't preserved for data ?";
 };
 
 TEST_F(UnsavedGuard, AsksInTheLanguageOnlyIfAByteDiffers) {
-  EXPECT_EQ(asked(BoxAnswer::no), "");
-  edit();
-  EXPECT_EQ(asked(BoxAnswer::no), question);
+  EXPECT_EQ(asked(), "");
+  cells.setText(1, 1, "9");
+  EXPECT_EQ(asked(), question);
   editorState.english = 0;
-  EXPECT_EQ(asked(BoxAnswer::no), "データを保存しないで新しいデータを読み込みますか？");
-  form1().Grid1.setText(1, 1, std::to_string(image[0x100]));
-  EXPECT_EQ(asked(BoxAnswer::no), "") << "changed back";
+  EXPECT_EQ(asked(), "データを保存しないで新しいデータを読み込みますか？");
+  cells.setText(1, 1, first);
+  EXPECT_EQ(asked(), "") << "changed back";
   editorState.image[0x3FF] ^= 1;
-  EXPECT_NE(asked(BoxAnswer::no), "") << "a byte that no map shows";
+  EXPECT_NE(asked(), "") << "a byte that no map shows";
   pick("update_bin_file");
-  EXPECT_EQ(asked(BoxAnswer::no), "");
+  EXPECT_EQ(asked(), "");
 }
 
 TEST_F(UnsavedGuard, YesLosesTheEditsOnlyWhenTheLoadSucceeds) {
-  edit();
-  const std::string edited = form1().Grid1.text(1, 1);
-  EXPECT_EQ(asked(BoxAnswer::yes), question);
-  EXPECT_EQ(form1().Grid1.text(1, 1), edited);
-  EXPECT_EQ(asked(BoxAnswer::yes), question);
+  cells.setText(1, 1, "9");
+  EXPECT_EQ(asked(BoxAnswer::yes) + cells.text(1, 1), question + "9");
+  cells.setText(1, 2, "256");
+  EXPECT_EQ(asked(), "ERROR (Function:SET_MEMORY)|" + question) << "a failing write-back asks too";
+  EXPECT_TRUE(form1().ProgressBar1.value() == 0 && !desk.busy);
   desk.boxAnswers.push_back(BoxAnswer::yes);
   loadImage(image, "again.bin");
-  EXPECT_EQ(form1().Grid1.text(1, 1), std::to_string(image[0x100]));
   told();
-  EXPECT_EQ(asked(BoxAnswer::no), "");
-}
-
-TEST_F(UnsavedGuard, AFailingWriteBackDoesNotStopTheQuestion) {
-  edit();
-  form1().Grid1.setText(1, 2, "256");
-  EXPECT_EQ(asked(BoxAnswer::no), "ERROR (Function:SET_MEMORY)|" + question);
-  EXPECT_TRUE(form1().ProgressBar1.value() == 0 && !desk.busy);
+  EXPECT_EQ(asked() + cells.text(1, 1), first);
 }
 
 TEST_F(UnsavedGuard, ClosingAsksUntilTheAnswerIsYesAndSavesNothing) {
-  const std::string settings = readText("zelkova.ini");
-  edit();
+  cells.setText(1, 1, "9");
   for (const auto& [english, answer] :
        {std::pair(1, BoxAnswer::no), std::pair(0, BoxAnswer::no), std::pair(1, BoxAnswer::yes)}) {
     editorState.english = english;
     desk.boxAnswers.push_back(answer);
     pick("owari");
-    EXPECT_EQ(desk.boxes.at(0).title, english ? "I confirm a preservation" : "保存確認");
-    EXPECT_EQ(told(), english ? "Do you end without preserving data?"
-                              : "データを保存しないで終了しますか？");
-    EXPECT_EQ(desk.ended, answer == BoxAnswer::yes);
-    EXPECT_EQ(form1().loaded(), answer == BoxAnswer::no);
+    const std::string title = desk.boxes.at(0).title;
+    EXPECT_EQ(title + told(), english
+                                  ? "I confirm a preservationDo you end without preserving data?"
+                                  : "保存確認データを保存しないで終了しますか？");
+    EXPECT_TRUE(desk.ended == (answer == BoxAnswer::yes) && desk.ended != form1().loaded());
   }
-  EXPECT_EQ(readBytes("image.bin"), image);
-  EXPECT_EQ(readText("zelkova.ini"), settings);
+  EXPECT_TRUE(readBytes("image.bin") == image &&
+              readText("zelkova.ini") == firstSettings("map.adr"));
 }
 
 TEST_F(UnsavedGuard, ClosingWithoutEditsAsksNothing) {
   form1().userClose();
-  EXPECT_EQ(told(), "");
-  EXPECT_TRUE(desk.ended);
+  EXPECT_TRUE(desk.ended && desk.boxes.empty());
 }
 
 }  // namespace
