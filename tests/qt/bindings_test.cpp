@@ -192,14 +192,11 @@ TEST_F(BindingsTest, AWindowsKeysAndCloseBoxReachItsButtons) {
 TEST_F(BindingsTest, ATimerRunsWhileItIsEnabled) {
   QTimer clock;
   bind(&clock, record.timer);
-  QTest::qWait(30);
-  EXPECT_EQ(record.told, "");
+  EXPECT_FALSE(clock.isActive());
   record.timer.restart(5);
   EXPECT_TRUE(QTest::qWaitFor([this] { return record.told.starts_with("timer timer "); }, 1000));
   record.timer.setEnabled(false);
-  record.told.clear();
-  QTest::qWait(30);
-  EXPECT_EQ(record.told, "");
+  EXPECT_FALSE(clock.isActive());
 }
 
 }  // namespace
