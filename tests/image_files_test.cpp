@@ -83,6 +83,7 @@ TEST_F(ImageFiles, ImagesOfAnySizeAndNameLoadAndSaveUnchanged) {
       if (size > 140001 && form.ending == "hex") continue;
       const std::string file = name + "." + form.ending;
       writeBytes(file, encoded(form, bytes));
+      form1().Label20.setCaption("");
       run(form.load, file);
       EXPECT_EQ(form1().caption() + form1().Label20.caption(),
                 file + " - ZELKOVAFile size =  " + std::to_string(size) + " Bytes");

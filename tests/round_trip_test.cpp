@@ -57,6 +57,7 @@ TEST_F(RoundTrip, RandomCarsKeepEveryByte) {
     ASSERT_EQ(told(), "");
     for (const MapKind& kind : mapKinds()) ASSERT_TRUE(gridOf(kind).visible()) << kind.keyword;
     ASSERT_NO_FATAL_FAILURE(expectKept(image));
+    kept += editorState.image == image;
     if (seed % 32 == 0) {
       ASSERT_EQ(saveImage("saved" + std::to_string(seed)), editorState.image);
       useMap(randomAddressMap(random, image.size()));
@@ -64,9 +65,8 @@ TEST_F(RoundTrip, RandomCarsKeepEveryByte) {
       noteLossyBytes();
       ASSERT_NO_FATAL_FAILURE(expectKept(image));
     }
-    kept += editorState.image == image;
   }
-  EXPECT_GT(kept, 150) << "the generator makes too few exact cars to tell anything";
+  EXPECT_TRUE(kept > 150 && kept < 1500) << "too few exact cars, or none was written back";
 }
 
 }  // namespace

@@ -40,6 +40,7 @@ TEST_F(VqTables, EachCommandPutsTheEndOfItsTableIntoTheMapUnlessTheMapIsLonger) 
     loadImage(expected);
     told();
     pick(row.command);
+    EXPECT_EQ(editorState.savedImage, expected);
     const int skipped = row.tableBytes - row.mapBytes;
     for (int k = 0; k < row.mapBytes && skipped >= 0 && mapAddress + k < row.imageBytes; ++k) {
       expected.at(mapAddress + k) = engine.at(skipped + k);
