@@ -32,7 +32,7 @@ struct BindingsTest : testing::Test {
     return widget;
   }
 
-  Panel record;
+  Panel record, bare;
   QWidget top;
   QVBoxLayout* rows = new QVBoxLayout(&top);
   QLabel* label = bound<QLabel>(record.label);
@@ -113,6 +113,12 @@ TEST_F(BindingsTest, ARefusedChoiceIsNotLeftStanding) {
   EXPECT_EQ(record.told, "changed on second line2 tab2 ");
   record.group.select(nullptr);
   EXPECT_FALSE(first->isChecked() || second->isChecked());
+  auto* const unchosen = bound<QListWidget>(bare.list);
+  unchosen->show();
+  QTest::keyClick(list, Qt::Key_Tab);
+  unchosen->setFocus(Qt::TabFocusReason);
+  EXPECT_TRUE(unchosen->hasFocus());
+  EXPECT_EQ(bare.list.index(), -1) << "focus alone chooses nothing";
 }
 
 TEST_F(BindingsTest, APressIsToldBeforeItsChangeAndAClickOnTheTabInForceToo) {

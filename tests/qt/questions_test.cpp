@@ -80,6 +80,13 @@ TEST_F(QuestionsTest, AFileDialogProposesItsNameAddsTheEndingAndFailsWhenCancell
   const ChosenFile chosen =
       desk.chooseFileToSave({"Bin Image (*.bin)|*.bin", "Save", where, "old.bin"});
   EXPECT_EQ(chosen.title + chosen.path, "新しい.bin" + where + "/新しい.bin");
+  const std::string elsewhere = QDir::homePath().toStdString() + "/new.bin";
+  whenAsked<QFileDialog>([where, elsewhere](QFileDialog* dialog) {
+    EXPECT_EQ(dialog->directory().path().toStdString(), where);
+    EXPECT_EQ(dialog->findChild<QLineEdit*>()->text().toStdString(), elsewhere);
+    escape(dialog);
+  });
+  EXPECT_THROW(desk.chooseFileToSave({"A (*.bin)|*.bin", "Save", where, elsewhere}), Failure);
   whenAsked<QFileDialog>(escape);
   EXPECT_THROW(desk.chooseFileToOpen({"A (*.a)|*.a", "Load", "", ""}), Failure);
   whenAsked<QFileDialog>(escape);
@@ -96,6 +103,7 @@ TEST_F(QuestionsTest, TheStoreKeepsItsRowsInTheKeysOrder) {
   EXPECT_EQ(rows, "File1/tmp/燃料 File1 File2/tmp/燃料 File2 File3/tmp/燃料 File3 ");
   EXPECT_TRUE(desk.deleteSection("Recent"));
   EXPECT_TRUE(desk.storedSection("Recent").empty());
+  EXPECT_FALSE(desk.deleteSection("Recent")) << "there is none any more";
   EXPECT_EQ(desk.storedValue("Other", "key") + desk.storedValue("Recent", "File1"), "kept");
 }
 
