@@ -8,8 +8,12 @@
 
 namespace {
 
+std::string readOuts() {
+  return DR_GRAPH.Label2.caption() + "|" + DR_GRAPH.Label3.caption() + "|" +
+         DR_GRAPH.Label4.caption();
+}
+
 TEST_F(GraphTest, MovesTheCursorToTheEdgesAndNoFurther) {
-  loadSmall();
   open();
   const struct {
     int key, repeats, column, row;
@@ -26,36 +30,29 @@ TEST_F(GraphTest, MovesTheCursorToTheEdgesAndNoFurther) {
 }
 
 TEST_F(GraphTest, AHeldKeyLeavesATrailAndRedrawsAtItsRelease) {
-  loadSmall();
   compareWith(Bytes(0x1000, 20));
-  editorState.graphShowCompare = 1;
   open();
   const std::size_t redrawn = canvas.items().size();
-  for (int i = 0; i < 3; ++i) {
-    canvas.userKeyDown(rightKey);
-    EXPECT_EQ(lastMarker().substr(0, 4), "red ");
-  }
+  for (int i = 0; i < 3; ++i) canvas.userKeyDown(rightKey);
   expectFrame(canvas, "graph_trail.frame");
   // A character key marks as well, and changes heights without a redraw.
-  for (int i = 0; i < 2; ++i) {
-    canvas.userKeyDown('+');
-    canvas.userKey(U'+');
-  }
+  hold('+', 2);
   EXPECT_EQ(canvas.items().size(), redrawn + 5);
   // The focus goes and comes back while the key is held.
   DR_GRAPH.Text2.userFocus();
   canvas.userFocus();
   canvas.userKeyUp('+');
   EXPECT_EQ(canvas.items().size(), redrawn);
-  EXPECT_EQ(countOf(canvas, CanvasItem::line, wireRed), 24);
+  EXPECT_EQ(wires(wireRed), 24);
   EXPECT_EQ(countOf(canvas, CanvasItem::bar, markerRed), 0);
 }
 
 TEST_F(GraphTest, ReadsOutLoadSpeedAndValueFromTheFirstKeyOn) {
-  loadSmall(200);
   form1().TP_FUEL.setText(0, 1, "-0.15");
   form1().TP_FUEL.setText(0, 2, "0.10");
-  open();
+  form1().RPM_FUEL.setText(0, 0, "800");
+  form1().RPM_FUEL.setText(2, 0, "900");
+  openWith("200");
   EXPECT_EQ(readOuts(), "||");
   canvas.userKeyDown(0);
   EXPECT_EQ(readOuts(), "-0.15kg|800rpm|DATA : 72");
@@ -74,7 +71,7 @@ TEST_F(GraphTest, ReadsOutLoadSpeedAndValueFromTheFirstKeyOn) {
 }
 
 TEST_F(GraphTest, AnAdditionalMapShowsItsValueAloneAndIsCutAtAByte) {
-  startWithMap(smallMap());
+  startAnewWithMap(smallMap());
   loadImage(patternImage(0x1000));
   selectTab(6);
   open();
@@ -88,68 +85,51 @@ TEST_F(GraphTest, AnAdditionalMapShowsItsValueAloneAndIsCutAtAByte) {
 
 TEST_F(GraphTest, KeysChangeOneUnitOfTheCellUnderTheCursor) {
   const struct {
-    int value;
-    int magnification;
+    const char* cell;
+    int mask, magnification;
     std::string keys;
-    const char* shown;
-    const char* written;
-  } cases[] = {
-      {200, 1, "+", "DATA : 73", "201"},
-      {124, 3, "+", "DATA : 125", "125"},
-      {0, 5, "--++++", "DATA : 2", "2"},
-      {254, 2, "++", "DATA : 128", "255"},
-      {120, 4, std::string(200, '+'), "DATA : 255", "255"},
-  };
-  loadSmall();
+    const char *shown, *written;
+  } cases[] = {{"200", 128, 1, "+", "DATA : 73", "201"},
+               {"124", 128, 3, "+", "DATA : 125", "125"},
+               {"0", 128, 5, "--++++", "DATA : 2", "2"},
+               {"254", 128, 2, "++", "DATA : 128", "255"},
+               {"120", 128, 4, std::string(200, '+'), "DATA : 255", "255"},
+               {"255", 0, 3, "++-", "DATA : 254", "254"}};
   for (const auto& each : cases) {
-    form1().Grid1.setText(1, 1, std::to_string(each.value));
+    editorState.graphFbMask = each.mask;
     editorState.graphMagnification = each.magnification;
-    open();
+    openWith(each.cell);
     for (const char key : each.keys) type(key);
     EXPECT_EQ(DR_GRAPH.Label4.caption(), each.shown);
     DR_GRAPH.Command2.userClick();
     EXPECT_EQ(cell(1, 1), each.written);
   }
-  // Without a mask 255 is the end.
-  editorState.graphFbMask = 0;
-  editorState.graphMagnification = 3;
-  form1().Grid1.setText(1, 1, "255");
-  open();
-  type('+');
-  EXPECT_EQ(graphState.heights[1][1], 765);
-  EXPECT_EQ(DR_GRAPH.Label4.caption(), "DATA : 255");
 }
 
 TEST_F(GraphTest, ComparesKeysWithTheFirstCharacterOfTheirAssignment) {
   const struct {
-    const char* plus;
-    const char* minus;
+    const char *plus, *minus;
     char32_t key;
+    const char* cell;
     int height;
-  } cases[] = {{"", "", U'+', 10},    {"", "-", 0, 10},     {"up", "-", U'u', 11},
-               {"up", "-", U'p', 10}, {"=", "=", U'=', 10}, {"あい", "-", U'あ', 11},
-               {"A", "a", U'a', 9}};
-  loadSmall();
+  } cases[] = {{"", "", U'+', "10", 10},       {"", "-", 0, "10", 10},
+               {"up", "-", U'u', "10", 11},    {"up", "-", U'p', "10", 10},
+               {"あい", "-", U'あ', "10", 11}, {"A", "a", U'a', "10", 9},
+               {"=", "=", U'=', "10", 10},     {"=", "=", U'=', "255", 254}};
+  // In the last row the raise is cut before the fall.
+  editorState.graphFbMask = 0;
   for (const auto& each : cases) {
     editorState.plusKey = each.plus;
     editorState.minusKey = each.minus;
-    open();
+    openWith(each.cell);
     canvas.userKey(each.key);
     EXPECT_EQ(graphState.heights[1][1], each.height) << each.plus << " " << each.minus;
     EXPECT_EQ(DR_GRAPH.focus(), &canvas);
     DR_GRAPH.Command1.userClick();
   }
-  // At the upper end the raise is cut before the fall.
-  editorState.plusKey = editorState.minusKey = "=";
-  editorState.graphFbMask = 0;
-  form1().Grid1.setText(1, 1, "255");
-  open();
-  type('=');
-  EXPECT_EQ(graphState.heights[1][1], 254);
 }
 
 TEST_F(GraphTest, AMousePressSavesBeforeTheChangeAndTheKeyboardDoesNot) {
-  loadSmall(200);
   writeText("error.log", "");
   const struct {
     const char* name;
@@ -168,14 +148,12 @@ TEST_F(GraphTest, AMousePressSavesBeforeTheChangeAndTheKeyboardDoesNot) {
   };
   for (const auto& each : cases) {
     compareWith(Bytes(0x1000));
-    form1().Grid1.setText(1, 1, "200");
     editorState.graphFbMask = 128;
     editorState.graphMagnification = 1;
-    open();
+    openWith("200");
     type('+');
     EXPECT_EQ(cell(1, 1), "200");
     each.change();
-    EXPECT_EQ(cell(1, 1), each.kept) << each.name;
     DR_GRAPH.Command1.userClick();
     EXPECT_EQ(cell(1, 1), each.kept) << each.name;
   }
@@ -183,32 +161,28 @@ TEST_F(GraphTest, AMousePressSavesBeforeTheChangeAndTheKeyboardDoesNot) {
 }
 
 TEST_F(GraphTest, TheSaveBeforeAChangeStoresTheParametersAsTheyWere) {
-  loadSmall();
+  const auto stored = [] {
+    readSettings();
+    return std::vector<int>{editorState.graphFbMask, editorState.graphFbThreshold,
+                            editorState.graphMagnification, editorState.graphShowCompare};
+  };
   open();
   DR_GRAPH.Text2.userFocus();
   DR_GRAPH.Text2.userPaste("110");
   click(DR_GRAPH.Check2);
-  readSettings();
-  EXPECT_EQ(editorState.graphFbMask, 128);
-  EXPECT_EQ(editorState.graphFbThreshold, 110);
+  EXPECT_EQ(stored(), (std::vector{128, 110, 1, 0}));
   clickLine(4);
-  readSettings();
-  EXPECT_EQ(editorState.graphFbMask, 192);
-  EXPECT_EQ(editorState.graphMagnification, 1);
+  EXPECT_EQ(stored(), (std::vector{192, 110, 1, 0}));
   compareWith({});
   DR_GRAPH.Check3.setEnabled(true);
   DR_GRAPH.Check3.userToggle();
   DR_GRAPH.Text2.userPaste("99999999999");
   DR_GRAPH.Command2.userClick();
-  readSettings();
-  EXPECT_EQ(editorState.graphMagnification, 5);
-  EXPECT_EQ(editorState.graphShowCompare, 1);
-  EXPECT_EQ(editorState.graphFbThreshold, 2147483647);
+  EXPECT_EQ(stored(), (std::vector{192, 2147483647, 5, 1}));
 }
 
 TEST_F(GraphTest, BringsEditsIntoTheFileWithEachMaskMagnificationAndView) {
-  const Bytes cells = {200, 50, 255, 0, 124, 125, 126, 1, 64, 63, 192, 254};
-  load(4, 3, cells);
+  load(4, 3, {200, 50, 255, 0, 124, 125, 126, 1, 64, 63, 192, 254});
   const Bytes original = readBytes("image.bin");
   Bytes expected = original;
   const Bytes row = {201, 47, 255, 0};
@@ -223,34 +197,30 @@ TEST_F(GraphTest, BringsEditsIntoTheFileWithEachMaskMagnificationAndView) {
         if (DR_GRAPH.Check2.checked() != (mask % 128 != 0)) click(DR_GRAPH.Check2);
         clickLine(line);
         click(*view);
-        type('+');
-        press(rightKey);
-        type('-', 3);
-        press(rightKey);
-        type('+', 2);
-        press(rightKey);
-        type('-', 2);
+        for (const auto& [key, repeats] :
+             {std::pair{'+', 1}, std::pair{'-', 3}, std::pair{'+', 2}, std::pair{'-', 2}}) {
+          type(key, repeats);
+          press(rightKey);
+        }
         press(upKey, 2);
         type('-', 5);
         DR_GRAPH.Command2.userClick();
-        EXPECT_EQ(saveAnew(), expected) << mask << " times " << line + 1;
-        loadImage(expected, "saved.bin");
-        EXPECT_EQ(cell(3, 4), "249");
+        pick("update_bin_file");
+        EXPECT_EQ(readBytes("image.bin"), expected) << mask << " times " << line + 1;
       }
     }
   }
 }
 
 TEST_F(GraphTest, PaintsWrittenCellsByTheColourRateAndMakesTheLastOneCurrent) {
-  loadSmall(200);
+  const Grid& grid = form1().Grid1;
   editorState.gridColorRate = 2;
   form1().Grid1.setText(1, 2, "-9");
-  open();
+  openWith("200");
   DR_GRAPH.Command2.userClick();
-  const Grid& grid = form1().Grid1;
   EXPECT_EQ(grid.background(1, 1), rgb(0, 0, 255));
-  EXPECT_EQ(grid.background(1, 3), rgb(255 - 60, 0, 60));
   EXPECT_EQ(grid.background(1, 2), rgb(255, 0, 0));
+  EXPECT_EQ(grid.background(1, 3), rgb(255 - 60, 0, 60));
   EXPECT_EQ(grid.text(1, 2), "0");
   EXPECT_EQ(grid.selection(), (GridSelection{3, 4, 3, 4}));
 }
@@ -270,15 +240,10 @@ TEST_F(GraphTest, ClosesThoughGridOrSettingsCannotBeWritten) {
     DR_GRAPH.Command2.userClick();
     const bool logged = readText("error.log").find("3Dグラフデータ書込") != std::string::npos;
     EXPECT_EQ(logged, gridTooSmall);
+    EXPECT_EQ(desk.boxes.size(), gridTooSmall ? 0U : 1U);
     EXPECT_TRUE(form1().Grid1.redraw() && form1().Grid1.visible());
     EXPECT_EQ(cell(1, 1), "11");
     EXPECT_TRUE(!DR_GRAPH.loaded() && form1().enabled());
-    if (!gridTooSmall) {
-      EXPECT_EQ(desk.boxes.size(), 1U);
-    }
-    desk.boxes.clear();
-    discardForm1();
-    editorState = EditorState{};
   }
 }
 

@@ -7,16 +7,15 @@
 
 namespace {
 
-constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+using Numbers = std::numeric_limits<std::int32_t>;
+constexpr std::int32_t lowest = Numbers::min(), highest = Numbers::max();
 
 TEST(Projection, PutsCellsOnTheGroundAndStaysInside32Bits) {
   const float none = std::numeric_limits<float>::quiet_NaN();
   const float endless = std::numeric_limits<float>::infinity();
   const struct {
     Projection projection;
-    int column;
-    int row;
+    int column, row;
     CanvasPoint expected;
   } cases[] = {
       {{30, 14, 1, 2, 40, 1}, 3, 2, {144, 341}},
@@ -32,9 +31,7 @@ TEST(Projection, PutsCellsOnTheGroundAndStaysInside32Bits) {
   };
   for (const auto& each : cases) {
     const CanvasPoint point = groundPoint(each.projection, each.column, each.row);
-    const auto number = &each - cases;
-    EXPECT_EQ(point.x, each.expected.x) << "case " << number;
-    EXPECT_EQ(point.y, each.expected.y) << "case " << number;
+    EXPECT_EQ(std::pair(point.x, point.y), std::pair(each.expected.x, each.expected.y));
   }
   EXPECT_EQ(raised(341, 100), 241);
   EXPECT_EQ(raised(355, lowest), highest);
