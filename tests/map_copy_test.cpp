@@ -59,10 +59,9 @@ TEST_F(MapCopying, PropertyAnyChoiceAfterAnyEdit) {
 
 TEST_F(MapCopying, UnequalAndAbsentMapsCopyTheSmallerSizeInsideTheImage) {
   startAnewWithMap(
-      "TYPE_UNIT\r\nCAR\r\n" + mapBlock("HIGH_FUEL", "&H100", 8, 4, 32) +
-      mapBlock("REG_FUEL", "&H0", 4, 4, 16) + mapBlock("HIGH_FIRE", "&H140", 8, 4, 32) +
-      mapBlock("TP_SCALE_FUEL", "&H1FE", 8, 1, 8) + mapBlock("TP_SCALE_FIRE", "&H180", 8, 1, 8) +
-      mapBlock("RPM_SCALE_FIRE", "&H190", 4, 1, 4, "50"));
+      "TYPE_UNIT,CAR\nHIGH_FUEL,&H100,8,4,32,0,c\nREG_FUEL,&H0,4,4,16,0,c\n"
+      "HIGH_FIRE,&H140,8,4,32,0,c\nTP_SCALE_FUEL,&H1FE,8,1,8,0,c\n"
+      "TP_SCALE_FIRE,&H180,8,1,8,0,c\nRPM_SCALE_FIRE,&H190,4,1,4,50,c\n");
   loadImage(patternImage(0x200));
   RomImage expected = editorState.image;
   std::copy_n(expected.begin() + 0x100, 16, expected.begin());

@@ -1,6 +1,8 @@
 // What the map tools have in common: their guards, how their dialogs open and close, what their
 // fields take, and what they refuse at OK.
 
+#include <array>
+
 #include "editing/add_multiply.h"
 #include "editing/smoothing.h"
 #include "map_tools_bed.h"
@@ -11,13 +13,22 @@ class MapToolDialogs : public MapToolsTest {};
 
 TEST_F(MapToolDialogs, RefuseWithoutImageThenOnTheWrongTabElseOpenAndCloseWithoutEffect) {
   startWithMap(smallMap());
-  // Whether a tool opens on the tab without a map.
-  const std::pair<const char*, bool> table[] = {
-      {"CPY", false},   {"PST", false},    {"DT_SFT", false}, {"AF_DISP_FORM", false},
-      {"F_F", true},    {"T_R", true},     {"add_dec", true}, {"kakeru", true},
-      {"smooth", true}, {"ADR_EDIT", true}};
+  const std::string rom = "ROM DATA reads and been crowded, ", tab = "With this screen, ";
+  // What is told without an image, and then on the tab without a map; "": it opens.
+  const std::array<std::string, 3> table[] = {
+      {"CPY", rom + "a copy of data aren't possible.", tab + "a copy function can be useful."},
+      {"PST", rom + "stretching and attaching it of data aren't possible.",
+       tab + "stretching and attaching it can be useful."},
+      {"F_F", rom + "a data copy aren't possible.", ""},
+      {"T_R", rom + "a data copy aren't possible.", ""},
+      {"add_dec", rom + "addition and reduction of data aren't possible.", ""},
+      {"kakeru", rom + "a multiplication of data aren't possible.", ""},
+      {"smooth", "ROM DATA is smooth and aren't possible for data, been crowded as reading.", ""},
+      {"ADR_EDIT", rom + "a data editing aren't possible.", ""},
+      {"DT_SFT", rom + "map shift aren't possible.", tab + "map shift aren't possible."},
+      {"AF_DISP_FORM", rom + "A/F display aren't possible.", tab + "A/F display aren't possible."}};
   selectTab(globalTab);
-  for (const auto& [command, opens] : table) {
+  for (const auto& [command, withoutImage, onTab] : table) {
     SCOPED_TRACE(command);
     editorState.image = RomImage(0x400);
     pick(command);
@@ -25,15 +36,13 @@ TEST_F(MapToolDialogs, RefuseWithoutImageThenOnTheWrongTabElseOpenAndCloseWithou
     pick(command);
     editorState.english = 1;
     EXPECT_EQ(desk.boxes.at(0).title + desk.boxes.at(1).title, "Errorエラー");
-    const std::string texts = told();
-    EXPECT_TRUE(texts.starts_with("ROM DATA ")) << texts;
-    EXPECT_NE(texts.find("|ROM DATAが読み込まれていないのに、"), std::string::npos) << texts;
+    EXPECT_TRUE(told().starts_with(withoutImage + "|ROM DATAが読み込まれていないのに、"));
     EXPECT_TRUE(form1().enabled());
     editorState.image = patternImage(0x400);
     pick(command);
-    EXPECT_EQ(told().starts_with("With this screen, "), !opens);
-    EXPECT_EQ(form1().enabled(), !opens);
-    if (!opens) continue;
+    EXPECT_EQ(told(), onTab);
+    EXPECT_EQ(form1().enabled(), !onTab.empty());
+    if (!onTab.empty()) continue;
     Window& dialog = *desk.shownWindows.back();
     EXPECT_TRUE(dialog.topmost());
     dialog.userEscape();

@@ -34,12 +34,10 @@ class MapToolsTest : public ProgramTest {
 
   // 8 x 6 maps from &H100 on, 64 bytes apart; 16 airflow words; the eight additional maps.
   void loadCar(std::size_t imageBytes = 0x1000) {
-    std::string map = "TYPE_UNIT\r\nCAR\r\n" + mapBlock("VQ_MAP", "&H200", 16, 1, 32) +
-                      mapBlock("TP_SCALE_FUEL", "&H240", columns, 1, columns) +
-                      mapBlock("TP_SCALE_FIRE", "&H248", columns, 1, columns) +
-                      mapBlock("RPM_SCALE_FUEL", "&H250", rows, 1, rows, "50") +
-                      mapBlock("RPM_SCALE_FIRE", "&H258", rows, 1, rows, "100") +
-                      mapBlock("K_DATA", "&H20", 1, 1, 2);
+    std::string map =
+        "TYPE_UNIT,CAR\nVQ_MAP,&H200,16,1,32,0,c\nK_DATA,&H20,1,1,2,0,c\n"
+        "TP_SCALE_FUEL,&H240,8,1,8,0,c\nTP_SCALE_FIRE,&H248,8,1,8,0,c\n"
+        "RPM_SCALE_FUEL,&H250,6,1,6,50,c\nRPM_SCALE_FIRE,&H258,6,1,6,100,c\n";
     for (int tab = 1; tab < globalTab; ++tab) {
       const int address = 0x100 + 64 * (tab < airflowTab ? tab - 1 : tab);
       if (tab != airflowTab)
