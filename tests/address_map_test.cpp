@@ -163,6 +163,9 @@ TEST_F(AddressMapFile, AnotherMapOverALoadedImageKeepsEditsAndShowsItself) {
     writeBytes("junk.adr", patternImage(junk * 40, junk));
     pickFile("load_map_addr", "junk.adr");
   }
+  told();
+  useMap("TYPE_UNIT,X\n" + mapBlock("K_DATA", "&H2FF", 1, 1, 2));
+  EXPECT_EQ(told() + form1().Label1.caption(), "*ERROR = [9]X") << "in force, but no such bytes";
   useMap("TYPE_UNIT,X");
   image[0x100] = 77;
   EXPECT_EQ(saveImage("saved.bin"), image);
