@@ -75,6 +75,43 @@ TEST_F(SettingsFile, NumbersAreReadStrictly) {
   }
 }
 
+// What the file says may be refused or shown as nonsense; it never keeps a window from working.
+TEST_F(SettingsFile, AnyTextInAnyLineLeavesEveryWindowWorking) {
+  const std::string texts[] = {"",
+                               "x",
+                               "0",
+                               "-1",
+                               "2147483647",
+                               "-2147483648",
+                               "99999999999",
+                               "1E38",
+                               "車",
+                               std::string(4096, 'A')};
+  for (int line = 0; line < 25; ++line) {
+    for (const std::string& text : texts) {
+      SCOPED_TRACE(std::to_string(line) + ": " + text);
+      startWith(with(line, text));
+      ASSERT_EQ(readText("zelkova.ini"), with(line, text));
+      useMap(smallMap());
+      loadImage(patternImage(0x400));
+      for (const char* command : {"set_spl", "ADR_EDIT", "DISP_3D_Graph", "TP_2D", "AF_DISP_FORM",
+                                  "SET_DEFAULT_FOLDER", "odd_even_file"}) {
+        pick(command);
+        while (desk.shownWindows.back() != &form1()) {
+          Window& dialog = *desk.shownWindows.back();
+          dialog.userEnter();
+          if (dialog.loaded() && desk.shownWindows.back() == &dialog) dialog.userClose();
+        }
+        ASSERT_TRUE(form1().enabled());
+      }
+      form1().Grid1.userKey(U'+');
+      ASSERT_EQ(told().find("[51]"), std::string::npos);
+      std::filesystem::remove(path("saved.bin"));
+      ASSERT_EQ(saveImage("saved.bin").size(), 0x400U);
+    }
+  }
+}
+
 TEST_F(SettingsFile, AnyNumberButZeroIsEnglishAndOnlyOneChangesCaptions) {
   for (const auto& [line, expected] :
        {std::pair("0", "エラーﾌｧｲﾙ"), std::pair("1", "ErrorFile"), std::pair("-1", "Errorﾌｧｲﾙ")}) {
