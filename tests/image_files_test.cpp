@@ -184,7 +184,8 @@ TEST_F(ImageFiles, SavingReplacesTheWholeFileAndTheImageTakesItsNameAndForm) {
 
 TEST_F(ImageFiles, RealImagesKeepEveryByteThatNobodyEdited) {
   for (const auto& [name, address] :
-       {std::pair("bios-256k.bin", 0x3E000U), std::pair("vgabios-ramfb.bin", 28000U)}) {
+       {std::pair("bios-256k.bin", 0x3E000U), std::pair("vgabios.bin", 0x2000U),
+        std::pair("vgabios-ramfb.bin", 28000U)}) {
     SCOPED_TRACE(name);
     useMap("TYPE_UNIT,BIOS\n" + mapBlock("HIGH_FUEL", std::to_string(address), 16, 16, 256) +
            mapBlock("VQ_MAP", "&H1000", 64, 1, 128) + mapBlock("K_DATA", "&H1200", 1, 1, 4) +
