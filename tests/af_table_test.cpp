@@ -7,17 +7,18 @@
 
 namespace {
 
-class AfTable : public MapToolsTest {};
+class AfTable : public LoadedCarTest {
+ protected:
+  const Grid& table = form5.Grid1;
+};
 
 TEST_F(AfTable, RefusesTabsWithoutFuelAndOpensOnAllOthers) {
-  loadCar();
   for (int tab = 1; tab <= 13; ++tab) {
     selectTab(tab);
-    desk.boxes.clear();
     pick("AF_DISP_FORM");
     const bool refused = tab == 2 || tab == 4 || tab == 5;
-    ASSERT_EQ(form5.loaded(), !refused) << tab;
-    EXPECT_EQ(desk.boxes.size(), refused ? 1U : 0U);
+    EXPECT_NE(told().empty(), refused) << tab;
+    ASSERT_NE(form5.loaded(), refused) << tab;
     if (refused) continue;
     EXPECT_EQ(form5.Frame1.caption(),
               "Result of calculating A/F  - about " + std::string(mapKindOfTab(tab)->keyword));
@@ -27,32 +28,26 @@ TEST_F(AfTable, RefusesTabsWithoutFuelAndOpensOnAllOthers) {
 }
 
 TEST_F(AfTable, WorkedExamples) {
-  loadCar();
   editorState.gridColorRate = 2;
-  struct Row {
+  const struct {
     const char *cell, *expected;
-    Colour colour;
-  };
-  const Row table[] = {{"0", "14.7", rgb(255, 0, 0)},   {"128", "7.3", rgb(0, 0, 255)},
-                       {"255", "4.9", rgb(0, 0, 255)},  {"64", "9.8", rgb(127, 0, 128)},
-                       {"1", "14.6", rgb(253, 0, 2)},   {"510", "2.9", rgb(0, 0, 255)},
-                       {"", "14.7", rgb(255, 0, 0)},    {"12.6", "13.4", rgb(229, 0, 26)},
-                       {"-128", "inf", rgb(255, 0, 0)}, {"1e300", "0.0", rgb(0, 0, 255)}};
-  for (const Row& row : table) {
-    form1().Grid1.setText(2, 3, row.cell);
+    int blue;
+  } cases[] = {{"0", "14.7", 0},     {"128", "7.3", 255}, {"64", "9.8", 128},
+               {"1", "14.6", 2},     {"510", "2.9", 255}, {"", "14.7", 0},
+               {"12.6", "13.4", 26}, {"-128", "inf", 0},  {"1e300", "0.0", 255}};
+  for (const auto& each : cases) {
+    form1().Grid1.setText(2, 3, each.cell);
     pick("AF_DISP_FORM");
-    EXPECT_EQ(form5.Grid1.text(2, 3), row.expected) << row.cell;
-    EXPECT_EQ(form5.Grid1.background(2, 3), row.colour) << row.cell;
+    EXPECT_EQ(table.text(2, 3), each.expected) << each.cell;
+    EXPECT_EQ(table.background(2, 3), rgb(255 - each.blue, 0, each.blue)) << each.cell;
     form5.userClose();
   }
 }
 
 TEST_F(AfTable, ShowsEachCellOfTheGridAsItStands) {
-  loadCar();
-  selectTab(7);  // shown as twice the byte
+  selectTab(doubledTab);
   Matrix cells = scramble(form1().AddGrid2, 510);
   pick("AF_DISP_FORM");
-  const Grid& table = form5.Grid1;
   for (int r = 1; r <= rows; ++r) {
     for (int c = 1; c <= columns; ++c) {
       const int cell = cellOf(cells, r, c);
@@ -65,15 +60,15 @@ TEST_F(AfTable, ShowsEachCellOfTheGridAsItStands) {
 }
 
 TEST_F(AfTable, OfALargerMapTheFirstCellsAndOfAnAbsentOneNone) {
-  startWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("HIGH_FUEL", "&H100", 20, 18, 360));
+  startAnewWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("HIGH_FUEL", "&H100", 20, 18, 360));
   loadImage(patternImage(0x1000));
   pick("AF_DISP_FORM");
-  EXPECT_EQ(form5.Grid1.text(0, 16) + " " + form5.Grid1.text(16, 0), "+F 022C");
-  EXPECT_NE(form5.Grid1.text(16, 16), "");
+  EXPECT_EQ(table.text(0, 16) + " " + table.text(16, 0), "+F 022C");
+  EXPECT_NE(table.text(16, 16), "");
   form5.userClose();
   selectTab(3);
   pick("AF_DISP_FORM");
-  EXPECT_EQ(form5.Grid1.text(0, 1) + form5.Grid1.text(1, 0) + form5.Grid1.text(16, 16), "");
+  EXPECT_EQ(table.text(0, 1) + table.text(1, 0) + table.text(16, 16), "");
 }
 
 }  // namespace

@@ -11,16 +11,12 @@ constexpr std::size_t meshItems = 1 + 15 + 34;  // outline, horizontal and verti
 
 class AirflowView : public ProgramTest {
  protected:
-  // A car whose airflow map of `length` bytes starts with `words`.
-  void load(int length, const std::vector<int>& words) {
-    startAnewWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("VQ_MAP", "&H40", 1, 1, length) +
-                     mapBlock("HIGH_FUEL", "&H10", 4, 4, 16));
-    Bytes bytes(0x200, 1);
-    std::size_t next = 0x40;
-    for (const int word : words) {
-      bytes[next++] = static_cast<std::uint8_t>(word >> 8);
-      bytes[next++] = static_cast<std::uint8_t>(word);
-    }
+  // A car whose airflow map of `length` bytes starts with the words 0, 65535, 290 and 29000.
+  void load(int length) {
+    startAnewWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("VQ_MAP", "&H4", 1, 1, length) +
+                     mapBlock("HIGH_FUEL", "&H0", 2, 2, 4));
+    Bytes bytes = {1, 1, 1, 1, 0, 0, 255, 255, 1, 34, 113, 72};
+    bytes.resize(0x200);
     loadImage(bytes);
   }
   const std::vector<CanvasItem>& items() const { return form1().Picture2.items(); }
@@ -29,7 +25,7 @@ class AirflowView : public ProgramTest {
 };
 
 TEST_F(AirflowView, DrawsFrameMeshAndACurveOfTicks) {
-  load(8, {0, 65535, 290, 29000});
+  load(8);
   ASSERT_GT(items().size(), meshItems);
   const auto line = CanvasItem::line;
   EXPECT_EQ(items()[0], (CanvasItem{CanvasItem::outline, rgb(0, 128, 0), 2, 2, 563, 235}));
@@ -51,19 +47,18 @@ TEST_F(AirflowView, DrawsFrameMeshAndACurveOfTicks) {
 }
 
 TEST_F(AirflowView, ShowsAsManyPointsAsTheGridHasWords) {
-  using Case = std::pair<int, int>;
-  for (const auto& [length, lastX] :
-       {Case{128, 530}, Case{104, 434}, Case{9, 50}, Case{7, 42}, Case{2, 26}, Case{1, 26}}) {
-    load(length, {});
-    EXPECT_EQ(items().back().x1, lastX) << length;
-    EXPECT_EQ(items().size(), meshItems + static_cast<std::size_t>((lastX - 26) / 8 * 2 + 1));
+  for (const auto& [length, words] :
+       {std::pair{128, 64}, std::pair{9, 4}, std::pair{7, 3}, std::pair{2, 1}, std::pair{1, 1}}) {
+    load(length);
+    EXPECT_EQ(items().back().x1, 18 + 8 * words) << length;
+    EXPECT_EQ(curve().size(), static_cast<std::size_t>(2 * words - 1));
   }
   for (const int length : {2147483647, -2, 0}) drawAirflowView(form1().Grid5, length);
   EXPECT_EQ(curve(), (std::vector<CanvasItem>{{CanvasItem::bar, tickYellow, 26, -1, 26, 1}}));
 }
 
 TEST_F(AirflowView, FollowsItsGridAndNothingElse) {
-  load(8, {0, 0, 0, 0});
+  load(8);
   Grid& grid = form1().Grid5;
   const auto heightOfSecond = [this] { return 235 - curve()[2].y1; };
   enterCell(grid, 1, 2, "2900");

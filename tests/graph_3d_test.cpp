@@ -63,19 +63,38 @@ TEST_F(GraphTest, OpensWithTheStoredParametersAndTheSurfaceDrawn) {
   }
 }
 
-TEST_F(GraphTest, ShowsStoredMaskAndMagnificationOrTheNearest) {
+TEST_F(GraphTest, ShowsAnyCellWithAnyStoredMaskMagnificationAndThreshold) {
   const struct {
-    int mask, magnification, inForce, list, height;
-  } cases[] = {{192, 1, 192, 1, 130 - 192}, {128, 2, 128, 2, 4}, {64, 5, 64, 5, 330},
-               {0, 3, 0, 3, 390},           {7, 0, 0, 1, 130},   {128, 9, 128, 5, 10},
-               {192, -4, 192, 1, 130 - 192}};
+    int mask, magnification;
+    const char *cell, *threshold;
+    int inForce;  // of the mask
+    const char* list;
+    int height, flag;
+  } cases[] = {{192, 1, "130", "125", 192, "1", 130 - 192, 1},
+               {128, 2, "130", "125", 128, "2", 4, 1},
+               {64, 5, "130", "125", 64, "5", 330, 1},
+               {0, 3, "130", "125", 0, "3", 390, 1},
+               {7, 0, "abc", "125", 0, "1", 0, 0},
+               {128, 9, "12.5", "125", 128, "5", 60, 0},
+               {192, -4, "0", "0", 192, "1", -192, 1},
+               {128, 5, "-1", "0", 128, "5", -5, 0},
+               {128, 1, "65535", "125", 128, "1", 65535 - 128, 1},
+               {0, 5, "99e99", "125", 0, "5", 2147483647, 1},
+               {128, 1, "255", "256", 128, "1", 255, 0},
+               {128, 1, "255", "99999999999", 128, "1", 255, 0},
+               {128, 1, "124", "", 128, "1", 124 - 128, 1}};
   for (const auto& each : cases) {
+    SCOPED_TRACE(std::string(each.cell) + " at " + each.threshold);
     editorState.graphFbMask = each.mask;
     editorState.graphMagnification = each.magnification;
-    openWith("130");
+    openWith(each.cell);
+    DR_GRAPH.Text2.userFocus();
+    DR_GRAPH.Text2.userPaste(each.threshold);
+    DR_GRAPH.Text2.userLeave();
     EXPECT_EQ(graphState.fbMask, each.inForce);
-    EXPECT_EQ(DR_GRAPH.List1.text(), std::to_string(each.list));
+    EXPECT_EQ(DR_GRAPH.List1.text(), each.list);
     EXPECT_EQ(graphState.heights[1][1], each.height);
+    EXPECT_EQ(graphState.fbFlags[0], each.flag);
     DR_GRAPH.Command1.userClick();
     EXPECT_EQ(editorState.graphFbMask, each.mask);
     EXPECT_EQ(editorState.graphMagnification, each.magnification);
@@ -204,26 +223,6 @@ TEST_F(GraphTest, OpensEmptyForAMapThatTheModelLacks) {
   DR_GRAPH.Command2.userClick();
   EXPECT_EQ(cell(1, 1), "10");
   EXPECT_FALSE(DR_GRAPH.loaded());
-}
-
-TEST_F(GraphTest, ReadsAnyCellTextAndAnyThreshold) {
-  const struct {
-    const char *text, *threshold;
-    int height, flag;
-  } cases[] = {{"abc", "125", 0, 0},     {"65535", "125", 65535 - 128, 1},
-               {"12.5", "125", 12, 0},   {"99e99", "125", 2147483647 - 128, 1},
-               {"0", "0", -128, 1},      {"-1", "0", -1, 0},
-               {"255", "256", 255, 0},   {"255", "99999999999", 255, 0},
-               {"124", "", 124 - 128, 1}};
-  for (const auto& each : cases) {
-    openWith(each.text);
-    DR_GRAPH.Text2.userFocus();
-    DR_GRAPH.Text2.userPaste(each.threshold);
-    DR_GRAPH.Text2.userLeave();
-    EXPECT_EQ(graphState.heights[1][1], each.height) << each.text << " at " << each.threshold;
-    EXPECT_EQ(graphState.fbFlags[0], each.flag) << each.text << " at " << each.threshold;
-    DR_GRAPH.Command1.userClick();
-  }
 }
 
 }  // namespace

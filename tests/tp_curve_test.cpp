@@ -48,34 +48,33 @@ TEST_F(TpCurveTest, DrawsTheScaleOfItsTab) {
 TEST_F(TpCurveTest, KeysMoveThePointUnderTheCursorWithinTheBuffer) {
   const struct {
     const char* text;
-    std::string keys;
-    int y;
-    const char* written;
-    const char* step = "+";
-  } cases[] = {{"64", "+", 170, "65"},
-               {"64", "-", 174, "63"},
-               {"200", "", -100, "200"},
-               {"200", "+", 0, "150"},
-               {"200", "-", -98, "199"},
-               {"0", std::string(200, '-'), 510, "0"},
-               {"-5", "", 310, "0"},
-               {"abc", "+", 298, "1"},
-               {"12.5", "", 276, "12"},
-               {"9e30", "-", -2147483646, "1073741973"},
-               {"-9e30", "", 2147483647, "0"},
+    char key;
+    int repeats, y;
+    const char *written, *plusKey;
+  } cases[] = {{"64", '+', 1, 170, "65", "+"},
+               {"64", '-', 1, 174, "63", "+"},
+               {"64", '+', 1, 172, "64", ""},
+               {"200", '+', 0, -100, "200", "+"},
+               {"200", '+', 1, 0, "150", "+"},
+               {"200", '-', 1, -98, "199", "+"},
+               {"0", '-', 200, 510, "0", "+"},
+               {"-5", '+', 0, 310, "0", "+"},
+               {"abc", '+', 1, 298, "1", "+"},
+               {"12.5", '+', 0, 276, "12", "+"},
+               {"-9e30", '+', 0, 2147483647, "0", "+"},
+               {"9e30", '-', 1, -2147483646, "1073741973", "+"},
                // One key for both lowers to y 2 first, then raises to y 0.
-               {"150", "-", 0, "150", "-"},
-               {"64", std::string("+\0", 2), 172, "64", ""}};
+               {"150", '-', 1, 0, "150", "-"}};
   load({64, 64});
   for (const auto& each : cases) {
     form1().TP_FUEL.setText(1, 1, each.text);
-    editorState.plusKey = each.step;
+    editorState.plusKey = each.plusKey;
     open();
-    for (const char key : each.keys) type(key);
-    EXPECT_EQ(tpGraphState.pointY[0], each.y) << each.text << each.keys;
+    type(each.key, each.repeats);
+    EXPECT_EQ(tpGraphState.pointY[0], each.y) << each.text << each.key;
     EXPECT_EQ(tpGraphState.pointY[1], 172);
     D2_GRAPH.Command1.userClick();
-    EXPECT_EQ(form1().TP_FUEL.text(1, 1), each.written) << each.text << each.keys;
+    EXPECT_EQ(form1().TP_FUEL.text(1, 1), each.written) << each.text << each.key;
   }
 }
 
