@@ -2,6 +2,7 @@
 #include "graphs/graph_3d_editing.h"
 
 #include <filesystem>
+#include <tuple>
 
 #include "core/settings_file.h"
 #include "graph_bed.h"
@@ -41,17 +42,15 @@ TEST_F(GraphTest, MovesToTheEdgesAndNoFurtherAndReadsOutLoadSpeedAndValue) {
   }
   openWith("200");
   EXPECT_EQ(readOuts(), "||");
-  const struct {
-    int key, repeats;
-    const char* readOuts;
-  } moves[] = {{leftKey, 1, "-0.15kg|800rpm|DATA : 72"}, {downKey, 3, "-0.15kg|800rpm|DATA : 72"},
-               {rightKey, 1, "0.10kg|800rpm|DATA : 20"}, {upKey, 1, "0.10kg|850rpm|DATA : 60"},
-               {rightKey, 9, "1kg|850rpm|DATA : 80"},    {upKey, 9, "1kg|900rpm|DATA : 120"},
-               {leftKey, 1, "0.2kg|900rpm|DATA : 110"},  {downKey, 1, "0.2kg|850rpm|DATA : 70"},
-               {'5', 4, "0.2kg|850rpm|DATA : 70"},       {leftKey, 9, "-0.15kg|850rpm|DATA : 50"}};
-  for (const auto& move : moves) {
-    press(move.key, move.repeats);
-    EXPECT_EQ(readOuts(), move.readOuts);
+  const std::tuple<int, int, const char*> moves[] = {
+      {leftKey, 1, "-0.15kg|800rpm|DATA : 72"}, {downKey, 3, "-0.15kg|800rpm|DATA : 72"},
+      {rightKey, 1, "0.10kg|800rpm|DATA : 20"}, {upKey, 1, "0.10kg|850rpm|DATA : 60"},
+      {rightKey, 9, "1kg|850rpm|DATA : 80"},    {upKey, 9, "1kg|900rpm|DATA : 120"},
+      {leftKey, 1, "0.2kg|900rpm|DATA : 110"},  {downKey, 1, "0.2kg|850rpm|DATA : 70"},
+      {'5', 4, "0.2kg|850rpm|DATA : 70"},       {leftKey, 9, "-0.15kg|850rpm|DATA : 50"}};
+  for (const auto& [key, repeats, shown] : moves) {
+    press(key, repeats);
+    EXPECT_EQ(readOuts(), shown);
   }
   // Scales that end before the map does: what comes behind the missing one stays.
   form.RPM_FUEL.resize(1, 1);
@@ -115,11 +114,7 @@ TEST_F(GraphTest, KeysThatBeginTheirAssignmentChangeOneUnitOfTheCellUnderTheCurs
 
 TEST_F(GraphTest, AMousePressSavesBeforeTheChangeAndTheKeyboardDoesNot) {
   writeText("error.log", "");
-  const struct {
-    const char* name;
-    std::function<void()> change;
-    const char* kept;
-  } cases[] = {
+  const std::tuple<const char*, std::function<void()>, const char*> cases[] = {
       {"8 bit", [this] { click(DR_GRAPH.Check1); }, "201"},
       {"7 bit", [this] { click(DR_GRAPH.Check2); }, "201"},
       {"selected line", [this] { clickLine(0); }, "201"},
@@ -130,16 +125,16 @@ TEST_F(GraphTest, AMousePressSavesBeforeTheChangeAndTheKeyboardDoesNot) {
       {"direction by key", [] { DR_GRAPH.Option2.userSelect(); }, "200"},
       {"comparison", [this] { click(DR_GRAPH.Check3); }, "200"},
   };
-  for (const auto& each : cases) {
+  for (const auto& [name, change, kept] : cases) {
     compareWith(Bytes(0x1000));
     editorState.graphFbMask = 128;
     editorState.graphMagnification = 1;
     openWith("200");
     type('+');
     EXPECT_EQ(cell(1, 1), "200");
-    each.change();
+    change();
     DR_GRAPH.Command1.userClick();
-    EXPECT_EQ(cell(1, 1), each.kept) << each.name;
+    EXPECT_EQ(cell(1, 1), kept) << name;
   }
   EXPECT_EQ(readText("error.log"), "");
 }

@@ -1,5 +1,6 @@
 // The 3D graph as a user sees it: refusals, opening, the drawn frames, the display controls.
 #include <regex>
+#include <tuple>
 
 #include "core/settings_file.h"
 #include "graph_bed.h"
@@ -8,25 +9,20 @@
 namespace {
 
 TEST_F(GraphTest, BothGraphsAreRefusedWithoutImageAndOnTabsWithoutGraph) {
-  const struct {
-    int tab;
-    bool rom;
-    int english;
-    const char* text;
-  } cases[] = {
+  const std::tuple<int, bool, int, const char*> cases[] = {
       {1, false, 0, "ROM DATAが読み込まれていないのに、#Dグラフ編集はできません。"},
       {5, false, 1, "ROM DATA reads and been crowded, #D graph editing aren't possible."},
       {5, true, 2, "With this screen, #D graph editing aren't possible."},
       {14, true, 0, "この画面で、#Dグラフ編集はできません。"},
   };
-  for (const auto& each : cases) {
+  for (const auto& [tab, rom, english, text] : cases) {
     for (const auto& [command, digit] : {std::pair{"DISP_3D_Graph", "3"}, {"TP_2D", "2"}}) {
-      editorState.image = RomImage(0x1000, each.rom ? 1 : 0);
-      editorState.english = each.english;
-      selectTab(each.tab);
+      editorState.image = RomImage(0x1000, rom ? 1 : 0);
+      editorState.english = english;
+      selectTab(tab);
       pick(command);
-      EXPECT_EQ(desk.boxes.back().title, each.english ? "Error" : "エラー");
-      EXPECT_EQ(lastBox(), std::regex_replace(each.text, std::regex("#"), digit));
+      EXPECT_EQ(desk.boxes.back().title, english ? "Error" : "エラー");
+      EXPECT_EQ(lastBox(), std::regex_replace(text, std::regex("#"), digit));
       EXPECT_EQ(desk.boxes.back().icon, BoxIcon::critical);
       EXPECT_TRUE(!DR_GRAPH.loaded() && !D2_GRAPH.loaded() && form1().enabled());
     }
@@ -167,45 +163,41 @@ TEST_F(GraphTest, DrawsTheComparisonBeforeTheSurfaceAndWarnsWhenItIsMissing) {
 }
 
 TEST_F(GraphTest, DrawsOnlyTheQuadsThatTheComparisonHolds) {
-  const struct {
-    std::size_t bytes;
-    const char* header;
-    int quads;
-  } cases[] = {{0, "0100", 0},     {64, "0100", 0},        {0x105, "0100", 0},
-               {0x106, "0100", 1}, {0x10C, "0100", 6},     {64, "no address", 6},
-               {6, "", 1},         {0x12000, "11FFC", 6},  {0x2008, "12000", 3},
-               {5, "12000", 0},    {9, "FFFFFFFF0000", 0}, {0x12000, "0100", 6}};
-  for (const auto& each : cases) {
-    compareWith(Bytes(each.bytes, 1));
-    form1().Grid1.setText(1, 0, each.header);
+  const std::tuple<std::size_t, const char*, int> cases[] = {
+      {0, "0100", 0},     {64, "0100", 0},        {0x105, "0100", 0},
+      {0x106, "0100", 1}, {0x10C, "0100", 6},     {64, "no address", 6},
+      {6, "", 1},         {0x12000, "11FFC", 6},  {0x2008, "12000", 3},
+      {5, "12000", 0},    {9, "FFFFFFFF0000", 0}, {0x12000, "0100", 6}};
+  for (const auto& [bytes, header, quads] : cases) {
+    compareWith(Bytes(bytes, 1));
+    form1().Grid1.setText(1, 0, header);
     open();
-    EXPECT_EQ(wires(wireRed), 4 * each.quads) << each.bytes << " bytes, " << each.header;
+    EXPECT_EQ(wires(wireRed), 4 * quads) << bytes << " bytes, " << header;
     EXPECT_EQ(wires(wireGreen), 24);
     DR_GRAPH.Command1.userClick();
   }
 }
 
 TEST_F(GraphTest, ShowsMapsOfAnySizeUpTo40By40) {
-  const struct {
-    int columns, rows, shownColumns, shownRows;
-  } cases[] = {{1, 1, 1, 1}, {1, 9, 1, 9}, {9, 1, 9, 1}, {41, 41, 40, 40}, {64, 16, 40, 16}};
-  for (const auto& each : cases) {
-    load(each.columns, each.rows, {});
+  const std::tuple<int, int, int, int> cases[] = {
+      {1, 1, 1, 1}, {1, 9, 1, 9}, {9, 1, 9, 1}, {41, 41, 40, 40}, {64, 16, 40, 16}};
+  for (const auto& [columns, rows, shownColumns, shownRows] : cases) {
+    load(columns, rows, {});
     const Bytes original = readBytes("image.bin");
     compareWith(original);
     open();
     press(upKey, 100);
     press(rightKey, 100);
-    EXPECT_EQ(graphState.cursorColumn, each.shownColumns);
-    EXPECT_EQ(graphState.cursorRow, each.shownRows);
-    const int segments = 4 * (each.shownColumns - 1) * (each.shownRows - 1);
+    EXPECT_EQ(graphState.cursorColumn, shownColumns);
+    EXPECT_EQ(graphState.cursorRow, shownRows);
+    const int segments = 4 * (shownColumns - 1) * (shownRows - 1);
     EXPECT_EQ(wires(wireGreen), segments);
     // The same image on both sides: the red wire lies exactly under the green one.
     EXPECT_EQ(wires(wireRed), segments);
     EXPECT_EQ(graphState.compareScreenX, graphState.screenX);
     EXPECT_EQ(graphState.compareScreenY, graphState.screenY);
     DR_GRAPH.Command2.userClick();
-    EXPECT_EQ(saveImage("saved.bin"), original) << each.columns << "x" << each.rows;
+    EXPECT_EQ(saveImage("saved.bin"), original) << columns << "x" << rows;
     std::remove(path("saved.bin").c_str());
   }
 }

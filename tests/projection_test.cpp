@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -13,11 +14,7 @@ constexpr std::int32_t lowest = Numbers::min(), highest = Numbers::max();
 TEST(Projection, PutsCellsOnTheGroundAndStaysInside32Bits) {
   const float none = std::numeric_limits<float>::quiet_NaN();
   const float endless = std::numeric_limits<float>::infinity();
-  const struct {
-    Projection projection;
-    int column, row;
-    CanvasPoint expected;
-  } cases[] = {
+  const std::tuple<Projection, int, int, CanvasPoint> cases[] = {
       {{30, 14, 1, 2, 40, 1}, 3, 2, {144, 341}},
       {{30, 14, 1, 2, 225, -1}, 3, 2, {301, 341}},
       {{30, 14, none, none, 40, 1}, 3, 2, {158, 327}},
@@ -29,9 +26,9 @@ TEST(Projection, PutsCellsOnTheGroundAndStaysInside32Bits) {
       {{lowest, lowest, 1, 1, 225, -1}, 40, 40, {225, highest}},
       {{1, 1, 1e-45F, 1e-45F, 225, -1}, 40, 40, {0, lowest}},
   };
-  for (const auto& each : cases) {
-    const CanvasPoint point = groundPoint(each.projection, each.column, each.row);
-    EXPECT_EQ(std::pair(point.x, point.y), std::pair(each.expected.x, each.expected.y));
+  for (const auto& [projection, column, row, expected] : cases) {
+    const CanvasPoint point = groundPoint(projection, column, row);
+    EXPECT_EQ(std::pair(point.x, point.y), std::pair(expected.x, expected.y));
   }
   EXPECT_EQ(raised(341, 100), 241);
   EXPECT_EQ(raised(355, lowest), highest);
