@@ -43,7 +43,11 @@ bool written(QSettings& store) {
 // In the middle of the other window, or of the screen as long as that window isn't shown.
 void centre(QWidget* widget, const QWidget* other) {
   for (GridView* grid : widget->findChildren<GridView*>()) grid->applyChanges();
+  // At 150 % a window can end up a part of a pixel smaller than is asked for, and a grid that lacks
+  // that part shows both scroll bars.
+  constexpr QSize reserve(1, 1);
   widget->adjustSize();
+  widget->resize(widget->size() + reserve);
   const QRect frame =
       other && other->isVisible() ? other->frameGeometry() : widget->screen()->availableGeometry();
   widget->move(frame.center() - QPoint(widget->width() / 2, widget->height() / 2));
