@@ -1,10 +1,8 @@
 #include "frontend/main_menu.h"
 
 #include <array>
-#include <iterator>
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "calc/af_table.h"
 #include "calc/boost.h"
@@ -88,17 +86,6 @@ const MenuRow rows[] = {
 
 constexpr int recentFiles = 10;
 
-bool isSeparator(const MenuRow& row) { return std::string_view(row.japanese) == "-"; }
-
-// A menu whose commands are all missing is missing itself.
-bool isShown(std::size_t index) {
-  if (rows[index].routine || isSeparator(rows[index])) return true;
-  for (std::size_t i = index + 1; i < std::size(rows) && rows[i].level > rows[index].level; ++i) {
-    if (rows[i].routine) return true;
-  }
-  return false;
-}
-
 // The recent files' entries end the first menu; hidden until a list is there.
 void makeRecentEntries(MenuItem& fileMenu) {
   Form1& form = form1();
@@ -119,9 +106,7 @@ std::span<const MenuRow> menuRows() { return rows; }
 void makeMainMenu() {
   Form1& form = form1();
   std::array<MenuItem*, 5> open{&form.menuBar};
-  for (std::size_t i = 0; i < std::size(rows); ++i) {
-    const MenuRow& row = rows[i];
-    if (!isShown(i)) continue;
+  for (const MenuRow& row : rows) {
     const auto level = static_cast<std::size_t>(row.level);
     MenuItem& item = open[level - 1]->add(
         std::make_unique<MenuItem>(form, row.name, row.japanese, row.shortcut));
