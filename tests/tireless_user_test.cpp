@@ -41,32 +41,11 @@ int fromEnvironment(const char* name, int otherwise) {
 const char* const imageNames[] = {"a.bin", "b.bin", "c.hex", "d.hex"};
 const char* const pairNames[] = {"odd.bin", "even.bin", "odd.hex", "even.hex"};
 const char* const mapNames[] = {"map0.adr", "map1.adr", "map2.adr", "map3.adr", "junk.adr"};
-const char* const texts[] = {"0",
-                             "1",
-                             "12",
-                             "100",
-                             "255",
-                             "256",
-                             "65535",
-                             "65536",
-                             "-5",
-                             "12.5",
-                             "1.5",
-                             "abc",
-                             "",
-                             "FF",
-                             "1G",
-                             "00",
-                             "1e3",
-                             "1e400",
-                             "-",
-                             " 7 ",
-                             "車",
-                             "0.25",
-                             "99999999999",
-                             "10,20,30,40,1,1",
-                             "1,2,2147483647,2147483647",
-                             "\t\r\n"};
+const char* const numbers[] = {"0",     "1",     "12", "100",  "255", "256",
+                               "65535", "65536", "-5", "12.5", "1.5", "0.25"};
+const char* const oddities[] = {"abc",   "",  "FF",  "1G", "00",    "1e3",
+                                "1e400", "-", " 7 ", "車", "\t\r\n"};
+const char* const blocks[] = {"99999999999", "10,20,30,40,1,1", "1,2,2147483647,2147483647"};
 
 class TirelessUser : public ProgramTest {
  protected:
@@ -75,6 +54,9 @@ class TirelessUser : public ProgramTest {
   template <class Items>
   auto& oneOf(Items& items) {
     return items[static_cast<std::size_t>(number(0, static_cast<int>(std::size(items)) - 1))];
+  }
+  const char* text() {
+    return chance(50) ? oneOf(numbers) : chance(75) ? oneOf(oddities) : oneOf(blocks);
   }
 
   void SetUp() override {
@@ -108,7 +90,7 @@ class TirelessUser : public ProgramTest {
       const BoxAnswer declines = yesNo ? BoxAnswer::no : BoxAnswer::cancel;
       desk.boxAnswers = {chance(70) ? agrees : declines};
     }
-    desk.textAnswers = {oneOf(texts)};
+    desk.textAnswers = {text()};
     desk.openAnswers = {chance(10) ? "" : chance(5) ? folder : path(fileToOpen())};
     desk.saveAnswers = {chance(10) ? "" : path(fileToSave())};
     desk.folderAnswers = {chance(50) ? folder : ""};
@@ -132,7 +114,7 @@ class TirelessUser : public ProgramTest {
   Gesture typing(TextBox& box) {
     return [this, &box] {
       box.userFocus();
-      chance(70) ? box.userType(oneOf(texts)) : box.userPaste(oneOf(texts));
+      chance(70) ? box.userType(text()) : box.userPaste(text());
     };
   }
   Gesture clicking(Button& button) {
