@@ -6,11 +6,14 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpacerItem>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -161,6 +164,17 @@ std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::Acce
   return ChosenFile{stored(path), stored(QFileInfo(path).fileName())};
 }
 
+// Titles are often longer than what they stand over; in bold and beside the frame's own buttons.
+void makeRoomForTitle(QMessageBox& box) {
+  constexpr int frameParts = 120;
+  QFont bold = box.font();
+  bold.setBold(true);
+  const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + frameParts;
+  auto* const parts = qobject_cast<QGridLayout*>(box.layout());
+  if (!parts) return;
+  parts->addItem(new QSpacerItem(width, 0), parts->rowCount(), 0, 1, parts->columnCount());
+}
+
 }  // namespace
 
 BoxAnswer QtDesktop::doShowBox(const MessageBox& box) {
@@ -174,6 +188,7 @@ BoxAnswer QtDesktop::doShowBox(const MessageBox& box) {
     }
   }
   if (box.buttons == BoxButtons::yesNo) window.setEscapeButton(QMessageBox::No);
+  makeRoomForTitle(window);
   const int pressed = window.exec();
   for (const AnswerButton& each : answerButtons) {
     if (each.button == pressed) return each.answer;
