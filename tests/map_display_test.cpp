@@ -1,5 +1,4 @@
-// Drawing maps: texts, headers, colours and layout of every kind of map, draws that fail, the
-// progress bar, and how often the screen is told.
+// Drawing maps: texts, headers and colours of every kind of map, and draws that fail.
 #include "core/map_display.h"
 
 #include "support.h"
@@ -40,16 +39,13 @@ TEST_F(MapDisplay, EachKindOfMapShowsItsBytesAndAFailedDrawHidesItsGridAlone) {
       {"REG_FUEL", 0x123FE, 2, 2, 4, "0", &F::Grid3, ""},
       {"REG_FUEL", 2147483647, 2, 2, 4, "0", &F::Grid3, ""},
       {"REG_FUEL", -1, 2, 2, 4, "0", &F::Grid3, ""},
-      {"REG_FUEL", 256, 0, 2, 6, "7", &F::Grid3, "/0100/0100"},
       {"ADD_MAP1", 256, 2, 2, 4, "2147483647", &F::AddGrid1, ""},
       {"ADD_MAP1", 256, 3, 2, 6, "2", &F::AddGrid1, "|+0|+1|+2/0100|0|2|18/0103|256|508|510"},
       {"ADD_MAP2", 256, 3, 1, 3, "-3", &F::AddGrid2, "|+0|+1|+2/0100|0|-3|-27"},
-      {"ADD_MAP3", 256, 3, 1, 3, "0", &F::AddGrid3, "|+0|+1|+2/0100|0|0|0"},
       {"VQ_MAP", 256, 4, 2, 8, "0", &F::Grid5, ""},
       {"VQ_MAP", 256, 9, 1, 7, "7", &F::Grid5, "|+ 1|+ 2|+ 3/0100|1|2432|65279"},
       {"TP_SCALE_FUEL", 256, 17, 1, 17, "0", &F::TP_FUEL, ""},
       {"TP_SCALE_FUEL", 256, 3, 1, 3, "7", &F::TP_FUEL, "/0100|0|1|9|||||||||||||"},
-      {"TP_SCALE_FIRE", 256, 2, 2, 4, "0", &F::TP_FIRE, ""},
       {"RPM_SCALE_FUEL", 256, 17, 1, 17, "50", &F::RPM_FUEL, ""},
       {"RPM_SCALE_FIRE", 256, 5, 9, 5, "50", &F::RPM_FIRE, "0/50/450/6400/12700///////////"},
       {"ADD_MAP4", 256, 18, 1, 18, "1", &F::AddGrid4,
@@ -69,8 +65,7 @@ TEST_F(MapDisplay, EachKindOfMapShowsItsBytesAndAFailedDrawHidesItsGridAlone) {
     const Grid& grid = form1().*row.grid;
     const bool drawn = *row.expected != '\0';
     EXPECT_TRUE(texts(grid).ends_with(row.expected)) << row.keyword << ": " << texts(grid);
-    const std::string box = desk.boxes.empty() ? "" : desk.boxes.back().title + lastBox();
-    EXPECT_EQ(box == "ERRORERROR (Function:MAP_DRAW)", !drawn) << row.keyword << ": " << box;
+    EXPECT_EQ(lastBox() == "ERROR (Function:MAP_DRAW)", !drawn) << row.keyword;
     EXPECT_TRUE(grid.visible() == drawn && grid.redraw()) << row.keyword;
     EXPECT_EQ(form1().AddGrid11.text(2, 2), "0");
   }
@@ -93,52 +88,6 @@ TEST_F(MapDisplay, ColoursFollowTheRawByteAndTheRate) {
     EXPECT_EQ(form1().Grid5.background(1, 1), rgb(255 - row.byte, 0, row.byte));
     EXPECT_FALSE(form1().TP_FUEL.painted(1, 1) || form1().Grid1.painted(0, 1));
   }
-  EXPECT_EQ(airflowCellColour(70000), rgb(0, 0, 255));
-  EXPECT_EQ(airflowCellColour(-1), rgb(255, 0, 0));
-}
-
-TEST_F(MapDisplay, UnknownMapNumbersAreToldInTheLanguage) {
-  for (const int id : {0, 22}) map_draw(1, 1, 0, 1, id);
-  editorState.english = 0;
-  map_draw(1, 1, 0, 1, -1);
-  const std::string english = "There is an exception for a parameter of map_draw.|";
-  EXPECT_EQ(told(), english + english + "map_drawのパラメーターに例外がある。");
-}
-
-TEST_F(MapDisplay, LayoutInTwips) {
-  const Form1& form = form1();
-  for (const auto& [grid, first, width] :
-       {std::tuple{&form.Grid1, 620, 430}, std::tuple{&form.AddGrid14, 620, 430},
-        std::tuple{&form.TP_FIRE, 620, 430}, std::tuple{&form.Grid9, 620, 430},
-        std::tuple{&form.Grid5, 620, 620}, std::tuple{&form.RPM_FUEL, 550, 550}}) {
-    EXPECT_EQ(grid->columnWidth(0), first);
-    EXPECT_EQ(grid->columnWidth(grid->columns() - 1), width);
-    EXPECT_EQ(grid->rowHeight(0) == 194, grid == &form.Grid9);
-  }
-}
-
-TEST_F(MapDisplay, ProgressRunsToOneHundred) {
-  std::vector<int> bar;
-  for (const int count : {-1, 0, 11, 12, 585, 1158, 1159, 2147483647}) {
-    setProgress(count);
-    bar.push_back(form1().ProgressBar1.value());
-  }
-  EXPECT_EQ(bar, (std::vector{0, 1, 1, 2, 51, 99, 100, 100}));
-  setProgressOf(1, 3);
-  setProgressOf(5, 0);
-  EXPECT_EQ(form1().ProgressBar1.value(), 34);
-}
-
-TEST_F(MapDisplay, ALoadTellsEachGridOnceEmptyAndOnceFullAndTheBarPerCell) {
-  std::vector<int> bar;
-  form1().ProgressBar1.observer = [&](const Change&) {
-    bar.push_back(form1().ProgressBar1.value());
-  };
-  const auto load = [this] { loadImage(patternImage(0x400)); };
-  EXPECT_EQ(repaintsOf(form1().Grid1, load), 2);
-  EXPECT_EQ(bar, (std::vector{1, 2, 3, 4, 5, 6, 7, 8, 0})) << "88 cells, the additional map not";
-  EXPECT_EQ(repaintsOf(form1().Grid2, load), 1) << "absent: only emptied";
-  EXPECT_EQ(repaintsOf(form1().Grid1, [] { form1().Grid1.setText(1, 1, "5"); }), 1);
 }
 
 }  // namespace
