@@ -3,13 +3,12 @@
 #pragma once
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 
 #include "graphs/dr_graph.h"
 #include "graphs/graph_3d.h"
+#include "platform/files.h"
 #include "support.h"
 
 constexpr Colour wireGreen = rgb(0, 255, 0);
@@ -23,9 +22,8 @@ inline void expectFrame(const Canvas& canvas, const std::string& name) {
           << +item.colour.blue << ' ' << item.x1 << ' ' << item.y1 << ' ' << item.x2 << ' '
           << item.y2 << '\n';
   }
-  std::ifstream file(std::string(DATA_FOLDER) + "/" + name, std::ios::binary);
-  const std::string stored{std::istreambuf_iterator<char>(file), {}};
-  EXPECT_EQ(drawn.str(), stored) << name;
+  const Bytes stored = readFile(std::string(DATA_FOLDER) + "/" + name);
+  EXPECT_EQ(drawn.str(), std::string(stored.begin(), stored.end())) << name;
 }
 
 inline int countOf(const Canvas& canvas, CanvasItem::Kind kind, Colour colour) {
@@ -106,13 +104,5 @@ class GraphTest : public CanvasTest {
            std::to_string(item.y1 + 2);
   }
   int wires(Colour colour) const { return countOf(canvas, CanvasItem::line, colour); }
-  // Which wires the legend names.
-  static std::string legend() {
-    const DrGraph& window = DR_GRAPH;
-    EXPECT_EQ(window.Label19.visible(), window.Line3.visible());
-    EXPECT_EQ(window.Label20.visible(), window.Line4.visible());
-    return std::string(window.Label19.visible() ? "edited" : "") +
-           (window.Label20.visible() ? " compared" : "");
-  }
   std::string cell(int row, int column) const { return form1().Grid1.text(row, column); }
 };
