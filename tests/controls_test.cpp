@@ -91,21 +91,6 @@ TEST_F(Controls, TypingGoesThroughFilterAndLimitAndPastingThroughTheLimit) {
   }
 }
 
-TEST_F(Controls, FocusSelectsTheTextAndMovesOnce) {
-  panel.box.onGotFocus = [this] { panel.told += std::to_string(panel.box.selectionLength()); };
-  panel.other.onGotFocus = panel.says("other");
-  panel.box.setText("地図12");
-  for (int i = 0; i < 2; ++i) panel.box.userFocus();
-  for (const bool enabled : {false, true}) {
-    panel.other.setEnabled(enabled);
-    panel.other.userFocus();
-    panel.other.setFocus();
-    EXPECT_EQ(panel.told, enabled ? "4left other " : "4");
-  }
-  panel.other.userLeave();
-  EXPECT_EQ(panel.focus(), nullptr);
-}
-
 TEST_F(Controls, AWindowLoadsActsClosesAndUnloadsOnceAndItsTimersRunInBetween) {
   panel.unload();
   panel.onLoad = panel.says("load");
