@@ -1,5 +1,5 @@
 // Saves under fire: every system call of a replacement fails in turn, or another process saves at
-// it; special files and permissions.
+// it; special files.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -99,22 +99,6 @@ TEST(SpecialFiles, PipesAndDevicesAreRefusedWithoutWaiting) {
   EXPECT_EQ(trapFailure([&] { replaceFile(pipe, {}); }), pathFileAccess);
   alarm(0);
   EXPECT_TRUE(fs::is_fifo(pipe) && folder.count() == 1);
-}
-
-TEST(Permissions, OwnersAreKeptAndNewFilesObeyTheMask) {
-  const ScratchFolder folder;
-  const std::string path = folder / "file";
-  const mode_t mask = umask(027);
-  replaceFile(path, {});
-  umask(mask);
-  constexpr uid_t nobody = 65534;
-  const uid_t owner = geteuid() == 0 ? nobody : geteuid();
-  ASSERT_EQ(chown(path.c_str(), owner, static_cast<gid_t>(-1)), 0);
-  replaceFile(path, bytesOf("new"));
-  struct stat status {};
-  ASSERT_EQ(stat(path.c_str(), &status), 0);
-  EXPECT_EQ(status.st_uid, owner);
-  EXPECT_EQ(status.st_mode & 07777U, 0640U);
 }
 
 }  // namespace
