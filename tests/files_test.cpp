@@ -1,4 +1,4 @@
-// Files as wholes: what is read, what a replacement keeps and refuses, and the parts of a path.
+// Files as wholes: what is read, and what a replacement keeps and refuses.
 #include "platform/files.h"
 
 #include <gtest/gtest.h>
@@ -80,22 +80,6 @@ TEST(Files, LinksAreFollowedPermissionsKeptAndTheLongestNamesTaken) {
   for (const char* last : {"燃", "料"}) replaceFile(folder / (name + last), bytesOf(last));
   for (const char* last : {"燃", "料"}) EXPECT_EQ(contentOf(folder / (name + last)), last);
   EXPECT_EQ(folder.count(), 5U);
-}
-
-TEST(Files, PathsComeApartAndTogether) {
-  const std::pair<const char*, const char*> names[] = {{"C:\\maps\\a.bin", "a.bin"},
-                                                       {"a", "a"},
-                                                       {"/maps\\a", "a"},
-                                                       {"\\maps/a", "a"},
-                                                       {"/maps/", ""}};
-  for (const auto& [path, name] : names) EXPECT_EQ(fileNameOf(path), name);
-  const std::pair<const char*, const char*> folders[] = {{"/a", "/"}, {"a", ""}, {"x/y/a", "x/y"}};
-  for (const auto& [path, parent] : folders) EXPECT_EQ(folderOf(path), parent);
-  const std::string root = fs::current_path().root_path().string();
-  EXPECT_TRUE(isAbsolutePath(root + "maps") && !isAbsolutePath("maps/a") && !isAbsolutePath(""));
-  EXPECT_EQ(joinPath("maps", root + "a") + joinPath("", "b") + joinPath("maps/", "a"),
-            root + "abmaps/a");
-  EXPECT_EQ(fs::path(joinPath("maps", "a")), fs::path("maps") / "a");
 }
 
 }  // namespace
