@@ -116,18 +116,4 @@ TEST(Numbers, FixedPlacesRoundTheExactValueWithTiesAwayFromZero) {
   EXPECT_EQ(formatFixed(1e20F, 1), "100000002004087734272.0");
 }
 
-TEST(Failures, WhateverEscapesAndEveryErrorOfTheSystemHasItsNumber) {
-  EXPECT_EQ(trapFailure([] { throw std::bad_alloc(); }), outOfMemory);
-  EXPECT_EQ(trapFailure([] { throw std::length_error("a size"); }), outOfMemory);
-  EXPECT_EQ(trapFailure([] { throw 5; }), internalError);
-  using E = std::errc;
-  for (const auto& [error, number] :
-       {Row{E::no_such_file_or_directory, 53}, Row{E::not_a_directory, 76},
-        Row{E::operation_not_permitted, 75}, Row{E::is_a_directory, 75},
-        Row{E::read_only_file_system, 75}, Row{E::no_such_device, 71},
-        Row{E::no_such_device_or_address, 71}, Row{E::too_many_files_open, 57}}) {
-    EXPECT_EQ(failureNumberOf(std::make_error_code(error)), number);
-  }
-}
-
 }  // namespace
