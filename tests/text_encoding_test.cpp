@@ -61,14 +61,4 @@ TEST(TextEncoding, EveryTextReadsBackTheSameAndAnyBytesDecodeToOneThatDoes) {
   EXPECT_FALSE(encodeText(text).starts_with(mark));
 }
 
-TEST(TextEncoding, AllThreeLineEndsEndALine) {
-  for (const auto& [text, expected] :
-       {Row{"", ""}, Row{"a\r\n", "a|"}, Row{"\r", "|"}, Row{"\n\r", "||"}, Row{"\r\r\n\n", "|||"},
-        Row{"a\0b\n\n"s, "a\0b||"s}, Row{"a\r\nb\nc\rd", "a|b|c|d|"}}) {
-    std::string lines;
-    for (const std::string& line : splitLines(text)) lines += line + '|';
-    EXPECT_EQ(lines, expected);
-  }
-}
-
 }  // namespace
