@@ -83,16 +83,4 @@ TEST_F(RefusedFiles, AFullDiskLeavesTheOldFileAndNoOther) {
   }
 }
 
-TEST_F(RefusedFiles, AnUnreadableFileIsToldByEachDialog) {
-  fs::permissions(path("map.adr"), fs::perms::none);
-  for (const char* command : {"load_map_addr", "load_bin_file", "comp_bin"}) {
-    desk.boxAnswers.assign(1, BoxAnswer::yes);
-    desk.openAnswers.push_back(path("map.adr"));
-    asNobody([&] { pick(command); });
-    EXPECT_TRUE(lastBox().starts_with("*ERROR = [75]")) << command;
-    desk.boxAnswers.clear();
-  }
-  EXPECT_EQ(form1().Label1.caption(), "SMALL");
-}
-
 }  // namespace
