@@ -69,9 +69,4 @@ TEST_F(UnsavedGuard, ClosingAsksUntilTheAnswerIsYesAndSavesNothing) {
               readText("zelkova.ini") == firstSettings("map.adr"));
 }
 
-TEST_F(UnsavedGuard, ClosingWithoutEditsAsksNothing) {
-  form1().userClose();
-  EXPECT_TRUE(desk.ended && desk.boxes.empty());
-}
-
 }  // namespace
