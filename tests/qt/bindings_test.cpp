@@ -48,19 +48,6 @@ struct BindingsTest : testing::Test {
   CanvasView* canvas = new CanvasView(record.canvas);
 };
 
-TEST_F(BindingsTest, WhatTheProgramSetsIsShownAsItIs) {
-  EXPECT_EQ(label->text() + ok->text() + strip->tabText(1), "<b> & </b>a && bsecond && last");
-  EXPECT_EQ(label->textFormat(), Qt::PlainText);
-  EXPECT_EQ(top.windowTitle() + strip->tabToolTip(0), "titletip");
-  record.label.setCaption("燃料");
-  record.label.setVisible(false);
-  record.ok.setEnabled(false);
-  EXPECT_EQ(label->text(), "燃料");
-  EXPECT_TRUE(label->isHidden() && !ok->isEnabled());
-  for (int i = 0; i <= 100; ++i) record.progress.setValue(i);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return progress->value() == 100; }, 1000));
-}
-
 TEST_F(BindingsTest, ATextBoxTakesWhatItsFilterLetsThrough) {
   record.box.keyFilter = digitKey;
   box->setFocus(Qt::TabFocusReason);
@@ -170,21 +157,6 @@ TEST_F(BindingsTest, ACanvasTellsEachRepeatAndOneRelease) {
   EXPECT_EQ(record.told, "d43 k43 d43 k43 u43 d37 u37 ") << "the loss of focus ends a held key";
 }
 
-TEST_F(BindingsTest, ACanvasPaintsItsListAtTheRightPixels) {
-  record.canvas.drawLine(2, 3, 20, 3, rgb(0, 255, 0));
-  record.canvas.drawBar(5, 10, 7, 12, rgb(255, 255, 0));
-  record.canvas.drawOutline(10, 10, 30, 20, rgb(0, 0, 255));
-  record.canvas.repaint();
-  const QImage image = canvas->grab().toImage();
-  const std::tuple<int, int, Qt::GlobalColor> pixels[] = {
-      {2, 3, Qt::green},   {19, 3, Qt::green},  {10, 2, Qt::black}, {10, 4, Qt::black},
-      {5, 10, Qt::yellow}, {7, 12, Qt::yellow}, {8, 12, Qt::black}, {10, 10, Qt::blue},
-      {30, 20, Qt::blue},  {20, 15, Qt::black}, {31, 15, Qt::black}};
-  for (const auto& [x, y, colour] : pixels) {
-    EXPECT_EQ(image.pixelColor(x, y), QColor(colour)) << x << ',' << y;
-  }
-}
-
 TEST_F(BindingsTest, AWindowsKeysAndCloseBoxReachItsButtons) {
   box->setFocus();
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
@@ -193,16 +165,6 @@ TEST_F(BindingsTest, AWindowsKeysAndCloseBoxReachItsButtons) {
   top.close();
   EXPECT_EQ(record.told, "key ok key cancel cancel ");
   EXPECT_TRUE(top.isVisible()) << "the record alone takes a window away";
-}
-
-TEST_F(BindingsTest, ATimerRunsWhileItIsEnabled) {
-  QTimer clock;
-  bind(&clock, record.timer);
-  EXPECT_FALSE(clock.isActive());
-  record.timer.restart(5);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return record.told.starts_with("timer timer "); }, 1000));
-  record.timer.setEnabled(false);
-  EXPECT_FALSE(clock.isActive());
 }
 
 }  // namespace
