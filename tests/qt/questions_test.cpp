@@ -55,18 +55,6 @@ TEST_F(QuestionsTest, ABoxShowsItsTextAsItIsAndAnswersWithItsButton) {
   }
 }
 
-TEST_F(QuestionsTest, APromptOffersItsAnswerSelectedAndCancelGivesNothing) {
-  for (const bool enters : {true, false}) {
-    whenAsked<QDialog>([enters](QDialog* dialog) {
-      auto* const entry = dialog->findChild<QLineEdit*>();
-      EXPECT_EQ(entry->selectedText(), "12");
-      QTest::keyClicks(entry, "34");
-      QTest::keyClick(entry, enters ? Qt::Key_Return : Qt::Key_Escape);
-    });
-    EXPECT_EQ(desk.askText({"Data change", "Data?\n\n0 - 255", "12"}), enters ? "34" : "");
-  }
-}
-
 TEST_F(QuestionsTest, AFileDialogProposesItsNameAddsTheEndingAndFailsWhenCancelled) {
   const std::string where = folder.path().toStdString();
   whenAsked<QFileDialog>([](QFileDialog* dialog) {
