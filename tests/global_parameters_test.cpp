@@ -70,19 +70,6 @@ TEST_F(GlobalParameters, BoxesShowWhatTheImageHoldsAndWhatStandsInThemIsStored) 
   }
 }
 
-TEST_F(GlobalParameters, KeysAreFilteredInTheScaledBoxesAlone) {
-  std::string blocks;
-  for (const ParamKind& kind : paramKinds()) blocks += mapBlock(kind.keyword, "&H40", 0, 0, 2, "1");
-  loadUnder(blocks, patternImage(0x100));
-  for (const ParamKind& kind : paramKinds()) {
-    TextBox& box = form1().*kind.box;
-    box.userFocus();
-    box.userType("a1-2.Z34");
-    const bool limited = kind.id == IGN_TIME || kind.id == FB_SWITCH;
-    EXPECT_EQ(box.text(), kind.scaled() ? "1234" : limited ? "a1-2" : "a1-2.Z34") << kind.keyword;
-  }
-}
-
 TEST_F(GlobalParameters, AbsentOnesTakeNoInput) {
   loadUnder(mapBlock("K_DATA", "64", 0, 0, 1) + mapBlock("REV1_LIMIT", "66", 0, 0, 1, "2"),
             patternImage(0x100));

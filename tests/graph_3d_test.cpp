@@ -93,7 +93,7 @@ TEST_F(GraphTest, EachDisplayControlRedrawsWithItsMarker) {
   }
 }
 
-TEST_F(GraphTest, DrawsTheComparisonBeforeTheSurfaceAndWarnsWhenItIsMissing) {
+TEST_F(GraphTest, DrawsTheComparisonBeforeTheSurface) {
   Bytes other(0x1000, 200);
   for (std::size_t k = 0; k < 12; ++k)
     other[mapAddress + k] = static_cast<std::uint8_t>(98 + 3 * k);
@@ -103,14 +103,6 @@ TEST_F(GraphTest, DrawsTheComparisonBeforeTheSurfaceAndWarnsWhenItIsMissing) {
   open();
   click(DR_GRAPH.Option2);
   expectFrame(canvas, "graph_compared.frame");
-  DR_GRAPH.Command1.userClick();
-
-  editorState.compareLoaded = 0;
-  editorState.graphShowCompare = 1;
-  open();
-  EXPECT_EQ(desk.boxes.size(), 1U);
-  EXPECT_FALSE(DR_GRAPH.Check3.checked() || DR_GRAPH.Check3.enabled());
-  EXPECT_EQ(std::pair(wires(wireRed), wires(wireGreen)), std::pair(0, 24));
 }
 
 TEST_F(GraphTest, DrawsOnlyTheQuadsThatTheComparisonHolds) {

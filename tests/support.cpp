@@ -1,7 +1,5 @@
 #include "support.h"
 
-#include <atomic>
-#include <filesystem>
 #include <fstream>
 #include <random>
 
@@ -9,20 +7,7 @@
 #include "frontend/startup.h"
 #include "platform/text_encoding.h"
 
-namespace {
-
-std::string freshFolder() {
-  static std::atomic<int> count = 0;
-  std::random_device random;
-  const std::string name = "zelkova_" + std::to_string(random()) + "_" + std::to_string(++count);
-  const std::filesystem::path folder = std::filesystem::temp_directory_path() / name;
-  std::filesystem::create_directories(folder);
-  return folder.string();
-}
-
-}  // namespace
-
-ProgramTest::ProgramTest() : folder(freshFolder()) {
+ProgramTest::ProgramTest() : folder(scratch.path().string()) {
   discardForm1();
   editorState = EditorState{};
   useDesktop(&desk);
@@ -34,7 +19,6 @@ ProgramTest::~ProgramTest() {
   }
   discardForm1();
   useDesktop(nullptr);
-  std::filesystem::remove_all(folder);
 }
 
 void ProgramTest::start() {
@@ -84,13 +68,7 @@ void ProgramTest::writeBytes(const std::string& name, const Bytes& bytes) const 
 }
 
 Bytes ProgramTest::readBytes(const std::string& name) const {
-  std::error_code missing;
-  const std::uintmax_t size = std::filesystem::file_size(path(name), missing);
-  if (missing) return {};
-  Bytes bytes(size);
-  std::ifstream file(path(name), std::ios::binary);
-  file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
-  return bytes;
+  return fileExists(path(name)) ? readFile(path(name)) : Bytes{};
 }
 
 std::string ProgramTest::readText(const std::string& name) const {

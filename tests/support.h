@@ -12,6 +12,7 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "frontend/headless/headless_desktop.h"
+#include "scratch_folder.h"
 
 using Bytes = std::vector<std::uint8_t>;
 
@@ -57,7 +58,8 @@ class ProgramTest : public testing::Test {
   std::string told();
 
   HeadlessDesktop desk;
-  std::string folder;
+  const ScratchFolder scratch;
+  const std::string folder;
 };
 
 // One block of an address map file.
