@@ -16,9 +16,11 @@ class UnsavedGuard : public ProgramTest {
     desk.boxAnswers.assign(1, answer);
     desk.openAnswers.assign(1, "");
     pick("load_bin_file");
+    const std::string asked = told();
+    EXPECT_EQ(desk.openAnswers.empty(), asked.empty() || answer == BoxAnswer::yes);
     desk.boxAnswers.clear();
     desk.openAnswers.clear();
-    return told();
+    return asked;
   }
   const Bytes image = patternImage(0x400);
   Grid& cells = form1().Grid1;
