@@ -133,12 +133,12 @@ void forgetEntries() {
 }
 
 void parseLines() {
-  AddressMap& map = editorState.addressMap;
-  forEachKeyword("TYPE_UNIT", [&map](int keyword) { map.typeUnit = valueLine(keyword, 1); });
+  forEachKeyword("TYPE_UNIT",
+                 [](int keyword) { editorState.addressMap.typeUnit = valueLine(keyword, 1); });
   readMaps(earlyMaps);
   readParams();
   readMaps(lateMaps);
-  editorState.probeAddress = map.param(K_DATA).address;
+  editorState.probeAddress = editorState.addressMap.param(K_DATA).address;
 }
 
 }  // namespace

@@ -124,8 +124,8 @@ void editHexCell() {
 }
 
 void stepHexSelection(char32_t key) {
-  Grid& grid = form6.eGrid;
-  onStepKeys(key, [&grid](int direction) {
+  onStepKeys(key, [](int direction) {
+    Grid& grid = form6.eGrid;
     walkSelection(grid, [&](int row, int column) {
       const std::int32_t number = hexNumber(grid.text(row, column));
       writeHexCell(grid, row, column, stepped(number, direction, 1, byteLimit));
