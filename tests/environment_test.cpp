@@ -1,6 +1,9 @@
-// The environment dialog, entered as a user does.
+// The environment dialog, the splash window and the version window, entered as a user does.
 #include "frontend/environment.h"
 
+#include "frontend/about.h"
+#include "frontend/splash.h"
+#include "frontend/startup.h"
 #include "platform/text_encoding.h"
 #include "support.h"
 
@@ -30,10 +33,8 @@ TEST_F(EnvironmentTest, ShowsTheSettingsAndTakesThemOverAtOkAlone) {
       {&form9.Text5, "&H2"}, {&form9.Text6, "31x"},   {&form9.Text7, "abc"},
       {&form9.Text8, "0"},   {&form9.Text9, "2.5"}};
   for (const auto& [box, text] : entries) box->userEdit(text);
-  form9.Check1.userToggle();
-  EXPECT_EQ(editorState.english, 1);
   form9.userEnter();
-  EXPECT_EQ(editorState.gridColorRate * 10 + editorState.english, 20);
+  EXPECT_EQ(editorState.gridColorRate, 2);
   const std::vector<std::string> lines = splitLines(readText("zelkova.ini"));
   ASSERT_EQ(lines.size(), 25U);
   EXPECT_EQ(lines[5] + lines[6] + lines[10] + lines[15], "/車/roms#longer 2 ");
@@ -42,6 +43,65 @@ TEST_F(EnvironmentTest, ShowsTheSettingsAndTakesThemOverAtOkAlone) {
   grid.setText(1, 1, "10");
   for (const char32_t key : {U'+', U'#'}) grid.userKey(key);
   EXPECT_EQ(grid.text(1, 1), "11");
+}
+
+TEST_F(EnvironmentTest, TellsOfTheRestartInTheLanguageJustChosenAndAsksForFolders) {
+  loadSmallCar();
+  pick("SET_DEFAULT_FOLDER");
+  for (int i = 0; i < 2; ++i) form9.Check1.userToggle();
+  EXPECT_EQ(told(),
+            "言語を変更したため、このアプリケーションを一度再起動して下さい。|"
+            "Please re-start- this application 1 time, because I changed a language.");
+  form9.Check1.userToggle();
+  EXPECT_EQ(editorState.english, 1);
+  form9.Command1.userClick();
+  EXPECT_EQ(editorState.english, 0);
+  EXPECT_EQ(form1().menuBar.find("file_load")->caption(), "File");
+  pick("SET_DEFAULT_FOLDER");
+  desk.folderAnswers = {"/chosen", ""};
+  form9.Text2.userEdit("/old");
+  for (Button* button : {&form9.Command3, &form9.Command4}) button->userClick();
+  EXPECT_EQ(form9.caption() + form9.Text1.text(), "環境設定/chosen");
+  EXPECT_EQ(form9.Text2.text(), "") << "a cancelled chooser empties the field";
+  EXPECT_EQ(desk.folderTitles.front() + desk.folderTitles.back(),
+            "アドレスファイルのフォルダを選択してくださいＲＯＭデータのフォルダを選択してください");
+  form9.Command2.userClick();
+}
+
+TEST_F(EnvironmentTest, TheSplashWindowGivesWayToAKeyAClickOrItsTimer) {
+  const std::function<void()> endings[] = {
+      [] { frmSplash.userKey(); }, [] { frmSplash.Picture2.userClick(); },
+      [] { frmSplash.Frame1.userClick(); }, [] { frmSplash.Timer1.fire(); }};
+  for (const std::function<void()>& ending : endings) {
+    discardForm1();
+    desk.shownWindows.clear();
+    startProgram(folder);
+    EXPECT_EQ(desk.shownWindows, std::vector<Window*>{&frmSplash});
+    EXPECT_TRUE(form1().loaded() && frmSplash.Timer1.interval() == 4500);
+    for (const auto& again : {ending, endings[3], endings[0]}) {
+      again();
+      EXPECT_EQ(desk.shownWindows, std::vector<Window*>{&form1()});
+    }
+  }
+  EXPECT_EQ(desk.sounds, std::vector(4, "once " + path("first_demo.wav")));
+}
+
+TEST_F(EnvironmentTest, TheVersionWindowPlaysOnlyForTheExactWordAndOpensTheManual) {
+  startWithMap(smallMap());
+  for (const char* word : {"TRAN", "tran", ""}) {
+    editorState.aboutSound = word;
+    pick("ver_displ");
+    EXPECT_EQ(frmAbout.lblVersion.caption(), "Version 1.98.48E");
+    frmAbout.userEscape();
+    EXPECT_FALSE(frmAbout.loaded());
+  }
+  EXPECT_EQ(desk.sounds,
+            (std::vector<std::string>{"stop", "looping " + path("info_demo.wav"), "stop"}));
+  pick("ver_displ");
+  desk.programsStart = false;
+  frmAbout.Label6.userClick();
+  EXPECT_EQ(desk.addresses, std::vector{path("manual/index.html")});
+  EXPECT_TRUE(form1().enabled() && !frmAbout.loaded());
 }
 
 }  // namespace

@@ -1,12 +1,65 @@
-// The main window: start and tabs.
+// The main window: start, tabs, menu and languages.
 #include "frontend/main_window.h"
+
+#include <algorithm>
 
 #include "core/rom_image.h"
 #include "support.h"
 
 namespace {
 
-using MainWindow = ProgramTest;
+class MainWindow : public ProgramTest {
+ protected:
+  // The menu as a tree: what `told` says of each item, children in brackets.
+  template <class Told>
+  static std::string tree(const MenuItem& item, Told told) {
+    std::string text;
+    for (const auto& child : item.children()) {
+      if (child->name().starts_with("mnuRecentFile")) continue;
+      text += (text.empty() ? "" : " ") + told(*child);
+      if (!child->children().empty()) text += "(" + tree(*child, told) + ")";
+    }
+    return text;
+  }
+};
+
+TEST_F(MainWindow, TheMenuTreeStands) {
+  start();
+  const auto told = [](const MenuItem& item) {
+    const bool command = item.children().empty() && item.caption() != "-";
+    EXPECT_TRUE(!item.visible() || command == (item.onClick != nullptr)) << item.name();
+    return item.name() + (item.shortcut().empty() ? "" : ":" + item.shortcut());
+  };
+  EXPECT_EQ(tree(form1().menuBar, told),
+            "file_load(read_read(load_bin_file:Ctrl+O LOAD_IntelHEX_FILE:Ctrl+H) "
+            "update_bin_file:Ctrl+S any_anme_save(write_bin_file ANY_NAME_SAVE_IntelHEX) "
+            "odd_even_file Norika(comp_bin comp_intelHex) spa owari:Ctrl+Q space2) "
+            "edit_0(CPY:Ctrl+C PST:Ctrl+V dt_cpy(F_F T_R) DDDEEDS(add_dec kakeru smooth ADR_EDIT "
+            "DT_SFT vq_chan(use_z32_vq use_hcr32_vq use_bnr32_vq user_ecr33_vq use_y32_vq "
+            "use_s13_vq use_ps13_vq use_s14_vq use_s15_vq)) "
+            "G_EDIT_RR(DISP_3D_Graph:Ctrl+G TP_2D) AF_DISP_FORM TP_BST_RECAL:Ctrl+R CALCU:Ctrl+N) "
+            "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) HLP777(ver_displ)");
+}
+
+TEST_F(MainWindow, EnglishReachesEveryCaptionAndJapaneseStays) {
+  start();
+  EXPECT_EQ(form1().menuBar.find("owari")->caption() + form1().Frame5.caption(), "終了VQ マップ");
+  writeText("zelkova.ini", firstSettings(""));
+  startAnew();
+  Form1& form = form1();
+  const auto isAscii = [](const std::string& text) {
+    return std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
+  };
+  const std::string captions = tree(form.menuBar, [](const auto& item) { return item.caption(); });
+  EXPECT_TRUE(isAscii(captions)) << captions;
+  for (int tab = 1; tab <= 14; ++tab) {
+    EXPECT_TRUE(isAscii(form.TabStrip1.tab(tab).caption)) << tab;
+    EXPECT_FALSE(isAscii(form.TabStrip1.tab(tab).toolTip)) << "tool tips have no English form";
+  }
+  EXPECT_EQ(form.Label22.caption() + form.Label37.caption() + form.Label15.caption() +
+                form.Label16.caption() + form.Frame5.caption() + form.Frame1.caption(),
+            "HEX this frame insideSpecificationRPMRPMVQ mapハイオク燃料マップ");
+}
 
 TEST_F(MainWindow, ATabClickBringsItsPanelAndOnlyTheAirflowTabDrawsTheView) {
   loadSmallCar();
@@ -19,6 +72,15 @@ TEST_F(MainWindow, ATabClickBringsItsPanelAndOnlyTheAirflowTabDrawsTheView) {
   }
   for (const int tab : {5, 0, 15}) selectTab(tab);
   EXPECT_EQ(editorState.currentTab, 5);
+}
+
+TEST_F(MainWindow, TheCalculatorStartsOrNothingHappens) {
+  start();
+  pick("CALCU");
+  EXPECT_EQ(desk.programs, std::vector{path("calc95_re.exe")});
+  desk.programsStart = false;
+  pick("CALCU");
+  EXPECT_EQ(desk.programs.back() + told(), "calculator");
 }
 
 TEST_F(MainWindow, StartsWithoutAnImageWhateverTheListHolds) {

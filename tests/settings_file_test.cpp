@@ -53,6 +53,14 @@ TEST_F(SettingsFile, CutAnywhereItIsToldAndKeptAndWhatStandsBeforeCounts) {
   }
 }
 
+TEST_F(SettingsFile, ATextOfManyLinesTakesOne) {
+  startWith(firstSettings("map.adr"));
+  editorState.romFolder = "a\r\nb\nc";
+  writeSettings();
+  startAnew();
+  EXPECT_EQ(told() + editorState.romFolder + editorState.addressMap.typeUnit, "a  b cSMALL");
+}
+
 // What the file says may be refused or shown as nonsense; it never keeps a window from working.
 TEST_F(SettingsFile, AnyTextInAnyLineLeavesEveryWindowWorking) {
   const std::string endless(4096, 'A');

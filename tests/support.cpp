@@ -37,6 +37,7 @@ void ProgramTest::startAnew() {
   discardForm1();
   editorState = EditorState{};
   desk.boxes.clear();
+  desk.shownWindows.clear();
   start();
 }
 

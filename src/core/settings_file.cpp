@@ -1,5 +1,6 @@
 #include "core/settings_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <variant>
@@ -71,8 +72,14 @@ void assignSettings() {
   if (number != 0) throw Failure(number);
 }
 
+// A text takes one line, whatever was pasted into it: the lines behind it keep their places.
 struct Print {
-  std::string operator()(std::string E::*member) const { return editorState.*member; }
+  std::string operator()(std::string E::*member) const {
+    std::string text = editorState.*member;
+    std::ranges::replace_if(
+        text, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return text;
+  }
   std::string operator()(std::int32_t E::*member) const {
     return signedBlank(editorState.*member) + " ";
   }

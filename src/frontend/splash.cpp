@@ -28,7 +28,7 @@ FrmSplash::FrmSplash() : Window("frmSplash") {
 
 void closeSplash() {
   if (!frmSplash.loaded()) return;
-  desktop().showWindow(form1());
+  desktop().showWindow(form1());  // first: the screen shows no gap between the two
   frmSplash.unload();
   desktop().bringToFront(form1());
 }

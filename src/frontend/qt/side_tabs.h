@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QTabBar>
+#include <QWheelEvent>
 
 class SideTabs : public QTabBar {
  public:
@@ -13,6 +14,8 @@ class SideTabs : public QTabBar {
   QSize minimumTabSizeHint(int index) const override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  // A turn of the wheel over the captions leaves the tab in force.
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
  private:
   void paintTab(QPainter& painter, int index) const;

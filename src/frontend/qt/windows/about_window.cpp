@@ -1,5 +1,4 @@
 // The version window: banner, version, warning, link to the manual.
-#include <QApplication>
 #include <QDialog>
 #include <QFrame>
 #include <QGridLayout>
@@ -13,18 +12,13 @@
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/pictures.h"
+#include "frontend/qt/windows/dialog_parts.h"
 
 QWidget* makeAboutWindow();
 
 namespace {
 
 constexpr int width = 440;  // of the banner
-
-QLabel* labelFor(Label& record) {
-  auto* const label = new QLabel;
-  bind(label, record);
-  return label;
-}
 
 QLabel* pictureFor(Label& record, const QString& name) {
   QLabel* const label = labelFor(record);
@@ -73,8 +67,7 @@ QLayout* makeVersion(FrmAbout& form) {
 
 QWidget* makeAboutWindow() {
   FrmAbout& form = frmAbout;
-  auto* const window = new QDialog(QApplication::activeWindow());
-  window->setModal(true);
+  QDialog* const window = newDialog();
   window->setFixedWidth(width);
   QLabel* const warning = labelFor(form.att1);
   warning->setWordWrap(true);
