@@ -139,7 +139,7 @@ void propose(QFileDialog& box, const FileDialog& dialog) {
   auto* const name = box.findChild<QLineEdit*>();
   if (!name || file.isEmpty()) return;
   const QFileInfo proposed(file);
-  const bool here = proposed.isRelative() || proposed.absoluteDir() == QDir(folder);
+  const bool here = proposed.absoluteDir() == QDir(folder);
   name->setText(here ? proposed.fileName() : QDir::toNativeSeparators(file));
   name->selectAll();
 }
