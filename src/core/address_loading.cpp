@@ -34,10 +34,11 @@ void keepEdits() {
 }
 
 // The new map is in force whatever comes of it here: an image that it doesn't fit is told as such.
+// What the grids held under the former map goes in any case.
 void showImageUnderNewMap() {
+  resetPanels();
   if (editorState.imageSize == 0) return;
   editorState.progressCount = 0;
-  resetPanels();
   const int number = trapFailure(loaderTail);
   if (number == 0) return;
   logError(commandName, number, failureText(number));
