@@ -13,24 +13,13 @@ using std::string_literals::operator""s;
 
 using Row = std::pair<std::string, int>;
 
-TEST(Files, WhatIsWrittenReadsBackWholeOrUpToALimit) {
-  const ScratchFolder folder;
-  std::string content;
-  for (int i = 0; i < 300000; ++i) content += static_cast<char>(i * 7 >> 3);
-  for (const std::size_t size : {0U, 1U, 65536U, 300000U}) {
-    const std::string part = content.substr(0, size);
-    replaceFile(folder / "image", bytesOf(part));
-    EXPECT_TRUE(contentOf(folder / "image") == part && folder.count() == 1) << size;
-  }
-  for (const std::size_t limit : {0U, 299999U, 300001U}) {
-    EXPECT_EQ(readFile(folder / "image", limit).size(), std::min<std::size_t>(limit, 300000));
-  }
-}
-
 // A file exists where it opens, one separator behind it forgiven.
-TEST(Files, WhatCannotBeReadHasItsNumberAndDoesNotExist) {
+TEST(Files, ReadingStopsAtItsLimitAndWhatCannotBeReadHasItsNumber) {
   const ScratchFolder folder;
-  replaceFile(folder / "file", {});
+  replaceFile(folder / "file", bytesOf(std::string(300000, 'x')));
+  for (const std::size_t limit : {0U, 299999U, 300000U}) {
+    EXPECT_EQ(readFile(folder / "file", limit).size(), limit);
+  }
   for (const auto& [path, number] :
        {Row{folder / "file", 0}, Row{folder / "none", fileNotFound}, Row{"", fileNotFound},
         Row{folder / "file\0"s, fileNotFound}, Row{folder / "no/file", pathNotFound},
@@ -39,9 +28,7 @@ TEST(Files, WhatCannotBeReadHasItsNumberAndDoesNotExist) {
     EXPECT_EQ(fileExists(path), number == 0) << path;
   }
   EXPECT_TRUE(fileExists(folder / "file\\") && fileExists(folder / "file/"));
-  for (const std::string& path : {folder / "file//", "/"s, "\\"s, std::string(10000, 'x')}) {
-    EXPECT_FALSE(fileExists(path)) << path;
-  }
+  EXPECT_FALSE(fileExists(folder / "file//") || fileExists("/") || fileExists("\\"));
 }
 
 TEST(Files, ARefusedTargetStandsUntouched) {

@@ -24,11 +24,19 @@ class SettingsFile : public ProgramTest {
 };
 
 TEST_F(SettingsFile, EachLineReachesItsMember) {
-  startWith(firstSettings("map.adr"));
+  startWith("cut\r\n");
+  EXPECT_EQ(told() + readText("zelkova.ini"), "*ERROR = [13]cut\r\n");
+  startWith(firstSettings(""));
+  const std::string map = " 日本  車 ελληνικά 🚗.adr";
+  writeText(map, smallMap());
+  pickFile("load_map_addr", map);
+  editorState.romFolder = "a\r\nb\nc";
+  writeSettings();
+  startAnew();
   const EditorState& s = editorState;
-  EXPECT_EQ(told() + s.version + s.addressFilePath + s.plusKey + s.minusKey + s.splitRomKbit +
-                s.splitFormat + s.aboutSound,
-            "Version 1.98.48Emap.adr+-256BINARYTRAN");
+  EXPECT_EQ(told() + s.version + s.addressFilePath + s.romFolder + s.plusKey + s.minusKey +
+                s.splitRomKbit + s.splitFormat + s.aboutSound,
+            "Version 1.98.48E" + path(map) + "a  b c+-256BINARYTRAN");
   const std::vector numbers{
       s.displacement,     s.injectorSize,       s.cylinders,        s.graphFbMask,
       s.graphFbThreshold, s.graphMagnification, s.addressEditStart, s.addressEditColumns,
@@ -37,28 +45,6 @@ TEST_F(SettingsFile, EachLineReachesItsMember) {
   EXPECT_EQ(numbers, (std::vector{1998, 370, 4, 128, 125, 1, 4096, 16, 16, 1, 1, 0, 30, 14}));
   EXPECT_EQ(s.graphRatioX * 10 + s.graphRatioY, 12);
   EXPECT_EQ(form1().Label34.caption() + form1().Label1.caption(), " 1998/4   Inj.370SMALL");
-}
-
-TEST_F(SettingsFile, CutAnywhereItIsToldAndKeptAndWhatStandsBeforeCounts) {
-  const std::string whole = firstSettings("map.adr");
-  for (std::size_t cut = 0; cut <= whole.size(); ++cut) {
-    startWith(whole.substr(0, cut));
-    const bool complete = cut > whole.rfind('2');
-    ASSERT_EQ(told(), complete ? "" : "*ERROR = [13]") << cut;
-    ASSERT_EQ(editorState.version + editorState.addressMap.typeUnit,
-              complete ? "Version 1.98.48ESMALL" : "Version 1.98.48E")
-        << cut;
-    ASSERT_TRUE(cut < whole.find(" 370") || editorState.displacement == 1998);
-    ASSERT_EQ(readText("zelkova.ini"), whole.substr(0, cut));
-  }
-}
-
-TEST_F(SettingsFile, ATextOfManyLinesTakesOne) {
-  startWith(firstSettings("map.adr"));
-  editorState.romFolder = "a\r\nb\nc";
-  writeSettings();
-  startAnew();
-  EXPECT_EQ(told() + editorState.romFolder + editorState.addressMap.typeUnit, "a  b cSMALL");
 }
 
 // What the file says may be refused or shown as nonsense; it never keeps a window from working.
@@ -88,17 +74,6 @@ TEST_F(SettingsFile, AnyTextInAnyLineLeavesEveryWindowWorking) {
       std::filesystem::remove(path("saved.bin"));
       ASSERT_EQ(saveImage("saved.bin").size(), 0x400U);
     }
-  }
-}
-
-TEST_F(SettingsFile, TheAddressMapOfAnyPathIsThereAtTheNextStart) {
-  startWith(firstSettings(""));
-  for (const char* name : {" 日本  車 .adr", "ελληνικά 🚗.adr"}) {
-    writeText(name, smallMap());
-    pickFile("load_map_addr", name);
-    startAnew();
-    EXPECT_EQ(told() + editorState.addressFilePath, path(name));
-    EXPECT_EQ(editorState.addressMap.typeUnit, "SMALL") << name;
   }
 }
 
