@@ -1,6 +1,8 @@
 #include "walk_watch.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <filesystem>
 
 #include "core/editor_state.h"
@@ -18,13 +20,13 @@ void addCells(const MapKind& kind, std::vector<Piece>& pieces) {
   const bool words = kind.family == MapFamily::airflow;
   const bool headers = kind.family == MapFamily::rpmScale;
   const int inRow = words ? entry.bytes / 2 : entry.columns;
+  const double step = kind.scaled() ? std::abs(entry.scale) : 1;
   const int drawn = editorState.cellsDrawn[static_cast<std::size_t>(kind.id)];
   for (int i = 0; entry.present() && i < drawn; ++i) {
     const std::string& text = headers ? grid.text(i, 0) : grid.text(1 + i / inRow, 1 + i % inRow);
     const int bytes = words ? 2 : 1;
     const std::int64_t address = std::int64_t{entry.address} + std::int64_t{i} * bytes;
-    pieces.push_back(
-        {kind.keyword + (" cell " + std::to_string(i)), address, bytes, text, kind.scaled()});
+    pieces.push_back({kind.keyword + (" cell " + std::to_string(i)), address, bytes, text, step});
   }
 }
 
@@ -69,7 +71,7 @@ std::vector<Piece> shownPieces() {
     const ParamEntry& entry = editorState.addressMap.param(kind.id);
     if (!entry.present() || !editorState.paramShown[static_cast<std::size_t>(kind.id)]) continue;
     const std::string& text = (form1().*kind.box).text();
-    pieces.push_back({kind.keyword, entry.address, entry.bytes, text, true});
+    pieces.push_back({kind.keyword, entry.address, entry.bytes, text, 0});
   }
   return pieces;
 }
@@ -99,8 +101,11 @@ std::string lostText(const std::vector<Piece>& formerPieces) {
     const Piece& piece = pieces[i];
     const auto first = owners.begin() + piece.address;
     const bool alone = std::count(first, first + piece.bytes, 1) == piece.bytes;
-    if (!alone || piece.text == formerPieces[i].text || piece.rounded) continue;
-    return piece.where + ": " + formerPieces[i].text + " became " + piece.text;
+    const std::string& former = formerPieces[i].text;
+    const double moved = std::abs(std::atof(former.c_str()) - std::atof(piece.text.c_str()));
+    const bool tells = piece.step > 0 && moved >= piece.step;
+    if (!alone || piece.text == former || !tells) continue;
+    return piece.where + ": " + former + " became " + piece.text;
   }
   return "";
 }

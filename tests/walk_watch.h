@@ -14,7 +14,7 @@ struct Piece {
   std::int64_t address;
   int bytes;
   std::string text;
-  bool rounded;  // the text may say more than the bytes can
+  double step;  // the bytes tell numbers that are so far apart; 0: unknown
 };
 
 // Every cell and box that shows bytes of the image, in the order of the maps and parameters.
@@ -25,8 +25,8 @@ std::vector<Piece> shownPieces();
 std::int64_t unaskedChange(const std::vector<std::uint8_t>& before,
                            const std::vector<Piece>& formerPieces);
 
-// The first piece whose bytes are its own alone and whose text is another than in `formerPieces`;
-// "" if there is none. Rounded ones are passed over.
+// The first piece whose bytes are its own alone and whose number is a step or more from the one in
+// `formerPieces`; "" if there is none.
 std::string lostText(const std::vector<Piece>& formerPieces);
 
 // Keeps an eye on the files of one folder.
