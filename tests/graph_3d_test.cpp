@@ -1,33 +1,42 @@
-// The 3D graph as a user sees it: refusals, opening, the drawn frames, the display controls.
-#include <tuple>
+// The 3D graph as a user sees it: the drawn frames, the display controls, editing on the surface by
+// keys, and the way of the edits through the grid into the file.
+#include "graphs/graph_3d.h"
+
+#include <filesystem>
 
 #include "graph_bed.h"
-#include "graphs/tp_curve.h"
 
 namespace {
 
-TEST_F(GraphTest, BothGraphsAreRefusedWithoutImageAndOnTabsWithoutGraph) {
-  for (const auto& [tab, rom] : {std::pair{1, false}, {5, true}, {14, true}}) {
-    for (const char* command : {"DISP_3D_Graph", "TP_2D"}) {
-      editorState.image = RomImage(0x1000, rom ? 1 : 0);
-      selectTab(tab);
-      pick(command);
-      EXPECT_EQ(told().find("ROM DATA reads") == 0, !rom) << tab;
-      EXPECT_TRUE(!DR_GRAPH.loaded() && !D2_GRAPH.loaded() && form1().enabled());
-    }
-  }
-}
-
-TEST_F(GraphTest, OpensWithTheSurfaceDrawnAndHoldsTheMainWindowUntilClosed) {
+TEST_F(GraphTest, DrawsTheSurfaceTheTrailOfAHeldKeyAndTheComparisonBehind) {
   openWith("125");
-  EXPECT_TRUE(!form1().enabled() && canvas.visible());
-  EXPECT_EQ(DR_GRAPH.focus(), &canvas);
-  EXPECT_FALSE(DR_GRAPH.Check3.enabled() || DR_GRAPH.Check3.checked());
-  // A value equal to the threshold is flagged and lies below the ground: 348 + 3.
-  EXPECT_EQ(lastMarker(), "yellow 77 351");
+  EXPECT_TRUE(!form1().enabled() && canvas.visible() && DR_GRAPH.focus() == &canvas);
+  EXPECT_FALSE(DR_GRAPH.Check3.enabled());
   expectFrame(canvas, "graph_plain.frame");
   DR_GRAPH.userClose();
   EXPECT_TRUE(form1().enabled() && !DR_GRAPH.loaded());
+
+  compareWith(Bytes(0x1000, 20));
+  openWith("10");
+  const std::size_t redrawn = canvas.items().size();
+  for (int i = 0; i < 3; ++i) canvas.userKeyDown(rightKey);
+  expectFrame(canvas, "graph_trail.frame");
+  // A character key marks as well, and changes heights without a redraw.
+  hold('+', 2);
+  EXPECT_EQ(canvas.items().size(), redrawn + 5);
+  canvas.userKeyUp('+');
+  EXPECT_EQ(canvas.items().size(), redrawn);
+  DR_GRAPH.userClose();
+
+  Bytes other(0x1000, 200);
+  for (std::size_t k = 0; k < 12; ++k)
+    other[mapAddress + k] = static_cast<std::uint8_t>(98 + 3 * k);
+  compareWith(other);
+  editorState.graphMagnification = 2;
+  editorState.graphFbMask = 64;
+  open();
+  click(DR_GRAPH.Option2);
+  expectFrame(canvas, "graph_compared.frame");
 }
 
 TEST_F(GraphTest, ShowsAnyCellWithAnyStoredMaskMagnificationAndThreshold) {
@@ -62,47 +71,32 @@ TEST_F(GraphTest, ShowsAnyCellWithAnyStoredMaskMagnificationAndThreshold) {
   }
 }
 
-TEST_F(GraphTest, EachDisplayControlRedrawsWithItsMarker) {
+TEST_F(GraphTest, EachDisplayControlChangesThePictureAndAMousePressKeepsTheEditsBefore) {
+  const std::pair<std::function<void()>, const char*> cases[] = {
+      {[&] { click(DR_GRAPH.Check1); }, "201"},
+      {[&] { click(DR_GRAPH.Check2); }, "201"},
+      {[&] { clickLine(1); }, "201"},
+      {[&] { click(DR_GRAPH.Option2); }, "201"},
+      {[] { DR_GRAPH.List1.userSelect(3); }, "200"},
+      {[&] { click(DR_GRAPH.Check3); }, "200"},
+      {[&] {
+         typeOver(DR_GRAPH.Text2, "1a-9\b8");
+         canvas.userMouseDown();
+       },
+       "200"}};
   compareWith(Bytes(0x1000, 20));
-  editorState.graphShowCompare = 0;
-  openWith("130");
-  const auto threshold = [&](const char* keys) {
-    DR_GRAPH.Text2.userFocus();
-    DR_GRAPH.Text2.userType(keys);
-    canvas.userMouseDown();
-  };
-  const struct {
-    std::function<void()> change;
-    const char* marker;
-    int redWires = 0;
-  } cases[] = {
-      {[&] { click(DR_GRAPH.Check2); }, "red 77 410"},
-      {[&] { click(DR_GRAPH.Check1); }, "red 77 282"},
-      {[&] { click(DR_GRAPH.Check2); }, "red 77 218"},
-      {[&] { clickLine(1); }, "yellow 77 88"},
-      {[&] { click(DR_GRAPH.Option2); }, "yellow 248 88"},
-      {[&] { click(DR_GRAPH.Check1); }, "red 248 344"},
-      {[&] { threshold("1a3-1\b1"); }, "yellow 248 88"},  // 131
-      {[&] { click(DR_GRAPH.Check3); }, "yellow 248 88", 24},
-      {[&] { click(DR_GRAPH.Check3); }, "yellow 248 88"},
-  };
-  for (const auto& each : cases) {
-    each.change();
-    EXPECT_EQ(lastMarker(), each.marker);
-    EXPECT_EQ(wires(wireRed), each.redWires);
+  for (std::size_t i = 0; i < std::size(cases); ++i) {
+    editorState.graphFbMask = 128;
+    editorState.graphMagnification = 1;
+    editorState.graphFbThreshold = 125;
+    openWith("200");
+    type('+');
+    const auto before = canvas.items();
+    cases[i].first();
+    EXPECT_NE(canvas.items(), before) << i;
+    DR_GRAPH.Command1.userClick();
+    EXPECT_EQ(cell(1, 1), cases[i].second) << i;
   }
-}
-
-TEST_F(GraphTest, DrawsTheComparisonBeforeTheSurface) {
-  Bytes other(0x1000, 200);
-  for (std::size_t k = 0; k < 12; ++k)
-    other[mapAddress + k] = static_cast<std::uint8_t>(98 + 3 * k);
-  compareWith(other);
-  editorState.graphMagnification = 2;
-  editorState.graphFbMask = 64;
-  open();
-  click(DR_GRAPH.Option2);
-  expectFrame(canvas, "graph_compared.frame");
 }
 
 TEST_F(GraphTest, DrawsOnlyTheQuadsThatTheComparisonHolds) {
@@ -134,6 +128,100 @@ TEST_F(GraphTest, ShowsMapsOfAnySizeUpTo40By40) {
     EXPECT_EQ(wires(wireRed), wires(wireGreen));
     DR_GRAPH.Command2.userClick();
     EXPECT_EQ(saveImage("saved" + std::to_string(columns * rows)), original);
+  }
+}
+
+TEST_F(GraphTest, MovesToTheEdgesAndNoFurtherAndReadsOutLoadSpeedAndValue) {
+  for (int place = 1; place <= 4; ++place) {
+    form1().TP_FUEL.setText(0, place, "0." + std::to_string(place));
+    form1().RPM_FUEL.setText(place - 1, 0, std::to_string(100 * place));
+  }
+  openWith("200");
+  const std::tuple<int, int, const char*> moves[] = {
+      {leftKey, 1, "0.1kg|100rpm|DATA : 72"},  {downKey, 3, "0.1kg|100rpm|DATA : 72"},
+      {rightKey, 9, "0.4kg|100rpm|DATA : 40"}, {upKey, 1, "0.4kg|200rpm|DATA : 80"},
+      {upKey, 9, "0.4kg|300rpm|DATA : 120"},   {leftKey, 1, "0.3kg|300rpm|DATA : 110"},
+      {downKey, 1, "0.3kg|200rpm|DATA : 70"},  {'5', 4, "0.3kg|200rpm|DATA : 70"}};
+  for (const auto& [key, repeats, shown] : moves) {
+    press(key, repeats);
+    const std::string place = DR_GRAPH.Label2.caption() + "|" + DR_GRAPH.Label3.caption();
+    EXPECT_EQ(place + "|" + DR_GRAPH.Label4.caption(), shown);
+  }
+}
+
+TEST_F(GraphTest, KeysThatBeginTheirAssignmentChangeOneUnitOfTheCellUnderTheCursor) {
+  const struct {
+    const char *plus, *minus, *cell;
+    int mask, magnification;
+    std::u32string keys;
+    const char *shown, *written;
+  } cases[] = {{"+", "-", "200", 128, 1, U"+", "73", "201"},
+               {"+", "-", "124", 128, 3, U"+", "125", "125"},
+               {"+", "-", "0", 128, 5, U"--++++", "2", "2"},
+               {"+", "-", "120", 128, 4, std::u32string(200, U'+'), "255", "255"},
+               {"+", "-", "300", 128, 1, U"", "172", "255"},
+               {"+", "-", "-9", 0, 1, U"", "-9", "0"},
+               {"+", "-", "255", 0, 3, U"++-", "254", "254"},
+               {"", "-", "10", 0, 1, std::u32string(2, 0) + U"+", "10", "10"},
+               {"あい", "-", "10", 0, 1, U"あい", "11", "11"},
+               // One key for both: at the upper end the raise is cut before the fall.
+               {"=", "=", "10", 0, 1, U"=", "10", "10"},
+               {"=", "=", "255", 0, 1, U"=", "254", "254"}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(std::string(each.plus) + each.minus + " " + each.cell);
+    editorState.plusKey = each.plus;
+    editorState.minusKey = each.minus;
+    editorState.graphFbMask = each.mask;
+    editorState.graphMagnification = each.magnification;
+    openWith(each.cell);
+    for (const char32_t key : each.keys) canvas.userKey(key);
+    EXPECT_EQ(DR_GRAPH.focus(), &canvas);
+    press(0);
+    EXPECT_EQ(DR_GRAPH.Label4.caption(), std::string("DATA : ") + each.shown);
+    DR_GRAPH.Command2.userClick();
+    EXPECT_EQ(cell(1, 1), each.written);
+  }
+}
+
+TEST_F(GraphTest, SettingsThatCannotBeSavedDoNotHoldTheWindow) {
+  open();
+  std::filesystem::remove(path("zelkova.ini"));
+  std::filesystem::create_directory(path("zelkova.ini"));
+  type('+');
+  DR_GRAPH.Command2.userClick();
+  EXPECT_EQ(desk.boxes.size(), 1U);
+  EXPECT_EQ(cell(1, 1), "11");
+  EXPECT_TRUE(!DR_GRAPH.loaded() && form1().enabled());
+}
+
+TEST_F(GraphTest, BringsEditsIntoTheFileWithEachMaskMagnificationAndView) {
+  load(4, 3, {200, 50, 255, 0, 124, 125, 126, 1, 64, 63, 192, 254});
+  const Bytes original = readBytes("image.bin");
+  Bytes expected = original;
+  const Bytes row = {201, 47, 255, 0};
+  std::copy(row.begin(), row.end(), expected.begin() + mapAddress);
+  expected[mapAddress + 11] = 249;
+  for (const int mask : {192, 128, 64, 0}) {
+    for (int line = 0; line < 5; ++line) {
+      for (Option* view : {&DR_GRAPH.Option1, &DR_GRAPH.Option2}) {
+        loadImage(original);
+        open();
+        if (DR_GRAPH.Check1.checked() != (mask >= 128)) click(DR_GRAPH.Check1);
+        if (DR_GRAPH.Check2.checked() != (mask % 128 != 0)) click(DR_GRAPH.Check2);
+        clickLine(line);
+        click(*view);
+        for (const auto& [key, repeats] :
+             {std::pair{'+', 1}, std::pair{'-', 3}, std::pair{'+', 2}, std::pair{'-', 2}}) {
+          type(key, repeats);
+          press(rightKey);
+        }
+        press(upKey, 2);
+        type('-', 5);
+        DR_GRAPH.Command2.userClick();
+        pick("update_bin_file");
+        EXPECT_EQ(readBytes("image.bin"), expected) << mask << " times " << line + 1;
+      }
+    }
   }
 }
 

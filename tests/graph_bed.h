@@ -59,7 +59,9 @@ class GraphTest : public CanvasTest {
  protected:
   static constexpr std::size_t mapAddress = 0x100;
 
-  GraphTest() : CanvasTest(DR_GRAPH.Picture1) { loadSmall(); }
+  GraphTest() : CanvasTest(DR_GRAPH.Picture1) {
+    load(4, 3, {10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120});
+  }
   ~GraphTest() override { DR_GRAPH.unload(); }
 
   // Loads a car of one fuel map; its cells hold `cells` in reading order, then the pattern.
@@ -71,8 +73,6 @@ class GraphTest : public CanvasTest {
     std::copy(cells.begin(), cells.end(), bytes.begin() + mapAddress);
     loadImage(bytes);
   }
-  // The same with 4 x 3 cells of 10, 20, ... 120.
-  void loadSmall() { load(4, 3, {10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120}); }
   void openWith(const std::string& firstCell) {
     form1().Grid1.setText(1, 1, firstCell);
     open();
@@ -94,14 +94,6 @@ class GraphTest : public CanvasTest {
   void clickLine(int index) {
     DR_GRAPH.List1.userMouseDown();
     DR_GRAPH.List1.userSelect(index);
-  }
-  // The marker that was drawn last, "red" or "yellow" and its middle.
-  std::string lastMarker() const {
-    if (canvas.items().empty()) return "none";
-    const CanvasItem& item = canvas.items().back();
-    if (item.kind != CanvasItem::bar || item.x2 - item.x1 != 4) return "none";
-    return (item.colour == markerRed ? "red " : "yellow ") + std::to_string(item.x1 + 2) + " " +
-           std::to_string(item.y1 + 2);
   }
   int wires(Colour colour) const { return countOf(canvas, CanvasItem::line, colour); }
   std::string cell(int row, int column) const { return form1().Grid1.text(row, column); }

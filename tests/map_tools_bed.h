@@ -1,14 +1,13 @@
 // The bed of the map tools' tests: a car with a map on every tab, grids as plain matrices of
-// numbers, and random maps, selections and settings with fixed seeds.
+// numbers, and random maps and selections with a fixed seed.
 #pragma once
 
 #include <algorithm>
 #include <cstdlib>
 #include <random>
 #include <sstream>
-#include <string>
-#include <vector>
 
+#include "core/map_display.h"
 #include "support.h"
 
 using Matrix = std::vector<std::vector<int>>;
@@ -18,7 +17,11 @@ inline int& cellOf(Matrix& cells, int row, int column) {
   return cells.at(static_cast<std::size_t>(row - 1)).at(static_cast<std::size_t>(column - 1));
 }
 
-class MapToolsTest : public ProgramTest {
+inline GridSelection ordered(const GridBlock& block) {
+  return {block.top, block.left, block.bottom, block.right};
+}
+
+class LoadedCarTest : public ProgramTest {
  protected:
   static constexpr int columns = 8;
   static constexpr int rows = 6;
@@ -26,42 +29,34 @@ class MapToolsTest : public ProgramTest {
   static constexpr int doubledTab = 7;
   static constexpr int globalTab = 14;
 
-  ~MapToolsTest() override {
-    for (Window* window : std::vector<Window*>(desk.shownWindows)) {
-      if (window != &form1()) window->unload();
-    }
-  }
-
   // 8 x 6 maps from &H100 on, 64 bytes apart; 16 airflow words; the eight additional maps.
-  void loadCar(std::size_t imageBytes = 0x1000) {
+  LoadedCarTest() {
     std::string map =
         "TYPE_UNIT,CAR\nVQ_MAP,&H200,16,1,32,0,c\nK_DATA,&H20,1,1,2,0,c\n"
         "TP_SCALE_FUEL,&H240,8,1,8,0,c\nTP_SCALE_FIRE,&H248,8,1,8,0,c\n"
         "RPM_SCALE_FUEL,&H250,6,1,6,50,c\nRPM_SCALE_FIRE,&H258,6,1,6,100,c\n";
     for (int tab = 1; tab < globalTab; ++tab) {
+      if (tab == airflowTab) continue;
       const int address = 0x100 + 64 * (tab < airflowTab ? tab - 1 : tab);
-      if (tab != airflowTab)
-        map += smallBlock(mapKindOfTab(tab)->keyword, address, tab == doubledTab ? "2" : "1");
+      map += mapBlock(mapKindOfTab(tab)->keyword, std::to_string(address), columns, rows,
+                      columns * rows, tab == doubledTab ? "2" : "1");
     }
     startAnewWithMap(map);
-    loadImage(patternImage(imageBytes));
+    loadImage(patternImage(0x1000));
   }
-
-  static std::string smallBlock(const std::string& keyword, int address,
-                                const std::string& scale = "0") {
-    return mapBlock(keyword, std::to_string(address), columns, rows, columns * rows, scale,
-                    "about " + keyword);
+  ~LoadedCarTest() override {
+    for (Window* window : std::vector<Window*>(desk.shownWindows)) {
+      if (window != &form1()) window->unload();
+    }
   }
 
   static Grid& tabGrid(int tab) { return gridOf(*mapKindOfTab(tab)); }
 
-  // An empty cell counts as 0.
   static Matrix numbers(const Grid& grid) {
-    Matrix cells;
+    Matrix cells(static_cast<std::size_t>(grid.rows() - 1));
     for (int r = 1; r < grid.rows(); ++r) {
-      cells.emplace_back();
       for (int c = 1; c < grid.columns(); ++c) {
-        cells.back().push_back(std::atoi(grid.text(r, c).c_str()));
+        cells[static_cast<std::size_t>(r - 1)].push_back(std::atoi(grid.text(r, c).c_str()));
       }
     }
     return cells;
@@ -106,33 +101,22 @@ class MapToolsTest : public ProgramTest {
          random(1, grid.rows() - 1), random(1, grid.columns() - 1));
     return grid.block();
   }
-  // The map on a tab, brought to the front with random numbers and a random selection.
+  // A random tab's map, brought to the front with random numbers and a random selection.
   struct Scrambled {
     int tab;
     Grid& grid;
     Matrix cells;
     GridBlock block;
+    GridSelection selection;
   };
-  Scrambled scrambleTab(int tab) {
+  Scrambled scrambleAnyTab() {
+    const int tab = random(1, globalTab - 1);
     selectTab(tab);
     Grid& grid = tabGrid(tab);
-    const int high = tab == airflowTab ? 65535 : tab == doubledTab ? 510 : 255;
-    return {tab, grid, scramble(grid, high), dragAtRandom(grid)};
-  }
-  int randomByteTab() {
-    const int tab = random(1, 12);
-    return tab < airflowTab ? tab : tab + 1;
+    Matrix cells = scramble(grid, tab == airflowTab ? 65535 : tab == doubledTab ? 510 : 255);
+    const GridBlock block = dragAtRandom(grid);
+    return {tab, grid, cells, block, grid.selection()};
   }
 
   std::mt19937 engine{20};
 };
-
-// The same with the car loaded.
-class LoadedCarTest : public MapToolsTest {
- protected:
-  LoadedCarTest() { loadCar(); }
-};
-
-inline GridSelection ordered(const GridBlock& block) {
-  return {block.top, block.left, block.bottom, block.right};
-}

@@ -1,0 +1,216 @@
+// The map tools: their guards and dialogs, and what adding, multiplying, smoothing and shifting
+// make of a selection.
+
+#include <cmath>
+
+#include "calc/af_table.h"
+#include "editing/add_multiply.h"
+#include "editing/map_shift.h"
+#include "editing/smoothing.h"
+#include "map_tools_bed.h"
+
+namespace {
+
+class MapTools : public LoadedCarTest {
+ protected:
+  static BulkChangeDialog& change(bool adds, const std::string& threshold, const std::string& by) {
+    adds ? add_dec() : kakeru();
+    BulkChangeDialog& dialog = adds ? form7 : form8;
+    for (const auto& [box, text] : {std::pair(&dialog.Text1, threshold), {&dialog.Text2, by}}) {
+      box->userFocus();
+      box->userPaste(text);
+    }
+    dialog.userEnter();
+    return dialog;
+  }
+  void smoothBelow(const std::string& threshold) {
+    pick("smooth");
+    typeOver(form10.Text1, threshold);
+    form10.userEnter();
+  }
+  void shift(bool left, bool withScale) {
+    pick("DT_SFT");
+    (left ? form11.Option1 : form11.Option2).userSelect();
+    if (!withScale) form11.Check1.userToggle();
+    form11.userEnter();
+  }
+  // The shift's rule for a row: its cells under the map go on by one place, and a 0 comes in.
+  static void move(std::vector<int>& row, bool left) {
+    const auto end = row.begin() + columns;
+    left ? std::shift_left(row.begin(), end, 1) : std::shift_right(row.begin(), end, 1);
+    *(left ? end - 1 : row.begin()) = 0;
+  }
+  Form1& form = form1();
+};
+
+TEST_F(MapTools, AreRefusedWithoutImageAndOnTheWrongTabElseHoldTheMainWindow) {
+  // Whether it opens on the tab without a map.
+  const std::pair<const char*, bool> table[] = {
+      {"CPY", false},           {"PST", false},   {"F_F", true},     {"T_R", true},
+      {"add_dec", true},        {"kakeru", true}, {"smooth", true},  {"ADR_EDIT", true},
+      {"DISP_3D_Graph", false}, {"TP_2D", false}, {"DT_SFT", false}, {"AF_DISP_FORM", false}};
+  const RomImage image = editorState.image;
+  selectTab(globalTab);
+  for (const auto& [command, opens] : table) {
+    SCOPED_TRACE(command);
+    editorState.image = RomImage(0x400);
+    pick(command);
+    EXPECT_TRUE(told().starts_with("ROM DATA") && form.enabled());
+    editorState.image = image;
+    pick(command);
+    EXPECT_EQ(told().empty() && !form.enabled(), opens);
+    if (!opens) continue;
+    Window& dialog = *desk.shownWindows.back();
+    dialog.userEscape();
+    EXPECT_EQ(dialog.loaded(), &dialog == &form10) << "smoothing alone ignores Escape";
+    dialog.userClose();
+    EXPECT_TRUE(form.enabled() && !dialog.loaded() && editorState.image == image);
+  }
+  for (const bool adds : {false, true}) change(adds, "110", "5");
+  smoothBelow("110");
+  selectTab(airflowTab);
+  pick("DT_SFT");
+  const std::string refusals = told();
+  EXPECT_EQ(std::count(refusals.begin(), refusals.end(), '|'), 3) << refusals;
+  EXPECT_TRUE(form.enabled());
+}
+
+TEST_F(MapTools, BoxesTakeTheKeysOfTheirNumbers) {
+  const std::tuple<const char*, TextBox&, const char*> table[] = {{"add_dec", form7.Text1, "15"},
+                                                                  {"add_dec", form7.Text2, "-15"},
+                                                                  {"kakeru", form8.Text1, "15"},
+                                                                  {"kakeru", form8.Text2, "1.5"},
+                                                                  {"smooth", form10.Text1, "15"}};
+  for (const auto& [command, box, typed] : table) {
+    pick(command);
+    typeOver(box, "a-+1 .2e\b5x");
+    EXPECT_EQ(box.text(), typed) << command;
+    box.window().userClose();
+  }
+}
+
+TEST_F(MapTools, WorkedExamplesOfAddingAndMultiplyingAndEntriesThatAreRefused) {
+  // Tab, add or multiply, threshold, by and the cell; what it becomes, or "no".
+  const std::pair<const char*, const char*> table[] = {
+      {"1,+,110,5,109", "114"},       {"1,+,110,5,110", "110"},      {"1,+,110,-5,3", "0"},
+      {"1,+,110,300,10", "255"},      {"1,+,110,-2.5,10", "7"},      {"1,+,110,1e300,10", "255"},
+      {"1,+,110,-,10", "10"},         {"1,+,65536,5,300", "255"},    {"1,+,110,5.0,", "5"},
+      {"1,+,110,5,-1e30", "0"},       {"1,+,110,5,1e30", "1e30"},    {"5,+,65536,5,65535", "65535"},
+      {"5,+,65536,1,65534", "65535"}, {"1,*,110,1.15,100", "115"},   {"1,*,110,1.5,100", "151"},
+      {"1,*,110,7.0,0", "1"},         {"1,*,110,1.1.1,100", "111"},  {"1,*,110,1e1,5", "51"},
+      {"1,*,110,-0,100", "1"},        {"1,*,110,-1,100", "0"},       {"1,*,110,1e400,0", "1"},
+      {"1,*,65536.5,1,1", "no"},      {"5,*,110,3.4e38,1", "65535"}, {"1,+,,5,1", "no"},
+      {"1,*,110,,1", "no"},           {"1,+,65537,5,1", "no"},       {"1,*,-1,5,1", "no"},
+      {"1,+,110,-256,1", "no"},       {"1,*,110,-1e400,1", "no"},    {"1,+,1e99,1,1", "no"}};
+  for (const auto& [given, expected] : table) {
+    const std::vector<std::string> parts = fields(given);
+    const bool refused = expected == std::string("no");
+    selectTab(std::stoi(parts[0]));
+    Grid& grid = *activeGrid();
+    grid.setText(1, 3, parts[4]);
+    drag(grid, 1, 3, 1, 3);
+    BulkChangeDialog& dialog = change(parts[1] == "+", parts[2], parts[3]);
+    EXPECT_EQ(grid.text(1, 3), refused ? parts[4] : expected) << given;
+    EXPECT_EQ(told(), refused ? "Wrong data are inputed." : "") << given;
+    EXPECT_EQ(dialog.loaded(), refused) << "stays open";
+    dialog.userClose();
+  }
+}
+
+TEST_F(MapTools, PropertyAnyThresholdAndAmountOverAnySelection) {
+  for (int trial = 0; trial < 400; ++trial) {
+    auto [tab, grid, cells, block, selection] = scrambleAnyTab();
+    const int highest = tab == airflowTab ? 65535 : 255, threshold = random(0, highest + 1);
+    const bool adds = random(0, 1) == 0;
+    const double by = (adds ? random(-4 * 255, 4 * 300) : random(0, 12)) / 4.0;
+    int row = 0, column = 0;  // of the last cell that changes
+    for (int r = block.top; r <= block.bottom; ++r) {
+      for (int c = block.left; c <= block.right; ++c) {
+        int& cell = cellOf(cells, r, c);
+        if (cell >= threshold) continue;
+        const double moved = adds ? cell + std::floor(by) : std::floor(cell * by) + 1;
+        cell = static_cast<int>(std::clamp(moved, 0.0, double(highest)));
+        row = r;
+        column = c;
+      }
+    }
+    change(adds, std::to_string(threshold), std::to_string(by));
+    ASSERT_EQ(numbers(grid), cells) << "trial " << trial << " by " << by;
+    ASSERT_EQ(grid.selection(), selection);
+    if (row == 0) continue;
+    const auto colour = tab == airflowTab ? airflowCellColour : cellColour;
+    ASSERT_EQ(grid.background(row, column), colour(cellOf(cells, row, column)));
+  }
+}
+
+// Of three by three cells only the middle of the top row and that of the left column may change.
+TEST_F(MapTools, WorkedExamplesOfSmoothing) {
+  const std::tuple<const char*, int, int, int, const char*> table[] = {
+      {"999999999999", 600, 601, -600, "600 255 601|0 7 7|-600 7 7"},
+      {"120", 119, 120, 120, "119 7 120|7 7 7|120 7 7"},
+      {"120", 10, 30, 50, "10 20 30|30 7 7|50 7 7"},
+      {"", 0, 0, 0, "0 7 0|7 7 7|0 7 7"},
+      {"120", 3, 4, 2, "3 4 4|2 7 7|2 7 7"}};
+  for (const auto& [threshold, corner, right, below, expected] : table) {
+    fill(form.Grid1, {{corner, 7, right}, {7, 7, 7}, {below, 7, 7}});
+    drag(form.Grid1, 3, 3, 1, 1);
+    smoothBelow(threshold);
+    EXPECT_EQ(selected(form.Grid1), expected) << threshold;
+  }
+  EXPECT_EQ(form.Grid1.background(1, 2), cellColour(4));
+}
+
+TEST_F(MapTools, PropertySmoothingBelowAnyThresholdOverAnySelection) {
+  for (int trial = 0; trial < 400; ++trial) {
+    auto [tab, grid, cells, block, selection] = scrambleAnyTab();
+    const int threshold = random(100, 550);
+    // The rule: one pass along the rows and then one along the columns.
+    for (const auto& [down, right] : {std::pair(0, 1), std::pair(1, 0)}) {
+      for (int r = block.top; tab != airflowTab && r <= block.bottom - 2; ++r) {
+        for (int c = block.left; c <= block.right - 2; ++c) {
+          const int a = cellOf(cells, r, c), b = cellOf(cells, r + 2 * down, c + 2 * right);
+          if (std::max(a, b) >= threshold) continue;
+          cellOf(cells, r + down, c + right) = std::min(int(std::lrint((a + b) / 2.0)), 255);
+        }
+      }
+    }
+    smoothBelow(std::to_string(threshold));
+    ASSERT_EQ(numbers(grid), cells) << "trial " << trial << " tab " << tab;
+    ASSERT_EQ(grid.selection(), tab == airflowTab ? selection : ordered(block));
+  }
+}
+
+TEST_F(MapTools, PropertyAnyMapMovesByOneColumnAndTheBoostFollows) {
+  for (int trial = 0; trial < 200; ++trial) {
+    auto [tab, grid, cells, block, selection] = scrambleAnyTab();
+    if (tab == airflowTab) continue;
+    Matrix fuel = scramble(form.TP_FUEL, 255), fire = scramble(form.TP_FIRE, 255);
+    const bool left = random(0, 1) == 0, withScale = random(0, 1) == 0;
+    form.TP_FUEL.setText(0, 1, "old");
+    shift(left, withScale);
+    for (auto& row : cells) move(row, left);
+    if (withScale && tab == 1) move(fuel[0], left);
+    if (withScale && tab == 2) move(fire[0], left);
+    ASSERT_EQ(numbers(grid), cells) << "tab " << tab;
+    ASSERT_EQ(numbers(form.TP_FUEL), fuel) << "tab " << tab;
+    ASSERT_EQ(numbers(form.TP_FIRE), fire) << "tab " << tab;
+    ASSERT_EQ(grid.background(1, 4), cellColour(cellOf(cells, 1, 4)));
+    ASSERT_NE(form.TP_FUEL.text(0, 1), "old");
+  }
+}
+
+TEST_F(MapTools, AShiftLeavesAbsentMapsAndScalesAloneAndEndsWhereTheScaleEnds) {
+  useMap("TYPE_UNIT\nCAR\nHIGH_FUEL,&H100,8,6,48,0,c\nHIGH_FIRE,&H140,8,6,48,0,c\n" +
+         mapBlock("TP_SCALE_FIRE", "&H240", 4, 1, 4));
+  fill(form.TP_FIRE, {{10, 20, 30, 40}});
+  for (const int tab : {1, 2, 6}) {
+    selectTab(tab);
+    shift(true, true);
+  }
+  EXPECT_EQ(form.Grid1.text(1, 1), std::to_string(editorState.image[0x101]));
+  EXPECT_EQ(rowText(form.TP_FUEL, 1, 9), "         ");
+  EXPECT_EQ(rowText(form.TP_FIRE, 1, 6), "0240 20 30 40 0  ");
+  EXPECT_EQ(form.AddGrid1.text(1, 1), "");
+}
+
+}  // namespace
