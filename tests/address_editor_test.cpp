@@ -65,6 +65,8 @@ TEST_F(AddressEditor, ShowsTheStretchAndOkBringsItIntoMapsAndParametersCancelDro
     EXPECT_EQ(grid.background(2, 10), cellColour(0xAB));
     drag(grid, 1, 1, 2, 225);
     EXPECT_EQ(selected(grid), bytes(0x20, 225) + "|" + bytes(0x101, 225));
+    grid.userMouseDown(MouseButton::right);
+    EXPECT_EQ(desk.popUps.back()->name(), "edit_02");
     enterCell(grid, 1, 1, "A5");
     enterCell(grid, 1, 225, "A5");  // 0x100
     ok ? form6.userEnter() : form6.userEscape();

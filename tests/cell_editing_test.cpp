@@ -111,6 +111,14 @@ TEST_F(CellEditing, TheKeysStepJustTheSelectionInAnyDirectionAndKeepIt) {
   }
 }
 
+TEST_F(CellEditing, TheRightButtonOpensTheEditMenuOnMapGrids) {
+  for (Grid* grid : {&fuel, &air, &doubled, &limits, &tpFuel, &rpmFuel}) {
+    grid->userMouseDown(MouseButton::left);
+    grid->userMouseDown(MouseButton::right);
+  }
+  EXPECT_EQ(desk.popUps, std::vector<MenuItem*>(3, form.menuBar.find("edit_0")));
+}
+
 TEST_F(CellEditing, TheBoostRowsFollowEachLoad) {
   tpFire.setText(0, 1, "old");
   enterCell(tpFuel, 1, 1, "no number");
