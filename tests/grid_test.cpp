@@ -1,10 +1,8 @@
-// The grid record: cells, the four corners of a selection, clip, resizing, and what is told to the
-// screen.
+// The grid record: the four corners of a selection, clip and resizing.
 #include "platform/grid.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/failure.h"
 #include "platform/window.h"
 
 namespace {
@@ -17,32 +15,11 @@ struct GridTest : testing::Test {
         grid.setText(r, c, std::to_string(r) + std::to_string(c));
       }
     }
-    grid.observer = [this](const Change& change) { changes.push_back(change.kind); };
   }
-  std::vector<Change::Kind> told() { return std::exchange(changes, {}); }
 
   Window window{"Form9"};
   Grid grid{window, 4, 5, 1, 1, Grid::Look{}};
-  std::vector<Change::Kind> changes;
 };
-
-TEST_F(GridTest, AnIndexOutsideFailsAndChangesNothing) {
-  for (const auto& [row, column] :
-       {std::pair(4, 0), std::pair(-1, 0), std::pair(0, 5), std::pair(0, -1)}) {
-    const std::function<void()> bad[] = {
-        [&] { grid.setSelection(GridSelection(1, 1, row, column)); },
-        [&] { grid.setSelection(GridSelection(row, column, 1, 1)); },
-        [&] { grid.setCell(row, column, "x", white); },
-        [&] { row ? grid.setRow(row) : grid.setColumn(column); },
-        [&] { row ? grid.setRowHeight(row, 1) : grid.setColumnWidth(column, 1); }};
-    for (const auto& each : bad) EXPECT_EQ(trapFailure(each), badSubscript) << &each - bad;
-  }
-  for (const auto& [rows, columns] :
-       {std::pair(-1, 1), std::pair(1024, 1025), std::pair(2147483647, 2147483647)}) {
-    EXPECT_EQ(trapFailure([&] { grid.resize(rows, columns); }), badSubscript);
-  }
-  EXPECT_TRUE(told().empty());
-}
 
 TEST_F(GridTest, ADragIsKeptInsideTheDataCellsInAnyDirection) {
   const std::tuple<GridSelection, GridSelection, const char*> table[] = {
@@ -59,19 +36,6 @@ TEST_F(GridTest, ADragIsKeptInsideTheDataCellsInAnyDirection) {
   grid.resize(1, 5);
   grid.userSelect({0, 0, 0, 3});
   EXPECT_EQ(grid.clip(), "01") << "no data cells, nothing to select";
-}
-
-TEST_F(GridTest, APauseTellsItsWritesAtItsEndEvenIfAFailureEndsIt) {
-  EXPECT_EQ(trapFailure([this] {
-              const GridPause outer(grid);
-              { const GridPause inner(grid); }
-              grid.setCell(2, 2, "b", white);
-              EXPECT_TRUE(told().empty());
-              throw Failure(overflow);
-            }),
-            overflow);
-  EXPECT_EQ(told(), std::vector{Change::cells});
-  EXPECT_TRUE(grid.visible() && grid.redraw());
 }
 
 TEST_F(GridTest, ResizingKeepsWhatLiesInBothSizes) {
