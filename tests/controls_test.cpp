@@ -75,8 +75,7 @@ TEST_F(Controls, TypingGoesThroughFilterAndLimitAndPastingThroughTheLimit) {
     int start, length, limit;
     const char *typed, *pasted, *after;
   } table[] = {{"", 0, 0, 0, "a1-b2.", "a1b", "12a1b"}, {"1234", 0, 4, 0, "9", "", "9"},
-               {"1234", 0, 4, 0, "x", "", "1234"},      {"1234", 1, 2, 0, "\b", "", "14"},
-               {"1234", 4, 0, 0, "\b\b5", "", "125"},   {"1234", 0, 0, 0, "\b", "", "1234"},
+               {"1234", 0, 4, 0, "x", "", "1234"},      {"1234", 4, 0, 0, "\b\b5", "", "125"},
                {"1234", 4, 0, 4, "5", "6", "1234"},     {"1234", 1, 2, 4, "", "ab1", "1ab4"},
                {"", 0, 0, 2, "", "日本語", "日本"},     {"日本語", 2, 0, 0, "\b", "", "日語"},
                {"12", 9, 9, 0, "3", "", "123"}};
@@ -89,32 +88,6 @@ TEST_F(Controls, TypingGoesThroughFilterAndLimitAndPastingThroughTheLimit) {
     if (*row.pasted) panel.box.userPaste(row.pasted);
     EXPECT_EQ(panel.box.text(), row.after) << row.before << " " << row.typed << row.pasted;
   }
-}
-
-TEST_F(Controls, AWindowLoadsActsClosesAndUnloadsOnceAndItsTimersRunInBetween) {
-  panel.unload();
-  panel.onLoad = panel.says("load");
-  panel.onActivate = panel.says("active");
-  panel.onUnload = panel.says("unload");
-  panel.firstFocus = &panel.list;
-  panel.userActivate();
-  for (int i = 0; i < 2; ++i) panel.load();
-  for (int i = 0; i < 2; ++i) panel.userActivate();
-  EXPECT_EQ(panel.focus(), &panel.list);
-  panel.timer.fire();
-  panel.timer.restart(50);
-  panel.timer.fire();
-  panel.userClose();
-  panel.closeButton = &panel.ok;
-  panel.userClose();
-  panel.onClose = panel.says("handler");
-  panel.userClose();
-  panel.userEscape();
-  panel.userEnter();
-  for (int i = 0; i < 2; ++i) panel.unload();
-  panel.userClose();
-  panel.timer.fire();
-  EXPECT_EQ(panel.told, "load active timer cancel ok handler cancel ok unload ");
 }
 
 TEST_F(Controls, AFailureThatNobodyCaughtEndsItsGestureAlone) {
