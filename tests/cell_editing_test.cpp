@@ -113,7 +113,9 @@ TEST_F(CellEditing, TheKeysStepJustTheSelectionInAnyDirectionAndKeepIt) {
 
 TEST_F(CellEditing, TheRightButtonOpensTheEditMenuOnMapGrids) {
   for (Grid* grid : {&fuel, &air, &doubled, &limits, &tpFuel, &rpmFuel}) {
+    const std::size_t before = desk.popUps.size();
     grid->userMouseDown(MouseButton::left);
+    EXPECT_EQ(desk.popUps.size(), before);
     grid->userMouseDown(MouseButton::right);
   }
   EXPECT_EQ(desk.popUps, std::vector<MenuItem*>(3, form.menuBar.find("edit_0")));
