@@ -50,48 +50,39 @@ int open(const char* path, int flags, ...) {
   va_start(rest, flags);
   const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
   va_end(rest);
-  static const auto call = original<int(const char*, int, ...)>("open");
-  return failsNow() ? -1 : call(path, flags, mode);
+  return failsNow() ? -1 : original<int(const char*, int, ...)>("open")(path, flags, mode);
 }
 
 ssize_t write(int file, const void* bytes, size_t count) {
-  static const auto call = original<ssize_t(int, const void*, size_t)>("write");
-  return failsNow() ? -1 : call(file, bytes, count);
+  return failsNow() ? -1 : original<ssize_t(int, const void*, size_t)>("write")(file, bytes, count);
 }
 
-int fsync(int file) {
-  static const auto call = original<int(int)>("fsync");
-  return failsNow() ? -1 : call(file);
-}
+int fsync(int file) { return failsNow() ? -1 : original<int(int)>("fsync")(file); }
 
 int rename(const char* from, const char* to) noexcept {
-  static const auto call = original<int(const char*, const char*)>("rename");
-  return failsNow() ? -1 : call(from, to);
+  return failsNow() ? -1 : original<int(const char*, const char*)>("rename")(from, to);
 }
 
 int link(const char* from, const char* to) noexcept {
-  static const auto call = original<int(const char*, const char*)>("link");
-  return failsNow() ? -1 : call(from, to);
+  return failsNow() ? -1 : original<int(const char*, const char*)>("link")(from, to);
 }
 
 int unlink(const char* path) noexcept {
-  static const auto call = original<int(const char*)>("unlink");
-  return failsNow() ? -1 : call(path);
+  return failsNow() ? -1 : original<int(const char*)>("unlink")(path);
 }
 
 int remove(const char* path) noexcept {
-  static const auto call = original<int(const char*)>("remove");
-  return failsNow() ? -1 : call(path);
+  return failsNow() ? -1 : original<int(const char*)>("remove")(path);
 }
 
 int fchmod(int file, mode_t mode) noexcept {
-  static const auto call = original<int(int, mode_t)>("fchmod");
-  return failsNow() ? -1 : call(file, mode);
+  return failsNow() ? -1 : original<int(int, mode_t)>("fchmod")(file, mode);
 }
 
 int faccessat(int folder, const char* path, int how, int flags) noexcept {
-  static const auto call = original<int(int, const char*, int, int)>("faccessat");
-  return failsNow() ? -1 : call(folder, path, how, flags);
+  return failsNow()
+             ? -1
+             : original<int(int, const char*, int, int)>("faccessat")(folder, path, how, flags);
 }
 
 }  // extern "C"
