@@ -12,12 +12,14 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/global_parameters.h"
-#include "core/text_lines.h"
+#include "core/text_files.h"
 #include "core/wording.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 
 namespace {
+
+constexpr int mostLimitedBytes = std::numeric_limits<int>::max() / 2;  // two digits each
 
 constexpr Colour presentColour = black;
 constexpr Colour absentColour = rgb(128, 128, 128);
@@ -33,14 +35,12 @@ constexpr std::array lateMaps{TTP_MAX,  TTP_MIN,  ADD_FUEL, AF_LIMIT, ADD_MAP1, 
 
 // A value line of the block whose keyword stands at `keyword`.
 const std::string& valueLine(int keyword, int line) {
-  return editorState.lines.at(static_cast<std::size_t>(keyword + line));
+  const auto position = static_cast<std::size_t>(keyword + line);
+  if (position >= editorState.lines.size()) throw Failure(badSubscript);
+  return editorState.lines[position];
 }
 
-std::int32_t wholeNumber(int keyword, int line) {
-  const std::size_t position = static_cast<std::size_t>(keyword + line);
-  if (position >= editorState.lines.size()) throw Failure(badSubscript);
-  return parseLong(editorState.lines[position]);
-}
+std::int32_t wholeNumber(int keyword, int line) { return parseLong(valueLine(keyword, line)); }
 
 float realNumber(int keyword, int line) {
   const double number = parseScale(valueLine(keyword, line));
@@ -100,7 +100,7 @@ void readParam(const ParamKind& kind, int keyword) {
   TextBox& box = form1().*kind.box;
   (form1().*kind.label).setCaption(entry.caption);
   box.setToolTip(placeToolTip(keyword, entry.caption));
-  if (kind.limitedLength) box.setMaxLength(std::clamp(entry.bytes, 0, 1 << 20) * 2);
+  if (kind.limitedLength) box.setMaxLength(std::clamp(entry.bytes, 0, mostLimitedBytes) * 2);
 }
 
 // Runs `read` for each item that equals `keyword`, so that the last occurrence stands.

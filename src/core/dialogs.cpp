@@ -16,8 +16,14 @@ void makeTopmost(Window& dialog, bool on) {
 void openDialog(Window& dialog) {
   form1().setEnabled(false);
   dialog.centreOn(form1());
-  dialog.load();
-  makeTopmost(dialog, true);
+  try {
+    dialog.load();
+    makeTopmost(dialog, true);
+  } catch (...) {
+    // A dialog that doesn't come up must not leave the main window without input.
+    closeDialog(dialog);
+    throw;
+  }
 }
 
 void closeDialog(Window& dialog) {

@@ -7,7 +7,7 @@
 
 #include "core/editor_state.h"
 #include "core/form1.h"
-#include "core/text_lines.h"
+#include "core/text_files.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/numbers.h"

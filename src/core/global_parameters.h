@@ -7,5 +7,5 @@ void showGlobalParams();
 // True if the box of a scaled parameter of this length can stand for its bytes: up to 32 bits.
 constexpr int maximumScaledBytes = 4;
 
-// Key filters and selection on focus of the fourteen boxes.
+// The key filters of the scaled parameters' boxes.
 void wireGlobalParams();

@@ -76,12 +76,15 @@ bool refusedWithoutImage(const Wording& text) {
   return true;
 }
 
-bool mayOverwrite(std::string path, const std::string& title) {
-  if (!fileExists(std::move(path))) return true;
+bool userOverwrites(const std::string& title) {
   const BoxAnswer answer =
       desktop().showBox({BoxIcon::question, BoxButtons::okCancel, worded(existsTitle),
                          title + "\r\n" + worded(existsQuestion)});
   return answer == BoxAnswer::ok;
+}
+
+bool mayOverwrite(std::string path, const std::string& title) {
+  return !fileExists(std::move(path)) || userOverwrites(title);
 }
 
 void keepChosen(const ChosenFile& chosen) {

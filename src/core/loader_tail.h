@@ -27,7 +27,9 @@ bool refusedWithoutAddressMap();
 bool refusedWithoutImage(const Wording& text);
 extern const Wording nothingToSave;
 
-// Asks whether an existing file may be overwritten; true when there is none.
+// Asks whether the file of this title may be overwritten.
+bool userOverwrites(const std::string& title);
+// The same if a file stands at `path`; true when there is none.
 bool mayOverwrite(std::string path, const std::string& title);
 
 // Keeps what a file dialog returned; then, once the file is loaded or saved, the image takes its

@@ -8,6 +8,7 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/image_bytes.h"
+#include "core/map_extent.h"
 #include "graphs/airflow_view.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
@@ -21,15 +22,6 @@ constexpr int airflowCellWidth = 620;   // twips
 constexpr int rpmCellWidth = 550;       // twips
 constexpr int addressWidth = 620;       // twips
 constexpr int limitHeaderHeight = 194;  // twips
-
-// The shape of one draw.
-struct Extent {
-  const MapKind& kind;
-  int columns;
-  int rows;
-  std::int64_t address;
-  int bytes;
-};
 
 class CellText {
  public:
@@ -46,8 +38,6 @@ std::string addressHeader(std::int64_t address) {
   return padHex(hexText(static_cast<std::uint32_t>(address)), 2);
 }
 
-void countProgress() { setProgress(++editorState.progressCount); }
-
 std::int64_t shownValue(const MapKind& kind, int byte) {
   if (!kind.scaled()) return byte;
   const std::int64_t shown = std::int64_t{byte} * editorState.addressMap.map(kind.id).scale;
@@ -61,7 +51,7 @@ void drawColumnHeaders(Grid& grid, int columns) {
   }
 }
 
-void drawBytes(Grid& grid, const Extent& extent, std::int32_t& drawn) {
+void drawBytes(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
   const bool scale = extent.kind.family == MapFamily::tpScale;
   const bool additional = extent.kind.family == MapFamily::additional;
   if (!scale) drawColumnHeaders(grid, extent.columns);
@@ -82,7 +72,7 @@ void drawBytes(Grid& grid, const Extent& extent, std::int32_t& drawn) {
   }
 }
 
-void drawRpmScale(Grid& grid, const Extent& extent, std::int32_t& drawn) {
+void drawRpmScale(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
   for (int i = 0; i < extent.columns; ++i) {
     const CellText text(shownValue(extent.kind, imageByte(extent.address + i)));
     grid.setText(i, 0, text.view());
@@ -91,7 +81,7 @@ void drawRpmScale(Grid& grid, const Extent& extent, std::int32_t& drawn) {
   }
 }
 
-void drawAirflow(Grid& grid, const Extent& extent, std::int32_t& drawn) {
+void drawAirflow(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
   const int words = extent.bytes / 2;
   for (int word = 1; word <= words; ++word) grid.setText(0, word, "+" + signedBlank(word));
   for (int r = 1; r <= extent.rows; ++r) {
@@ -106,7 +96,7 @@ void drawAirflow(Grid& grid, const Extent& extent, std::int32_t& drawn) {
   }
 }
 
-void drawCells(Grid& grid, const Extent& extent, std::int32_t& drawn) {
+void drawCells(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
   switch (extent.kind.family) {
     case MapFamily::airflow:
       return drawAirflow(grid, extent, drawn);
@@ -117,7 +107,7 @@ void drawCells(Grid& grid, const Extent& extent, std::int32_t& drawn) {
   }
 }
 
-bool drawnWhole(Grid& grid, const Extent& extent, std::int32_t& drawn) {
+bool drawnWhole(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
   const GridPause pause(grid);
   return trapFailure([&] { drawCells(grid, extent, drawn); }) == 0;
 }
@@ -147,7 +137,7 @@ void map_draw(int columns, int rows, int address, int bytes, int mapId) {
   std::int32_t& drawn = editorState.cellsDrawn[static_cast<std::size_t>(mapId)];
   drawn = 0;
   grid.setVisible(false);
-  const Extent extent{*kind, columns, rows, address, bytes};
+  const MapExtent extent{*kind, columns, rows, address, bytes};
   if (!drawnWhole(grid, extent, drawn)) return showRoutineError("MAP_DRAW");
   grid.setVisible(true);
   if (kind->family == MapFamily::airflow) drawAirflowView(grid, bytes);
@@ -194,7 +184,17 @@ void setGridsRedraw(bool on) {
   for (const MapKind& kind : mapKinds()) gridOf(kind).setRedraw(on);
 }
 
+GridsPause::GridsPause() : outermost_(gridOf(mapKinds().front()).redraw()) {
+  if (outermost_) setGridsRedraw(false);
+}
+
+GridsPause::~GridsPause() {
+  if (outermost_) setGridsRedraw(true);
+}
+
 void setProgress(int count) { setProgressOf(count, progressCells); }
+
+void countProgress() { setProgress(++editorState.progressCount); }
 
 void setProgressOf(std::int64_t done, std::int64_t total) {
   if (total <= 0) return;

@@ -11,19 +11,12 @@
 #include "core/global_parameters.h"
 #include "core/image_bytes.h"
 #include "core/map_display.h"
+#include "core/map_extent.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 #include "platform/utf8.h"
 
 namespace {
-
-struct Extent {
-  const MapKind& kind;
-  int columns;
-  int rows;
-  std::int64_t address;
-  int bytes;
-};
 
 std::uint8_t asByte(std::int32_t value) {
   if (value < 0 || value > 255) throw Failure(overflow);
@@ -59,11 +52,9 @@ class StoringWalk {
 };
 
 // Rows without cells are none, so that a file can't ask for billions of empty ones.
-int rowsWith(int cells, const Extent& extent) { return cells > 0 ? extent.rows : 0; }
+int rowsWith(int cells, const MapExtent& extent) { return cells > 0 ? extent.rows : 0; }
 
-void countProgress() { setProgress(++editorState.progressCount); }
-
-void storeBytes(const Extent& extent) {
+void storeBytes(const MapExtent& extent) {
   StoringWalk walk(extent.kind);
   std::int64_t place = extent.address;
   for (int r = 1; r <= rowsWith(extent.columns, extent); ++r) {
@@ -74,7 +65,7 @@ void storeBytes(const Extent& extent) {
   }
 }
 
-void storeRpmScale(const Extent& extent) {
+void storeRpmScale(const MapExtent& extent) {
   StoringWalk walk(extent.kind);
   for (int i = 0; i < extent.columns; ++i) {
     setImageByte(extent.address + i, storedByte(extent.kind, walk.next(i, 0)));
@@ -88,7 +79,7 @@ std::uint8_t digitPair(std::string_view digits, std::size_t pair) {
   return static_cast<std::uint8_t>(hexPrefix(digits.substr(start, 2)));
 }
 
-void storeAirflow(const Extent& extent) {
+void storeAirflow(const MapExtent& extent) {
   StoringWalk walk(extent.kind);
   const int words = extent.bytes / 2;
   std::int64_t place = extent.address;
@@ -103,7 +94,7 @@ void storeAirflow(const Extent& extent) {
   }
 }
 
-void storeCells(const Extent& extent) {
+void storeCells(const MapExtent& extent) {
   switch (extent.kind.family) {
     case MapFamily::airflow:
       return storeAirflow(extent);

@@ -10,7 +10,7 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/engine_summary.h"
-#include "core/text_lines.h"
+#include "core/text_files.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/numbers.h"

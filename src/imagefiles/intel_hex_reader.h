@@ -15,9 +15,8 @@ constexpr std::int64_t halfHexCapacity = 200001;
 
 // The bytes of all records in the order of the lines. A line ends with a carriage return and the
 // one byte behind it, whatever it is; text behind the last carriage return is dropped. Lines that
-// begin
-// ":00" or ":02" are passed over. 0xFF fills up to the first record's address. Columns that a line
-// doesn't have count as 0.
+// begin ":00" or ":02" are passed over. 0xFF fills up to the first record's address. Columns that
+// a line doesn't have count as 0.
 // Fails with badSubscript: more than `maximumHexLines` line ends, more than `capacity` bytes, a
 // first address of 8000 or above, a file of no bytes, records that give no byte.
 std::vector<std::uint8_t> readIntelHex(std::span<const std::uint8_t> fileBytes,

@@ -174,12 +174,18 @@ RomImage halfFrom(std::size_t first, std::size_t imageBytes) {
   return half;
 }
 
-// The path, or nothing when an existing file is not to be overwritten.
-std::optional<std::string> askForTarget(const Choice& choice, const Wording& title) {
+// The path, or nothing when the file there is not to be overwritten; the first half's own file
+// counts as there.
+std::optional<std::string> askForTarget(const Choice& choice, const Wording& title,
+                                        const std::string& firstHalf) {
   const ChosenFile chosen = desktop().chooseFileToSave(
       {choice.form.saveFilter, worded(title), settledPath(editorState.romFolder),
        withExtension(editorState.imagePath, choice.form.extension)});
-  if (!beneath([&] { return mayOverwrite(chosen.path, chosen.title); })) return std::nullopt;
+  const bool agreed = beneath([&] {
+    return nameSameFile(chosen.path, firstHalf) ? userOverwrites(chosen.title)
+                                                : mayOverwrite(chosen.path, chosen.title);
+  });
+  if (!agreed) return std::nullopt;
   return chosen.path;
 }
 
@@ -189,9 +195,9 @@ std::span<const std::uint8_t> bytesOf(const std::string& text) {
 
 void savePair(const Choice& choice) {
   editorState.progressCount = 0;
-  const auto oddPath = askForTarget(choice, choice.form.saveTitles[0]);
+  const auto oddPath = askForTarget(choice, choice.form.saveTitles[0], "");
   if (!oddPath) return;
-  const auto evenPath = askForTarget(choice, choice.form.saveTitles[1]);
+  const auto evenPath = askForTarget(choice, choice.form.saveTitles[1], *oddPath);
   if (!evenPath) return;
   showOperation("WRITE");
   writeBackAll();

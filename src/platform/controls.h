@@ -33,7 +33,7 @@ class Label : public Control {
   Colour colour_ = black;
 };
 
-// A captioned border around a group of controls. `frontmost` panels lie above their siblings.
+// A captioned border around a group of controls.
 class Frame : public Control {
  public:
   explicit Frame(Window& owner, std::string caption = {})
@@ -85,7 +85,7 @@ class TextBox : public Control {
   int selectionLength_ = 0;
 };
 
-// Key filters in use.
+// A key filter: decimal digits alone.
 bool digitKey(char32_t key);
 
 class CheckBox : public Control {

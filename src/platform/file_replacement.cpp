@@ -115,14 +115,15 @@ void resolve(Replacement& replacement) {
   requireReplaceable(replacement.target);
 }
 
-// Some file systems hold no second names; there an old file can't come back.
+// Some file systems hold no second names; there the old file is copied.
 void keepPrevious(Replacement& replacement) {
   std::error_code error;
   replacement.existed = fs::exists(replacement.target, error) || error;
   if (!replacement.existed) return;
-  const fs::path previous = freshPath(replacement.target);
-  fs::create_hard_link(replacement.target, previous, error);
-  if (!error) replacement.previous = previous;
+  replacement.previous = freshPath(replacement.target);
+  fs::create_hard_link(replacement.target, replacement.previous, error);
+  if (error)
+    failingAt(replacement, [&] { fs::copy_file(replacement.target, replacement.previous); });
 }
 
 void putBack(const Replacement& replacement) noexcept {

@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <exception>
 #include <filesystem>
 #include <system_error>
 
@@ -54,6 +55,17 @@ bool fileExists(std::string path) noexcept {
 std::string fileNameOf(std::string_view path) {
   const std::size_t last = path.find_last_of("\\/");
   return std::string(last == std::string_view::npos ? path : path.substr(last + 1));
+}
+
+bool nameSameFile(const std::string& one, const std::string& other) noexcept {
+  try {
+    const auto a = systemPath(one), b = systemPath(other);
+    std::error_code missing;
+    return std::filesystem::equivalent(a, b, missing) ||
+           std::filesystem::weakly_canonical(a) == std::filesystem::weakly_canonical(b);
+  } catch (const std::exception&) {
+    return one == other;
+  }
 }
 
 std::string folderOf(std::string_view path) {

@@ -40,6 +40,9 @@ void replaceFiles(std::span<const FileContent> files);
 // What stands behind the last "\" or "/".
 std::string fileNameOf(std::string_view path);
 
+// Whether both lead to one file, be it there or not. Never throws.
+bool nameSameFile(const std::string& one, const std::string& other) noexcept;
+
 // The folder before the last separator of the system, without that separator unless it is the root;
 // empty if there is none.
 std::string folderOf(std::string_view path);

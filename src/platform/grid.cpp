@@ -118,20 +118,6 @@ void Grid::setColumn(int column) {
   selectionChanged({selection_.row, column, selection_.row, column});
 }
 
-void Grid::setRowSel(int row) {
-  checkRow(row);
-  GridSelection next = selection_;
-  next.rowSel = row;
-  selectionChanged(next);
-}
-
-void Grid::setColumnSel(int column) {
-  checkColumn(column);
-  GridSelection next = selection_;
-  next.columnSel = column;
-  selectionChanged(next);
-}
-
 void Grid::setSelection(const GridSelection& selection) {
   checkRow(selection.row);
   checkRow(selection.rowSel);

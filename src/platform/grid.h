@@ -76,9 +76,7 @@ class Grid : public Control {
   GridBlock block() const;
   void setRow(int row);
   void setColumn(int column);
-  void setRowSel(int row);
-  void setColumnSel(int column);
-  // All four at once, as setColumn, setRow, setColumnSel, setRowSel would.
+  // The cursor's cell and the far corner at once.
   void setSelection(const GridSelection& selection);
   // The selected cells' text: tabs between columns, carriage returns between rows.
   std::string clip() const;

@@ -18,6 +18,7 @@
 #include <QTabBar>
 #include <QTimer>
 #include <algorithm>
+#include <limits>
 #include <memory>
 
 #include "frontend/qt/event_tap.h"
@@ -120,8 +121,14 @@ bool filterTextKeys(QLineEdit* widget, const TextBox& record, QEvent* event) {
 }
 
 int typingLimit(const TextBox& record) {
-  constexpr int unlimited = 32767;
-  return record.maxLength() > 0 ? record.maxLength() : unlimited;
+  return record.maxLength() > 0 ? record.maxLength() : std::numeric_limits<int>::max();
+}
+
+// The limit is the user's. What the program shows beyond it stays, and can only become shorter.
+void limitTyping(QLineEdit* widget, const TextBox& record, const QString& text) {
+  const int limit = std::max(typingLimit(record), static_cast<int>(text.size()));
+  // Setting it anew would move the cursor.
+  if (limit != widget->maxLength()) widget->setMaxLength(limit);
 }
 
 void showProgress(QProgressBar* widget, int value) {
@@ -162,13 +169,12 @@ void bind(QLineEdit* widget, TextBox& record) {
       widget, record,
       [widget, &record] {
         const QString text = shown(record.text());
-        // The limit is the user's; the program may show more.
-        widget->setMaxLength(std::max(typingLimit(record), static_cast<int>(text.size())));
+        limitTyping(widget, record, text);
         if (widget->text() != text) widget->setText(text);
       },
       [widget] { widget->selectAll(); });
   QObject::connect(widget, &QLineEdit::textEdited, [widget, &record] {
-    widget->setMaxLength(typingLimit(record));
+    limitTyping(widget, record, widget->text());
     record.userEdit(stored(widget->text()));
   });
   forwardFocus(widget, record);

@@ -1,5 +1,5 @@
 // Binding of menus: an item with children is a submenu, the caption "-" a separator, any other an
-// action with its shortcut. Items that come or go later are shown as well.
+// action with its shortcut. Items that come later are shown as well.
 #pragma once
 
 #include "platform/controls.h"

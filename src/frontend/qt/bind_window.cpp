@@ -13,8 +13,8 @@
 namespace {
 
 bool takeClose(Window& record, QEvent* event) {
-  event->ignore();
   record.userClose();
+  event->setAccepted(!record.loaded());
   return true;
 }
 

@@ -79,6 +79,8 @@ class GridView : public QTableView {
   void pressSection(Qt::Orientation orientation, int section);
   void enterSection(Qt::Orientation orientation, int section);
   void selectSections(Qt::Orientation orientation, int from, int to);
+  // Where a movement key leads from `cell`, maybe past the edge; nothing for other keys.
+  std::optional<Cell> cellByKey(Cell cell, const QKeyEvent& event) const;
   bool moveByKey(const QKeyEvent& event);
   bool editByKey(const QKeyEvent& event);
   bool typeKey(const QKeyEvent& event);

@@ -147,45 +147,42 @@ void GridView::selectSections(Qt::Orientation orientation, int from, int to) {
   }
 }
 
-bool GridView::moveByKey(const QKeyEvent& event) {
-  const bool extend = event.modifiers() & Qt::ShiftModifier;
+std::optional<GridView::Cell> GridView::cellByKey(Cell cell, const QKeyEvent& event) const {
   const bool far = event.modifiers() & Qt::ControlModifier;
   const Cell first{record_.fixedRows(), record_.fixedColumns()};
   const int page = std::max(viewport()->height() / std::max(rowHeight(0), 1) - 1, 1);
-  Cell cell =
-      extend ? Cell{record_.rowSel(), record_.columnSel()} : Cell{record_.row(), record_.column()};
   switch (event.key()) {
     case Qt::Key_Left:
-      cell.column = far ? first.column : cell.column - 1;
-      break;
+      return Cell{cell.row, far ? first.column : cell.column - 1};
     case Qt::Key_Right:
-      cell.column = far ? lastColumn() : cell.column + 1;
-      break;
+      return Cell{cell.row, far ? lastColumn() : cell.column + 1};
     case Qt::Key_Up:
-      cell.row = far ? first.row : cell.row - 1;
-      break;
+      return Cell{far ? first.row : cell.row - 1, cell.column};
     case Qt::Key_Down:
-      cell.row = far ? lastRow() : cell.row + 1;
-      break;
+      return Cell{far ? lastRow() : cell.row + 1, cell.column};
     case Qt::Key_PageUp:
-      cell.row -= page;
-      break;
+      return Cell{cell.row - page, cell.column};
     case Qt::Key_PageDown:
-      cell.row += page;
-      break;
+      return Cell{cell.row + page, cell.column};
     case Qt::Key_Home:
-      cell = far ? first : Cell{cell.row, first.column};
-      break;
+      return far ? first : Cell{cell.row, first.column};
     case Qt::Key_End:
-      cell = {far ? lastRow() : cell.row, lastColumn()};
-      break;
+      return Cell{far ? lastRow() : cell.row, lastColumn()};
     default:
-      return false;
+      return std::nullopt;
   }
+}
+
+bool GridView::moveByKey(const QKeyEvent& event) {
+  const bool extend = event.modifiers() & Qt::ShiftModifier;
+  const Cell from =
+      extend ? Cell{record_.rowSel(), record_.columnSel()} : Cell{record_.row(), record_.column()};
+  const std::optional<Cell> cell = cellByKey(from, event);
+  if (!cell) return false;
   if (extend) {
-    extendTo(cell);
+    extendTo(*cell);
   } else {
-    select(cell, cell);
+    select(*cell, *cell);
     showCell({record_.row(), record_.column()});
   }
   return true;

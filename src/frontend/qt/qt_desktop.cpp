@@ -132,9 +132,10 @@ void QtDesktop::setBusyPointer(bool on) {
 }
 
 QWidget* QtDesktop::widgetOf(Window& window) {
-  QPointer<QWidget>& widget = windows_[&window];
-  if (!widget) widget = makeWindow(window);
-  return widget;
+  if (QWidget* const widget = windows_.value(&window)) return widget;
+  QWidget* const made = makeWindow(window);
+  windows_[&window] = made;
+  return made;
 }
 
 void QtDesktop::prepareWindow(Window& window) { widgetOf(window); }

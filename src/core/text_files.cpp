@@ -1,4 +1,4 @@
-#include "core/text_lines.h"
+#include "core/text_files.h"
 
 #include <cstdint>
 #include <vector>

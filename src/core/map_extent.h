@@ -1,0 +1,14 @@
+// Where and in which shape one map is drawn from the image or stored into it.
+#pragma once
+
+#include <cstdint>
+
+#include "core/form1.h"
+
+struct MapExtent {
+  const MapKind& kind;
+  int columns;
+  int rows;
+  std::int64_t address;
+  int bytes;  // the airflow map's length
+};
