@@ -2,7 +2,9 @@
 #include "frontend/main_window.h"
 
 #include <algorithm>
+#include <new>
 
+#include "core/dialogs.h"
 #include "core/rom_image.h"
 #include "support.h"
 
@@ -57,6 +59,14 @@ TEST_F(MainWindow, EnglishReachesEveryCaptionAndJapaneseStays) {
     EXPECT_FALSE(isAscii(form.TabStrip1.tab(tab).toolTip)) << "tool tips have no English form";
   }
   EXPECT_EQ(form.Label22.caption() + form.Frame5.caption(), "HEX this frame insideVQ map");
+}
+
+TEST_F(MainWindow, ADialogThatFailsToOpenGivesTheMainWindowBack) {
+  start();
+  Window dialog("dialog");
+  dialog.onLoad = [] { throw std::bad_alloc(); };
+  EXPECT_THROW(openDialog(dialog), std::bad_alloc);
+  EXPECT_TRUE(form1().takesInput() && !dialog.loaded());
 }
 
 TEST_F(MainWindow, StartsWithoutAnImageWhateverTheListHolds) {

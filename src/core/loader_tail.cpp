@@ -62,6 +62,8 @@ void dropImage() {
   editorState.image.clear();
   editorState.savedImage.clear();
   editorState.imageSize = 0;
+  showFileSize();
+  form1().setCaption("ZELKOVA");
 }
 
 bool refusedWithoutAddressMap() {

@@ -270,6 +270,7 @@ OddEven::OddEven() : Window("oddeven") {
     formats.select(chosen);
   };
   onClose = [this] { closeDialog(*this); };
+  escapeCloses = true;
   Command1.onClick = [] {
     press(loadCommand, {"BIN読み込み", {}, tellLoadFailure, afterLoadFailure});
   };

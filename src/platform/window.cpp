@@ -61,6 +61,7 @@ void Window::userEnter() {
 }
 
 void Window::userEscape() {
+  if (escapeCloses) return userClose();
   if (cancelButton) cancelButton->userClick();
 }
 

@@ -46,7 +46,8 @@ class Window {
   // The close box: the `onClose` handler if there is one, else a click on the cancel button, else
   // nothing.
   void userClose();
-  // Enter and Escape: a click on the default or the cancel button.
+  // Enter and Escape: a click on the default or the cancel button; Escape closes a window with
+  // `escapeCloses`.
   void userEnter();
   void userEscape();
   // Any key pressed while the window or one of its controls has the focus; runs before the control
@@ -57,6 +58,7 @@ class Window {
   Button* cancelButton = nullptr;
   // What the close box does where it isn't the cancel button's work.
   Button* closeButton = nullptr;
+  bool escapeCloses = false;
   // The control that has the focus when the window opens.
   Control* firstFocus = nullptr;
   std::function<void(const Change&)> observer;

@@ -56,6 +56,14 @@ TEST_F(BindingsTest, ATextBoxTakesWhatItsFilterLetsThrough) {
   QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(record.box.text(), "3x9") << "pasting isn't filtered";
   EXPECT_EQ(record.told, "text text text text ");
+  QTest::keyClick(box, Qt::Key_Home);
+  QTest::keyClicks(box, "12");
+  EXPECT_EQ(record.box.text(), "123x9") << "the cursor stays where the user types";
+  record.box.setMaxLength(4);
+  record.box.setText(std::string(70000, '7'));
+  QTest::keyClick(box, Qt::Key_Home);
+  QTest::keyClick(box, Qt::Key_Delete);
+  EXPECT_EQ(record.box.text().size(), 69999U) << "long digits are never cut";
 }
 
 TEST_F(BindingsTest, FocusSelectsTheTextAndOnlyTheUsersOwnStepAwayLeavesABox) {

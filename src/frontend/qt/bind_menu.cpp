@@ -1,6 +1,8 @@
 #include "frontend/qt/bind_menu.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QFontMetrics>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
@@ -22,12 +24,22 @@ QString titleOf(const MenuItem& item) {
   return latin ? QLatin1Char('&') + caption : caption;
 }
 
+// A long path keeps its beginning and the file's name; the tool tip has all of it.
+void showCaption(QAction* action, const std::string& caption) {
+  constexpr int longest = 560;  // pixels
+  const QString whole = shown(caption);
+  const QFontMetrics metrics(QApplication::font("QMenu"));
+  const QString fitting = metrics.elidedText(whole, Qt::ElideMiddle, longest);
+  action->setText(shownCaption(stored(fitting)));
+  action->setToolTip(fitting == whole ? QString() : shownTip(caption));
+}
+
 // Shows an item's values on its action, and what was added below it.
 void follow(QAction* action, MenuItem& item, bool isTitle) {
   const auto show = [action, &item, isTitle] {
     action->setSeparator(item.caption() == "-");
     if (!action->isSeparator()) {
-      action->setText(isTitle ? titleOf(item) : shownCaption(item.caption()));
+      isTitle ? action->setText(titleOf(item)) : showCaption(action, item.caption());
     }
     action->setVisible(item.visible());
     action->setEnabled(item.enabled());
@@ -63,6 +75,7 @@ void addMissing(QWidget* parent, const MenuItem& item) {
 
 QMenu* makeMenu(MenuItem& item, QWidget* parent) {
   auto* const menu = new QMenu(parent);
+  menu->setToolTipsVisible(true);
   menu->setObjectName(shown(item.name()));
   menus[&item] = menu;
   QObject::connect(menu, &QObject::destroyed, [&item] { menus.erase(&item); });

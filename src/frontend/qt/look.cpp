@@ -4,6 +4,7 @@
 #include <QFontInfo>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
 
 namespace {
 
@@ -23,6 +24,18 @@ class Look : public QProxyStyle {
       default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
+  }
+
+  // A title that the keys have reached looks like one that the mouse has opened.
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    const auto* const title = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element != CE_MenuBarItem || !title || !(title->state & State_Selected)) {
+      return QProxyStyle::drawControl(element, option, painter, widget);
+    }
+    QStyleOptionMenuItem reached = *title;
+    reached.state |= State_Sunken;
+    QProxyStyle::drawControl(element, &reached, painter, widget);
   }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

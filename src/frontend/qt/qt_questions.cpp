@@ -35,8 +35,8 @@ QWidget* askingWindow() {
 
 constexpr Wording okCaption{"OK", "OK"};
 constexpr Wording cancelCaption{"キャンセル", "Cancel"};
-constexpr Wording yesCaption{"はい", "Yes"};
-constexpr Wording noCaption{"いいえ", "No"};
+constexpr Wording yesCaption{"はい(&Y)", "&Yes"};
+constexpr Wording noCaption{"いいえ(&N)", "&No"};
 
 struct AnswerButton {
   BoxAnswer answer;
@@ -187,7 +187,11 @@ BoxAnswer QtDesktop::doShowBox(const MessageBox& box) {
       button->setText(shown(worded(each.caption)));
     }
   }
-  if (box.buttons == BoxButtons::yesNo) window.setEscapeButton(QMessageBox::No);
+  if (box.buttons == BoxButtons::yesNo) {
+    // Yes gives data up: it takes more than a hasty Enter.
+    window.setDefaultButton(QMessageBox::No);
+    window.setEscapeButton(QMessageBox::No);
+  }
   makeRoomForTitle(window);
   const int pressed = window.exec();
   for (const AnswerButton& each : answerButtons) {

@@ -18,6 +18,7 @@ namespace {
 constexpr int airflowTab = 5;
 constexpr int globalTab = 14;
 constexpr int boxWidth = 84;
+const QString mapName = QStringLiteral("map");
 
 // The scales beside a map: load above it, engine speed at its side under a heading.
 struct Scales {
@@ -167,7 +168,6 @@ void addGlobals(QGridLayout* cells) {
   cells->addWidget(scroll, 0, 0);
 }
 
-// The map has the focus when its panel comes to the front.
 GridView* fillPanel(QGridLayout* cells, int tab) {
   Grid& map = gridOf(*mapKindOfTab(tab));
   for (const Scales& scales : scalesOfTabs) {
@@ -186,8 +186,16 @@ QWidget* makePanel(int tab) {
   if (tab == globalTab) {
     addGlobals(cells);
   } else {
-    panel->setFocusProxy(fillPanel(cells, tab));
+    fillPanel(cells, tab)->setObjectName(mapName);
     keepToTheCorner(cells);
   }
   return panel;
+}
+
+QWidget* firstFocusOf(QWidget* panel) {
+  if (auto* const map = panel->findChild<QWidget*>(mapName)) return map;
+  for (QLineEdit* box : panel->findChildren<QLineEdit*>()) {
+    if (box->isEnabled()) return box;
+  }
+  return nullptr;
 }

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -23,7 +24,7 @@ QWidget* makeForm1Window();
 namespace {
 
 constexpr QSize openingSize(1060, 680);
-constexpr QSize smallestSize(640, 420);
+constexpr QSize smallestSize(800, 420);  // the airflow view fits beside the tabs
 constexpr int progressWidth = 220;
 constexpr int progressHeight = 14;
 
@@ -62,22 +63,31 @@ void addTabKeys(QWidget* window, QTabBar* tabs) {
     return [tabs, step] { tabs->setCurrentIndex((tabs->currentIndex() + step) % tabs->count()); };
   };
   auto* const next = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Tab), window);
-  auto* const back = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), window);
+  auto* const back = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), window);
   QObject::connect(next, &QShortcut::activated, window, go(1));
   QObject::connect(back, &QShortcut::activated, window, go(tabs->count() - 1));
 }
 
-// Shows the record's front panel, which is made first if this is its first time.
-void showFrontPanel(QStackedWidget* stack, const Form1& form) {
+// Shows the record's front panel, which is made first if this is its first time. The focus goes
+// along, unless the user walks along the tabs.
+void showFrontPanel(QStackedWidget* stack, const QTabBar* tabs, const Form1& form) {
   const QString name = QString::number(form.frontPanel());
   auto* panel = stack->findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
   if (!panel) {
     panel = makePanel(form.frontPanel());
     panel->setObjectName(name);
     stack->addWidget(panel);
-    if (panel->focusProxy()) panel->focusProxy()->setFocus();
   }
+  if (stack->currentWidget() == panel && stack->count() > 1) return;
+  const bool amongTabs = tabs->hasFocus();
   stack->setCurrentWidget(panel);
+  if (QWidget* const first = firstFocusOf(panel); first && !amongTabs) first->setFocus();
+}
+
+// What the screen has beside its bars, less the window's frame.
+QSize roomFor(const QWidget* window) {
+  constexpr QSize frame(16, 48);
+  return window->screen()->availableSize() - frame;
 }
 
 QStatusBar* makeStatusBar(Form1& form) {
@@ -87,6 +97,7 @@ QStatusBar* makeStatusBar(Form1& form) {
   progress->setFixedHeight(progressHeight);
   bind(progress, form.ProgressBar1);
   auto* const bar = new QStatusBar;
+  bar->setContentsMargins(6, 0, 6, 0);
   bar->addWidget(labelFor(form.Label13), 1);
   bar->addPermanentWidget(progress);
   return bar;
@@ -112,10 +123,9 @@ QWidget* makeForm1Window() {
   window->setCentralWidget(centre);
   window->setStatusBar(makeStatusBar(form));
   window->setMinimumSize(smallestSize);
-  window->resize(openingSize);
-  const auto showPanel = [stack, &form] { showFrontPanel(stack, form); };
+  window->resize(openingSize.boundedTo(roomFor(window)));
+  const auto showPanel = [stack, tabs, &form] { showFrontPanel(stack, tabs, form); };
   showPanel();
-  stack->currentWidget()->setFocus();
   bindWindow(window, form, showPanel);
   return window;
 }
