@@ -161,6 +161,7 @@ void addGlobals(QGridLayout* cells) {
   rows->addStretch();
   auto* const scroll = new QScrollArea;
   scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::NoFocus);
   scroll->setWidgetResizable(true);
   scroll->setWidget(content);
   scroll->viewport()->setAutoFillBackground(false);
@@ -192,10 +193,4 @@ QWidget* makePanel(int tab) {
   return panel;
 }
 
-QWidget* firstFocusOf(QWidget* panel) {
-  if (auto* const map = panel->findChild<QWidget*>(mapName)) return map;
-  for (QLineEdit* box : panel->findChildren<QLineEdit*>()) {
-    if (box->isEnabled()) return box;
-  }
-  return nullptr;
-}
+QWidget* mapOf(QWidget* panel) { return panel->findChild<QWidget*>(mapName); }

@@ -68,9 +68,9 @@ void addTabKeys(QWidget* window, QTabBar* tabs) {
   QObject::connect(back, &QShortcut::activated, window, go(tabs->count() - 1));
 }
 
-// Shows the record's front panel, which is made first if this is its first time. The focus goes
-// along, unless the user walks along the tabs.
-void showFrontPanel(QStackedWidget* stack, const QTabBar* tabs, const Form1& form) {
+// Shows the record's front panel, which is made first if this is its first time. Its map gets
+// the focus, unless the user walks along the tabs; a parameter's box would take a stray key.
+void showFrontPanel(QStackedWidget* stack, QTabBar* tabs, const Form1& form) {
   const QString name = QString::number(form.frontPanel());
   auto* panel = stack->findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
   if (!panel) {
@@ -79,9 +79,9 @@ void showFrontPanel(QStackedWidget* stack, const QTabBar* tabs, const Form1& for
     stack->addWidget(panel);
   }
   if (stack->currentWidget() == panel && stack->count() > 1) return;
-  const bool amongTabs = tabs->hasFocus();
+  QWidget* const map = tabs->hasFocus() ? nullptr : mapOf(panel);
   stack->setCurrentWidget(panel);
-  if (QWidget* const first = firstFocusOf(panel); first && !amongTabs) first->setFocus();
+  (map ? map : tabs)->setFocus();
 }
 
 // What the screen has beside its bars, less the window's frame.
