@@ -18,7 +18,6 @@ struct Panel : Window {
     ok.onClick = says("ok");
     cancel.onClick = says("cancel");
     item.onClick = says("item");
-    timer.onTimer = says("timer");
     box.onChange = says("text");
     box.onLostFocus = says("left");
     check.onMouseDown = [this] { told += check.checked() ? "on " : "off "; };
@@ -43,14 +42,12 @@ struct Panel : Window {
   Frame frame{*this};
   Button ok{*this, "a & b"}, cancel{*this};
   MenuItem item{*this, "item"};
-  Timer timer{*this, 5};
   TextBox box{*this, "12"}, other{*this};
   CheckBox check{*this};
   OptionGroup group;
   Option first{*this, group}, second{*this, group};
   ListBox list{*this, {"1", "2", "3"}};
   TabStrip strip{*this, {{"first", "tip"}, {"second & last", ""}}};
-  ProgressBar progress{*this};
   Grid grid{*this, 3, 3, 1, 1, Grid::Look{}};
   Canvas canvas{*this, 40, 30};
 };

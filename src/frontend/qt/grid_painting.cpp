@@ -96,7 +96,9 @@ void CellPainter::drawText(const QRect& area, const std::string& text, Side side
 }
 
 void CellPainter::paintLines(const QRect& area) {
-  painter_.fillRect(area, shown(record_.look().lines));
+  const QColor lines = shown(record_.look().lines);
+  const QColor window = view_.palette().color(QPalette::Window);
+  painter_.fillRect(area, view_.isEnabled() ? lines : mixed(lines, window, disabledShare));
 }
 
 // The current cell keeps its own colours inside the border of the selection.

@@ -55,6 +55,7 @@ QGroupBox* graphGroup() {
   cells->addWidget(numberFor(form9.Text8), 1, 1);
   cells->addWidget(labelFor(form9.Label10), 1, 2);
   cells->addWidget(numberFor(form9.Text9), 1, 3);
+  cells->setColumnStretch(cells->columnCount(), 1);
   rows->addLayout(cells);
   return group;
 }
