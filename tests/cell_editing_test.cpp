@@ -111,6 +111,19 @@ TEST_F(CellEditing, TheKeysStepJustTheSelectionInAnyDirectionAndKeepIt) {
   }
 }
 
+TEST_F(CellEditing, EachCommandTellsTheScreenOnceAndALoadTwice) {
+  const std::pair<std::function<void()>, int> commands[] = {
+      {[this] { loadImage(patternImage(0x400, 2)); }, 2},  // emptied, filled
+      {[this] { enterCell(fuel, 2, 2, "9"); }, 1},
+      {[this] { drag(fuel, 1, 1, 4, 8); }, 0},
+      {[this] { fuel.userKey('+'); }, 1},
+      {[this] { pick("CPY"); }, 0},
+      {[this] { pick("PST"); }, 1}};
+  for (std::size_t i = 0; i < std::size(commands); ++i) {
+    EXPECT_EQ(repaintsOf(fuel, commands[i].first), commands[i].second) << i;
+  }
+}
+
 TEST_F(CellEditing, TheRightButtonOpensTheEditMenuOnMapGrids) {
   for (Grid* grid : {&fuel, &air, &doubled, &limits, &tpFuel, &rpmFuel}) {
     const std::size_t before = desk.popUps.size();
