@@ -13,6 +13,7 @@
 namespace failing_calls {
 
 int callsLeft = never;
+bool linksWork = true;
 std::function<int()> atThatCall;
 
 int inChild(const std::function<int()>& body) {
@@ -64,6 +65,7 @@ int rename(const char* from, const char* to) noexcept {
 }
 
 int link(const char* from, const char* to) noexcept {
+  if (!failing_calls::linksWork) return errno = EPERM, -1;
   return failsNow() ? -1 : original<int(const char*, const char*)>("link")(from, to);
 }
 

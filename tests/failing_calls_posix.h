@@ -13,6 +13,9 @@ extern int callsLeft;
 // What happens then: gives the error that the call fails with; 0 lets it pass.
 extern std::function<int()> atThatCall;
 
+// Whether files can have second names; some file systems hold none.
+extern bool linksWork;
+
 // Runs `body` in a process of its own and gives its exit code.
 int inChild(const std::function<int()>& body);
 
