@@ -43,6 +43,7 @@ int fromEnvironment(const char* name, int otherwise) {
 }
 
 constexpr std::size_t roomyImage = 5000;
+constexpr std::int32_t largestImage = 1 << 20;
 const char* const imageNames[] = {"a.bin", "b.bin", "c.hex", "d.hex"};
 const char* const pairNames[] = {"odd.bin", "even.bin", "odd.hex", "even.hex"};
 const char* const mapNames[] = {"map0.adr", "map1.adr", "map2.adr", "map3.adr", "junk.adr"};
@@ -396,7 +397,8 @@ TEST_F(TirelessUser, FindsNothingBroken) {
     }
     ASSERT_NO_FATAL_FAILURE(chance(10) ? checkBytesOfOneStep() : step());
     ASSERT_NO_FATAL_FAILURE(checkWhatMustHold());
-    if (desk.ended) startAnew();
+    // A hexadecimal text that is loaded raw, again and again, grows without end.
+    if (desk.ended || editorState.imageSize > largestImage) startAnew();
   }
   if (gestures >= 20000) {
     EXPECT_GT(stepsWatched, gestures / 100);
