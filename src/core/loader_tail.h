@@ -18,7 +18,7 @@ void loaderTail();
 // `image` and `savedImage` become `bytes`, `imageSize` their number. No bytes at all fail with
 // badSubscript.
 void takeImage(RomImage bytes);
-// Drops the image, so that no save can write half a load.
+// Drops the image, so that no save can write half a load; title bar and file size say so.
 void dropImage();
 
 // The refusal of a loader while no address map is loaded: shows the box and answers true.

@@ -31,10 +31,10 @@ void setGridsRedraw(bool on);
 
 // The bar at the whole part of count / 1170 * 100, plus 1, at most 100; -1 resets it to 0.
 void setProgress(int count);
-// One cell more of the operation under way.
-void countProgress();
 // The same for `done` of `total`.
 void setProgressOf(std::int64_t done, std::int64_t total);
+// One cell more of the operation under way.
+void countProgress();
 
 // Keeps all grids from repainting until the end of the scope, on every path. Of pauses within each
 // other the outermost counts.

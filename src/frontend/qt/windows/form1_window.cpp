@@ -73,12 +73,13 @@ void addTabKeys(QWidget* window, QTabBar* tabs) {
 void showFrontPanel(QStackedWidget* stack, QTabBar* tabs, const Form1& form) {
   const QString name = QString::number(form.frontPanel());
   auto* panel = stack->findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
-  if (!panel) {
+  const bool isNew = !panel;
+  if (isNew) {
     panel = makePanel(form.frontPanel());
     panel->setObjectName(name);
     stack->addWidget(panel);
   }
-  if (stack->currentWidget() == panel && stack->count() > 1) return;
+  if (!isNew && stack->currentWidget() == panel) return;
   QWidget* const map = tabs->hasFocus() ? nullptr : mapOf(panel);
   stack->setCurrentWidget(panel);
   (map ? map : tabs)->setFocus();
