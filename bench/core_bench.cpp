@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "core/map_display.h"
 #include "core/rom_image.h"
 #include "full_car.h"

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "editing/cell_editing.h"

@@ -1,5 +1,5 @@
 // The airflow map's curve below its grid, and when it follows the grid.
-#include "graphs/airflow_view.h"
+#include "core/airflow_view.h"
 
 #include "support.h"
 

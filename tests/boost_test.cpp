@@ -1,6 +1,6 @@
 // The boost that each load stands for: the formula's single-precision order, the two rows and the
 // command that refreshes them.
-#include "calc/boost.h"
+#include "core/boost.h"
 
 #include "platform/failure.h"
 #include "platform/numbers.h"

@@ -1,13 +1,13 @@
 // The small control records: what the program sets is told but handled by nobody; what the user
 // does passes one door that refuses for a disabled control, a closed window and an open box.
-#include "platform/controls.h"
+#include "controls/controls.h"
 
 #include <gtest/gtest.h>
 
+#include "controls/handler.h"
 #include "frontend/headless/headless_desktop.h"
 #include "panel.h"
 #include "platform/failure.h"
-#include "platform/handler.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // The grid record: the four corners of a selection, clip and resizing.
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/window.h"
+#include "controls/window.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <functional>
 #include <string>
 
-#include "platform/canvas.h"
-#include "platform/controls.h"
-#include "platform/grid.h"
+#include "controls/canvas.h"
+#include "controls/controls.h"
+#include "controls/grid.h"
 
 struct Panel : Window {
   Panel() : Window("panel") {

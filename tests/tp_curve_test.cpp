@@ -3,7 +3,7 @@
 
 #include <tuple>
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "graph_bed.h"
 #include "graphs/tp_picture.h"
 #include "platform/numbers.h"

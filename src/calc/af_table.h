@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/controls.h"
-#include "platform/grid.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/grid.h"
+#include "controls/window.h"
 
 struct Form5 : Window {
   Form5();

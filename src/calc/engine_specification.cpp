@@ -1,6 +1,6 @@
 #include "calc/engine_specification.h"
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/engine_summary.h"

@@ -2,8 +2,8 @@
 // them. They only feed the boost figures; nothing here touches the image.
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/window.h"
 
 struct Form2 : Window {
   Form2();

@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "controls/desktop.h"
+#include "controls/window.h"
 #include "core/wording.h"
-#include "platform/desktop.h"
-#include "platform/window.h"
 
 // Shows `dialog` above all windows, or takes it out of that order.
 void makeTopmost(Window& dialog, bool on);

@@ -1,9 +1,9 @@
 #include "core/file_command.h"
 
+#include "controls/desktop.h"
 #include "core/error_log.h"
 #include "core/form1.h"
 #include "core/map_display.h"
-#include "platform/desktop.h"
 #include "platform/failure.h"
 
 int runFileCommand(const FileCommand& command) {

@@ -5,11 +5,11 @@
 #include <array>
 #include <string>
 
+#include "controls/canvas.h"
+#include "controls/controls.h"
+#include "controls/grid.h"
+#include "controls/window.h"
 #include "core/map_entries.h"
-#include "platform/canvas.h"
-#include "platform/controls.h"
-#include "platform/grid.h"
-#include "platform/window.h"
 
 struct Form1 : Window {
   Form1();

@@ -5,7 +5,7 @@
 #include <limits>
 #include <utility>
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/form1.h"
 #include "core/global_parameters.h"

@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/wording.h"
-#include "platform/desktop.h"
 
 // The title bar: the image's name and " - ZELKOVA".
 void updateTitleBar();

@@ -4,12 +4,12 @@
 #include <charconv>
 #include <string>
 
+#include "core/airflow_view.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/image_bytes.h"
 #include "core/map_extent.h"
-#include "graphs/airflow_view.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
+#include "controls/colour.h"
 #include "core/map_entries.h"
-#include "platform/colour.h"
 
 // Draws one map; all numbers come from its MapEntry. `bytes` is the airflow map's length. A failure
 // shows a box and leaves the grid hidden.

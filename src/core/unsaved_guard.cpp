@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/map_display.h"
 #include "core/rom_image.h"
 #include "core/wording.h"
-#include "platform/desktop.h"
 
 namespace {
 

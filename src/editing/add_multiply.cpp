@@ -4,13 +4,13 @@
 #include <cmath>
 #include <limits>
 
+#include "core/airflow_view.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/map_display.h"
 #include "editing/entry.h"
 #include "editing/selection.h"
-#include "graphs/airflow_view.h"
 #include "platform/numbers.h"
 
 namespace {

@@ -4,9 +4,9 @@
 
 #include <cstdint>
 
+#include "controls/controls.h"
+#include "controls/window.h"
 #include "core/wording.h"
-#include "platform/controls.h"
-#include "platform/window.h"
 
 // What sets one of the two dialogs apart from the other.
 struct BulkChange {

@@ -3,8 +3,8 @@
 // shown.
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/window.h"
 
 // `Text1` is the start in hexadecimal, `Text2` bytes per row, `Text3` rows.
 struct Form13 : Window {

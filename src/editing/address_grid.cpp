@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"

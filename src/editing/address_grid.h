@@ -2,9 +2,9 @@
 // reach the image only at OK; then all maps and parameters are drawn again from the image.
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/grid.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/grid.h"
+#include "controls/window.h"
 
 struct Form6 : Window {
   Form6();

@@ -2,7 +2,7 @@
 // selected cell. Only cell texts and colours change; the image follows at the next write-back.
 #pragma once
 
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 // Asks for the value of the current cell and stores it, limited to what the grid's cells hold.
 void editCell(Grid& grid);

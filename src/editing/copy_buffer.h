@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 // The number at this column and row of the block, both from 0 and inside the buffer.
 std::int32_t& copiedNumber(int column, int row);

@@ -4,7 +4,7 @@
 // separated by commas.
 #pragma once
 
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 // The menu commands.
 void CPY();

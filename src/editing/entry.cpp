@@ -1,9 +1,9 @@
 #include "editing/entry.h"
 
+#include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/key_assignment.h"
 #include "editing/selection.h"
-#include "platform/desktop.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "controls/grid.h"
 #include "core/wording.h"
-#include "platform/grid.h"
 
 constexpr std::int32_t byteLimit = 255;
 constexpr std::int32_t wordLimit = 65535;

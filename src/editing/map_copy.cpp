@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"

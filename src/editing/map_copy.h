@@ -4,10 +4,10 @@
 
 #include <array>
 
+#include "controls/controls.h"
+#include "controls/window.h"
 #include "core/map_entries.h"
 #include "core/wording.h"
-#include "platform/controls.h"
-#include "platform/window.h"
 
 // A map and its counterpart, in the order of the first direction.
 struct MapPair {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/file_command.h"

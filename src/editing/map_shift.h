@@ -3,9 +3,9 @@
 // move along.
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/grid.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/grid.h"
+#include "controls/window.h"
 
 // `Option1` shifts left, `Option2` right; `Check1` takes the load scale along.
 struct Form11 : Window {

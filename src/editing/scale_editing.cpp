@@ -4,7 +4,7 @@
 #include <limits>
 #include <optional>
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "editing/entry.h"

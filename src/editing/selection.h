@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 // True for a cell that is no header.
 bool isDataCell(const Grid& grid, int row, int column);

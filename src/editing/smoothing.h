@@ -5,9 +5,9 @@
 
 #include <cstdint>
 
-#include "platform/controls.h"
-#include "platform/grid.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/grid.h"
+#include "controls/window.h"
 
 // `Text1` is the threshold.
 struct Form10 : Window {

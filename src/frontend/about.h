@@ -2,8 +2,8 @@
 // sound.
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/window.h"
 
 struct FrmAbout : Window {
   FrmAbout();

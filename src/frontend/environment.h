@@ -2,8 +2,8 @@
 // deletion of the recent-files list.
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/window.h"
 
 struct Form9 : Window {
   Form9();

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "calc/af_table.h"
-#include "calc/boost.h"
 #include "calc/engine_specification.h"
 #include "core/address_loading.h"
+#include "core/boost.h"
 #include "core/form1.h"
 #include "editing/add_multiply.h"
 #include "editing/address_dialog.h"

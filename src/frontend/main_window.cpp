@@ -1,5 +1,7 @@
 #include "frontend/main_window.h"
 
+#include "controls/desktop.h"
+#include "core/airflow_view.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/global_parameters.h"
@@ -9,8 +11,6 @@
 #include "core/wording.h"
 #include "editing/cell_editing.h"
 #include "editing/scale_editing.h"
-#include "graphs/airflow_view.h"
-#include "platform/desktop.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 

@@ -1,9 +1,9 @@
 #include "frontend/splash.h"
 
+#include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "frontend/form1_loading.h"
-#include "platform/desktop.h"
 #include "platform/files.h"
 
 FrmSplash frmSplash;

@@ -2,8 +2,8 @@
 // on any key or click.
 #pragma once
 
-#include "platform/controls.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/window.h"
 
 struct FrmSplash : Window {
   FrmSplash();

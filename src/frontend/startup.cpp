@@ -1,8 +1,8 @@
 #include "frontend/startup.h"
 
+#include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "frontend/splash.h"
-#include "platform/desktop.h"
 
 void startProgram(const std::string& appPath) {
   editorState.appPath = appPath;

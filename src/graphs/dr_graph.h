@@ -1,10 +1,10 @@
 // The window "3D GRAPH EDIT": canvas, labels and lines on it, and the display parameters below.
 #pragma once
 
-#include "platform/canvas.h"
-#include "platform/controls.h"
-#include "platform/line.h"
-#include "platform/window.h"
+#include "controls/canvas.h"
+#include "controls/controls.h"
+#include "controls/line.h"
+#include "controls/window.h"
 
 struct DrGraph : Window {
   DrGraph();

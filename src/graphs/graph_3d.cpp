@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <vector>
 
+#include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/settings_file.h"
 #include "core/wording.h"
 #include "graphs/dr_graph.h"
 #include "graphs/projection.h"
-#include "platform/desktop.h"
 #include "platform/numbers.h"
 
 GraphState graphState;

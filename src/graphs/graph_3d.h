@@ -7,10 +7,10 @@
 #include <cstdint>
 #include <string>
 
+#include "controls/colour.h"
+#include "controls/grid.h"
 #include "core/form1.h"
 #include "graphs/surface_picture.h"
-#include "platform/colour.h"
-#include "platform/grid.h"
 
 // Outlives the window. Cells are counted from 1.
 struct GraphState {

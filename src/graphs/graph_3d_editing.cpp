@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "controls/canvas.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/error_log.h"
@@ -11,7 +12,6 @@
 #include "core/settings_file.h"
 #include "graphs/dr_graph.h"
 #include "graphs/graph_3d.h"
-#include "platform/canvas.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 

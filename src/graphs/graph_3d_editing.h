@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 // The keys of the canvas. A held key moves or changes without a redraw; that comes at its release.
 void graphKeyDown(int keyCode);

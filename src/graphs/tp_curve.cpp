@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "calc/boost.h"
+#include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"

@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/canvas.h"
-#include "platform/controls.h"
-#include "platform/grid.h"
-#include "platform/window.h"
+#include "controls/canvas.h"
+#include "controls/controls.h"
+#include "controls/grid.h"
+#include "controls/window.h"
 
 constexpr int tpPoints = 129;  // of a longer scale the first ones are shown and written back
 

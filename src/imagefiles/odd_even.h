@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/controls.h"
-#include "platform/window.h"
+#include "controls/controls.h"
+#include "controls/window.h"
 
 struct OddEven : Window {
   OddEven();

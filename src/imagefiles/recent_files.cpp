@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "controls/desktop.h"
 #include "core/form1.h"
-#include "platform/desktop.h"
 
 namespace {
 

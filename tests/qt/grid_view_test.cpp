@@ -6,7 +6,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "platform/window.h"
+#include "controls/window.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "frontend/headless/headless_desktop.h"
 
+#include "controls/window.h"
 #include "platform/files.h"
-#include "platform/window.h"
 
 void HeadlessDesktop::setClipboardText(const std::string& text) { clipboard = text; }
 

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "controls/desktop.h"
 
 class HeadlessDesktop : public Desktop {
  public:

@@ -2,7 +2,7 @@
 // action with its shortcut. Items that come later are shown as well.
 #pragma once
 
-#include "platform/controls.h"
+#include "controls/controls.h"
 
 class QMenu;
 class QMenuBar;

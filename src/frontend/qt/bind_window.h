@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "platform/window.h"
+#include "controls/window.h"
 
 class QWidget;
 

@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/canvas.h"
-#include "platform/controls.h"
+#include "controls/canvas.h"
+#include "controls/controls.h"
 
 class QLabel;
 

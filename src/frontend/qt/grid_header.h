@@ -3,7 +3,7 @@
 
 #include <QHeaderView>
 
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 class GridHeader : public QHeaderView {
  public:

@@ -5,7 +5,7 @@
 
 #include <QAbstractTableModel>
 
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 class GridModel : public QAbstractTableModel {
  public:

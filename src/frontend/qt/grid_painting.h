@@ -5,7 +5,7 @@
 #include <QRect>
 #include <string>
 
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 class QPainter;
 class QWidget;

@@ -8,7 +8,7 @@
 #include <QTableView>
 #include <optional>
 
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 class CellPainter;
 class GridModel;

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "platform/line.h"
+#include "controls/line.h"
 
 class LineView : public QWidget {
  public:

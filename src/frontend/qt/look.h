@@ -4,7 +4,7 @@
 #include <QColor>
 #include <QFont>
 
-#include "platform/colour.h"
+#include "controls/colour.h"
 
 // Style, palette and font of the whole application. Called once, before the first window.
 void dressApplication();

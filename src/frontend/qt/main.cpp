@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include "controls/handler.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/error_log.h"
@@ -15,7 +16,6 @@
 #include "frontend/qt/text.h"
 #include "frontend/startup.h"
 #include "platform/failure.h"
-#include "platform/handler.h"
 
 namespace {
 

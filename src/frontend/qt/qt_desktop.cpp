@@ -14,12 +14,12 @@
 #include <QWidget>
 #include <array>
 
+#include "controls/window.h"
 #include "frontend/qt/bind_menu.h"
 #include "frontend/qt/grid_view.h"
 #include "frontend/qt/sound.h"
 #include "frontend/qt/text.h"
-#include "frontend/qt/windows/windows.h"
-#include "platform/window.h"
+#include "frontend/qt/windows/make_window.h"
 
 namespace {
 

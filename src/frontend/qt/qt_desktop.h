@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QString>
 
-#include "platform/desktop.h"
+#include "controls/desktop.h"
 
 class QWidget;
 

@@ -4,7 +4,7 @@
 
 #include <initializer_list>
 
-#include "platform/controls.h"
+#include "controls/controls.h"
 
 class QBoxLayout;
 class QDialog;

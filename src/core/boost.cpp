@@ -1,4 +1,4 @@
-#include "calc/boost.h"
+#include "core/boost.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
-#include "platform/window.h"
+#include "controls/window.h"
 
-#include "platform/button.h"
-#include "platform/desktop.h"
-#include "platform/handler.h"
+#include "controls/button.h"
+#include "controls/desktop.h"
+#include "controls/handler.h"
 
 void Window::setCaption(std::string text) {
   if (caption_ == text) return;

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/control.h"
+#include "controls/control.h"
 
 class Button;
 

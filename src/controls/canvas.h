@@ -5,8 +5,8 @@
 #include <functional>
 #include <vector>
 
-#include "platform/colour.h"
-#include "platform/control.h"
+#include "controls/colour.h"
+#include "controls/control.h"
 
 struct CanvasItem {
   enum Kind { line, outline, bar };

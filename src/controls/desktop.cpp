@@ -1,4 +1,4 @@
-#include "platform/desktop.h"
+#include "controls/desktop.h"
 
 #include "platform/failure.h"
 

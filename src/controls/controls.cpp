@@ -1,8 +1,8 @@
-#include "platform/controls.h"
+#include "controls/controls.h"
 
 #include <algorithm>
 
-#include "platform/handler.h"
+#include "controls/handler.h"
 #include "platform/utf8.h"
 
 void Label::userClick() {

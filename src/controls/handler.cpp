@@ -1,3 +1,3 @@
-#include "platform/handler.h"
+#include "controls/handler.h"
 
 std::function<void(int)> onEscapedFailure;

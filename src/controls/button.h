@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/control.h"
+#include "controls/control.h"
 
 class Button : public Control {
  public:

@@ -1,4 +1,4 @@
-#include "graphs/airflow_view.h"
+#include "core/airflow_view.h"
 
 #include <algorithm>
 #include <vector>

@@ -2,8 +2,8 @@
 // canvas and survives its clearing.
 #pragma once
 
-#include "platform/colour.h"
-#include "platform/control.h"
+#include "controls/colour.h"
+#include "controls/control.h"
 
 class Line : public Control {
  public:

@@ -1,9 +1,9 @@
-#include "frontend/qt/windows/windows.h"
+#include "frontend/qt/windows/make_window.h"
 
 #include <array>
 #include <string_view>
 
-#include "platform/window.h"
+#include "controls/window.h"
 
 QWidget* makeForm1Window();
 QWidget* makeForm2Window();

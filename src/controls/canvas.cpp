@@ -1,6 +1,6 @@
-#include "platform/canvas.h"
+#include "controls/canvas.h"
 
-#include "platform/handler.h"
+#include "controls/handler.h"
 
 void Canvas::clear() { items_.clear(); }
 

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/colour.h"
-#include "platform/control.h"
+#include "controls/colour.h"
+#include "controls/control.h"
 
 // Four corners as the user made them: `row`, `column` is the current cell, the other pair the
 // opposite corner, which may be smaller or greater.

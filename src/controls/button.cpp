@@ -1,6 +1,6 @@
-#include "platform/button.h"
+#include "controls/button.h"
 
-#include "platform/handler.h"
+#include "controls/handler.h"
 
 void Button::userClick() {
   if (takesInput()) runHandler(onClick);

@@ -11,10 +11,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/button.h"
-#include "platform/colour.h"
-#include "platform/control.h"
-#include "platform/window.h"
+#include "controls/button.h"
+#include "controls/colour.h"
+#include "controls/control.h"
+#include "controls/window.h"
 
 class Label : public Control {
  public:

@@ -1,10 +1,10 @@
-#include "platform/grid.h"
+#include "controls/grid.h"
 
 #include <algorithm>
 #include <cstdint>
 
+#include "controls/handler.h"
 #include "platform/failure.h"
-#include "platform/handler.h"
 
 Grid::Grid(Window& owner, int rows, int columns, int fixedRows, int fixedColumns, Look look)
     : Control(owner),
