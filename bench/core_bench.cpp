@@ -11,6 +11,8 @@
 
 #include "core/boost.h"
 #include "core/map_display.h"
+#include "core/map_kinds.h"
+#include "core/progress.h"
 #include "core/rom_image.h"
 #include "full_car.h"
 

@@ -12,6 +12,7 @@
 #include "core/boost.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/map_kinds.h"
 #include "editing/cell_editing.h"
 #include "platform/numbers.h"
 

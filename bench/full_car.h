@@ -10,6 +10,7 @@
 
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/map_kinds.h"
 #include "frontend/headless/headless_desktop.h"
 #include "frontend/startup.h"
 

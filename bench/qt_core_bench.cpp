@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/map_display.h"
+#include "core/map_kinds.h"
 #include "full_car.h"
 
 namespace {

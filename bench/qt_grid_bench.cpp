@@ -7,7 +7,6 @@
 #include <QScrollBar>
 
 #include "core/editor_state.h"
-#include "core/form1.h"
 #include "editing/address_grid.h"
 #include "frontend/headless/headless_desktop.h"
 #include "frontend/qt/grid_view.h"

@@ -1,6 +1,7 @@
 // The address-designated editor: its two dialogs, editing in hexadecimal, and the way back into the
 // image.
 
+#include "core/map_colours.h"
 #include "editing/address_dialog.h"
 #include "editing/address_grid.h"
 #include "map_tools_bed.h"

@@ -5,6 +5,7 @@
 #include <array>
 #include <filesystem>
 
+#include "core/map_kinds.h"
 #include "support.h"
 
 namespace {

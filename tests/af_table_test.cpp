@@ -2,7 +2,6 @@
 
 #include "calc/af_table.h"
 
-#include "core/map_display.h"
 #include "map_tools_bed.h"
 
 namespace {

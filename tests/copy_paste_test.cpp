@@ -3,6 +3,8 @@
 
 #include "editing/copy_paste.h"
 
+#include "core/map_colours.h"
+#include "core/map_kinds.h"
 #include "editing/map_copy.h"
 #include "map_tools_bed.h"
 

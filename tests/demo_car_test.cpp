@@ -2,7 +2,7 @@
 // address maps fit the image, and nothing changes that nobody edited.
 #include <filesystem>
 
-#include "core/map_display.h"
+#include "core/map_kinds.h"
 #include "core/settings_file.h"
 #include "support.h"
 

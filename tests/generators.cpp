@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "core/form1.h"
+#include "core/map_kinds.h"
 
 namespace {
 

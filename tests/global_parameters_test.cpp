@@ -1,6 +1,7 @@
 // The single parameters in their boxes: what they show, what may be typed, and what is stored.
 #include "core/global_parameters.h"
 
+#include "core/map_kinds.h"
 #include "platform/numbers.h"
 #include "support.h"
 

@@ -1,5 +1,4 @@
 // Drawing maps: texts, headers and colours of every kind of map, and draws that fail.
-#include "core/map_display.h"
 
 #include "support.h"
 

@@ -7,7 +7,7 @@
 #include <random>
 #include <sstream>
 
-#include "core/map_display.h"
+#include "core/map_kinds.h"
 #include "support.h"
 
 using Matrix = std::vector<std::vector<int>>;

@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "calc/af_table.h"
+#include "core/map_colours.h"
+#include "core/map_kinds.h"
 #include "editing/add_multiply.h"
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "core/map_kinds.h"
 #include "generators.h"
 #include "support.h"
 

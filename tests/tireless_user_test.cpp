@@ -10,6 +10,8 @@
 #include "calc/engine_specification.h"
 #include "core/global_parameters.h"
 #include "core/map_display.h"
+#include "core/map_kinds.h"
+#include "core/progress.h"
 #include "core/rom_image.h"
 #include "editing/add_multiply.h"
 #include "editing/address_dialog.h"

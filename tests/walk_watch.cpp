@@ -7,6 +7,7 @@
 
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/map_kinds.h"
 #include "plain_hex_reader.h"
 #include "platform/files.h"
 

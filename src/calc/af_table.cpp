@@ -6,8 +6,8 @@
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
-#include "core/form1.h"
-#include "core/map_display.h"
+#include "core/map_colours.h"
+#include "core/map_kinds.h"
 #include "platform/numbers.h"
 
 namespace {

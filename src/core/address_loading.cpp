@@ -10,6 +10,7 @@
 #include "core/form1.h"
 #include "core/loader_tail.h"
 #include "core/map_display.h"
+#include "core/map_kinds.h"
 #include "core/rom_image.h"
 #include "core/settings_file.h"
 #include "platform/failure.h"

@@ -12,6 +12,7 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/global_parameters.h"
+#include "core/map_kinds.h"
 #include "core/text_files.h"
 #include "core/wording.h"
 #include "platform/failure.h"

@@ -3,7 +3,7 @@
 #include "controls/desktop.h"
 #include "core/error_log.h"
 #include "core/form1.h"
-#include "core/map_display.h"
+#include "core/progress.h"
 #include "platform/failure.h"
 
 int runFileCommand(const FileCommand& command) {

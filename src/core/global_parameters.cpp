@@ -7,6 +7,7 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/image_bytes.h"
+#include "core/map_kinds.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 

@@ -9,13 +9,14 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/image_bytes.h"
+#include "core/map_colours.h"
 #include "core/map_extent.h"
+#include "core/map_kinds.h"
+#include "core/progress.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 
 namespace {
-
-constexpr int progressCells = 1170;  // of a usual model, whatever the address map holds
 
 constexpr int cellWidth = 430;          // twips
 constexpr int airflowCellWidth = 620;   // twips
@@ -114,19 +115,6 @@ bool drawnWhole(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
 
 }  // namespace
 
-Colour shadeColour(std::int64_t shade) {
-  const int blue = static_cast<int>(std::clamp<std::int64_t>(shade, 0, 255));
-  return rgb(255 - blue, 0, blue);
-}
-
-Colour cellColour(std::int64_t value) {
-  // Both factors are kept within 32 bits, so that the product can't overflow.
-  constexpr std::int64_t bound = std::int64_t{1} << 31;
-  return shadeColour(std::clamp(value, -bound, bound) * editorState.gridColorRate);
-}
-
-Colour airflowCellColour(std::int64_t value) { return shadeColour(value < 0 ? 0 : value / 256); }
-
 void map_draw(int columns, int rows, int address, int bytes, int mapId) {
   const MapKind* kind = findMapKind(mapId);
   if (!kind) {
@@ -190,14 +178,4 @@ GridsPause::GridsPause() : outermost_(gridOf(mapKinds().front()).redraw()) {
 
 GridsPause::~GridsPause() {
   if (outermost_) setGridsRedraw(true);
-}
-
-void setProgress(int count) { setProgressOf(count, progressCells); }
-
-void countProgress() { setProgress(++editorState.progressCount); }
-
-void setProgressOf(std::int64_t done, std::int64_t total) {
-  if (total <= 0) return;
-  const std::int64_t part = done < 0 ? 0 : std::min<std::int64_t>(done * 100 / total + 1, 100);
-  form1().ProgressBar1.setValue(static_cast<int>(part));
 }

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "core/form1.h"
+#include "core/map_kinds.h"
 
 struct MapExtent {
   const MapKind& kind;

@@ -12,6 +12,8 @@
 #include "core/image_bytes.h"
 #include "core/map_display.h"
 #include "core/map_extent.h"
+#include "core/map_kinds.h"
+#include "core/progress.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 #include "platform/utf8.h"

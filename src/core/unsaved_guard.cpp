@@ -4,7 +4,7 @@
 
 #include "controls/desktop.h"
 #include "core/editor_state.h"
-#include "core/map_display.h"
+#include "core/progress.h"
 #include "core/rom_image.h"
 #include "core/wording.h"
 

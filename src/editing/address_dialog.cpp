@@ -7,7 +7,7 @@
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
-#include "core/map_display.h"
+#include "core/progress.h"
 #include "core/rom_image.h"
 #include "core/settings_file.h"
 #include "editing/address_grid.h"

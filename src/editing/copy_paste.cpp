@@ -9,8 +9,8 @@
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
-#include "core/form1.h"
-#include "core/map_display.h"
+#include "core/map_colours.h"
+#include "core/map_kinds.h"
 #include "editing/copy_buffer.h"
 #include "editing/entry.h"
 #include "platform/numbers.h"

@@ -6,8 +6,8 @@
 #include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
-#include "core/form1.h"
 #include "core/map_display.h"
+#include "core/progress.h"
 #include "core/rom_image.h"
 
 namespace {

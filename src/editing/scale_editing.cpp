@@ -6,7 +6,7 @@
 
 #include "core/boost.h"
 #include "core/editor_state.h"
-#include "core/form1.h"
+#include "core/map_kinds.h"
 #include "editing/entry.h"
 #include "editing/selection.h"
 #include "platform/numbers.h"

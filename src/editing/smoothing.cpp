@@ -5,8 +5,8 @@
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
-#include "core/form1.h"
-#include "core/map_display.h"
+#include "core/map_colours.h"
+#include "core/map_kinds.h"
 #include "editing/entry.h"
 #include "platform/numbers.h"
 

@@ -5,7 +5,7 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/global_parameters.h"
-#include "core/map_display.h"
+#include "core/progress.h"
 #include "core/rom_image.h"
 #include "core/unsaved_guard.h"
 #include "core/wording.h"

@@ -5,6 +5,7 @@
 
 #include "controls/desktop.h"
 #include "core/editor_state.h"
+#include "core/map_kinds.h"
 #include "core/settings_file.h"
 #include "core/wording.h"
 #include "graphs/dr_graph.h"

@@ -9,7 +9,7 @@
 
 #include "controls/colour.h"
 #include "controls/grid.h"
-#include "core/form1.h"
+#include "core/map_kinds.h"
 #include "graphs/surface_picture.h"
 
 // Outlives the window. Cells are counted from 1.

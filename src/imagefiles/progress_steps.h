@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "core/map_display.h"
+#include "core/progress.h"
 
 class ProgressSteps {
  public:

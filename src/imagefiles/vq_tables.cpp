@@ -7,6 +7,7 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/map_display.h"
+#include "core/progress.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/numbers.h"

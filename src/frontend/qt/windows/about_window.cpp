@@ -6,7 +6,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "core/form1.h"
 #include "frontend/about.h"
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/bind_window.h"

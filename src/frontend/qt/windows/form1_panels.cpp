@@ -7,6 +7,7 @@
 #include <QScrollArea>
 
 #include "core/form1.h"
+#include "core/map_kinds.h"
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/canvas_view.h"
 #include "frontend/qt/grid_view.h"
