@@ -1,0 +1,14 @@
+# Builds for 64-bit Windows with Debian's mingw-w64, the threads of its C++ library.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${ZELKOVA_WINDOWS_ROOTS})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ZELKOVA_WINDOWS_ROOTS)
+# Whatever the build makes and runs itself, and the tests.
+set(CMAKE_CROSSCOMPILING_EMULATOR /usr/lib/wine/wine64)
