@@ -116,35 +116,4 @@ TEST_F(GridViewTest, ChangesAreShownBehindTheirEventAndNeverReadOutside) {
   EXPECT_FALSE(view.isVisible());
 }
 
-TEST_F(GridViewTest, ScalesScrollWithTheirMapInEachSizeOfTheWindow) {
-  grid.resize(41, 41);
-  Grid loadScale{window, 2, 17, 1, 1, {}}, speedScale{window, 16, 1, 0, 0, {}};
-  loadScale.setColumnWidths(430);
-  loadScale.setColumnWidth(0, 620);
-  QWidget panel;
-  auto* const map = new GridView(grid);
-  auto* const load = new GridView(loadScale);
-  auto* const speed = new GridView(speedScale);
-  load->followColumnsOf(map);
-  speed->followRowsOf(map);
-  auto* const places = new QGridLayout(&panel);
-  places->addWidget(load, 0, 1);
-  places->addWidget(speed, 1, 0, Qt::AlignTop);
-  places->addWidget(map, 1, 1);
-  panel.show();
-  QScrollBar* const across = map->horizontalScrollBar();
-  QScrollBar* const down = map->verticalScrollBar();
-  for (const QSize size : {QSize(900, 500), QSize(500, 300), QSize(1200, 600), QSize(400, 200)}) {
-    panel.resize(size);
-    for (const int scrolled : {0, 1}) {
-      QCoreApplication::processEvents();
-      EXPECT_EQ(load->columnViewportPosition(9), map->columnViewportPosition(9)) << scrolled;
-      EXPECT_EQ(speed->rowViewportPosition(9), map->rowViewportPosition(9)) << scrolled;
-      across->setValue(across->maximum());
-      down->setValue(down->maximum());
-    }
-  }
-  EXPECT_GT(down->value(), 16 * 16 - 100) << "further than the scale itself could scroll";
-}
-
 }  // namespace

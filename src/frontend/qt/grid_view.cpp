@@ -20,6 +20,8 @@ GridView::GridView(Grid& record, QWidget* parent)
   setFont(gridFont());
   setUpHeader(new GridHeader(Qt::Horizontal, record, this));
   setUpHeader(new GridHeader(Qt::Vertical, record, this));
+  across_.header = horizontalHeader();
+  down_.header = verticalHeader();
   setModel(model_);
   setSelectionMode(NoSelection);
   setEditTriggers(NoEditTriggers);
@@ -155,9 +157,13 @@ QSize GridView::minimumSizeHint() const {
 
 // Room for a scroll bar is asked for where one is needed, so that it doesn't cover the last cells.
 void GridView::noteBars() {
+  const auto needed = [this](const Direction& direction, int has, int wants) {
+    if (direction.leader || !testAttribute(Qt::WA_Resized)) return false;
+    return has < wants || (direction.follower && direction.bar->maximum() > 0);
+  };
   const QSize content = contentSize();
-  const bool below = !columnsLeader_ && testAttribute(Qt::WA_Resized) && width() < content.width();
-  const bool beside = !rowsLeader_ && testAttribute(Qt::WA_Resized) && height() < content.height();
+  const bool below = needed(across_, width(), content.width());
+  const bool beside = needed(down_, height(), content.height());
   if (below == needsBarBelow_ && beside == needsBarBeside_) return;
   needsBarBelow_ = below;
   needsBarBeside_ = beside;
@@ -169,53 +175,64 @@ void GridView::resizeEvent(QResizeEvent* event) {
   noteBars();
 }
 
-namespace {
-
-// The toolkit cuts a follower's range to its own cells, which would carry the leader along. Its
-// place is put back before anyone hears of it.
-void keepPlace(QScrollBar* follower, QHeaderView* header, const QScrollBar& leader, int place) {
-  follower->setRange(0, std::max(leader.maximum(), place));
-  follower->setValue(place);
-  follower->blockSignals(false);
-  follower->setMaximum(leader.maximum());
-  header->setOffset(follower->value());
+void GridView::follow(GridView* leader, Direction GridView::*direction) {
+  Direction& own = this->*direction;
+  Direction& other = leader->*direction;
+  own.leader = leader;
+  other.follower = this;
+  connect(other.bar, &QScrollBar::valueChanged, own.bar, &QScrollBar::setValue);
+  connect(own.bar, &QScrollBar::valueChanged, other.bar, &QScrollBar::setValue);
 }
-
-void scrollTogether(QScrollBar* one, QScrollBar* other) {
-  QObject::connect(one, &QScrollBar::valueChanged, other, &QScrollBar::setValue);
-  QObject::connect(other, &QScrollBar::valueChanged, one, &QScrollBar::setValue);
-}
-
-}  // namespace
 
 void GridView::followColumnsOf(GridView* leader) {
-  columnsLeader_ = leader;
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scrollTogether(leader->horizontalScrollBar(), horizontalScrollBar());
-  connect(leader->horizontalScrollBar(), &QScrollBar::rangeChanged, this,
-          [this] { updateGeometries(); });
+  follow(leader, &GridView::across_);
 }
 
 void GridView::followRowsOf(GridView* leader) {
-  rowsLeader_ = leader;
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scrollTogether(leader->verticalScrollBar(), verticalScrollBar());
-  connect(leader->verticalScrollBar(), &QScrollBar::rangeChanged, this,
-          [this] { updateGeometries(); });
+  follow(leader, &GridView::down_);
 }
 
+// The toolkit cuts a range to the view's own cells, which would carry the partner along: nobody
+// hears of it before both have the range of the longer one.
 void GridView::updateGeometries() {
-  QScrollBar* const across = horizontalScrollBar();
-  QScrollBar* const down = verticalScrollBar();
-  const int left = across->value();
-  const int top = down->value();
-  across->blockSignals(columnsLeader_);
-  down->blockSignals(rowsLeader_);
+  if (settling_) return QTableView::updateGeometries();
+  settling_ = true;
+  const QScrollBar& across = *across_.bar;
+  const QScrollBar& down = *down_.bar;
+  const QSize ranges(across.maximum(), down.maximum());
+  const QPoint place(across.value(), down.value());
+  across_.bar->blockSignals(across_.partner());
+  down_.bar->blockSignals(down_.partner());
   QTableView::updateGeometries();
-  if (columnsLeader_)
-    keepPlace(across, horizontalHeader(), *columnsLeader_->horizontalScrollBar(), left);
-  if (rowsLeader_) keepPlace(down, verticalHeader(), *rowsLeader_->verticalScrollBar(), top);
-  if (columnsLeader_ || rowsLeader_) viewport()->update();
+  settle(&GridView::across_, ranges.width(), place.x());
+  settle(&GridView::down_, ranges.height(), place.y());
+  settling_ = false;
+  shareRange(&GridView::across_);
+  shareRange(&GridView::down_);
+}
+
+// Puts back what the toolkit set.
+void GridView::settle(Direction GridView::*direction, int maximum, int value) {
+  Direction& own = this->*direction;
+  if (!own.partner()) return;
+  own.beyond = own.bar->maximum();
+  own.bar->setRange(0, maximum);
+  own.bar->setValue(value);
+  own.bar->blockSignals(false);
+}
+
+void GridView::shareRange(Direction GridView::*direction) {
+  Direction& own = this->*direction;
+  GridView* const partner = own.partner();
+  if (!partner) return;
+  const Direction& other = partner->*direction;
+  own.bar->setMaximum(std::max(own.beyond, other.beyond));
+  own.header->setOffset(own.bar->value());
+  if (other.bar->maximum() != own.bar->maximum()) partner->updateGeometries();
+  if (own.follower) noteBars();
+  viewport()->update();
 }
 
 void GridView::paintEvent(QPaintEvent* event) {

@@ -18,7 +18,8 @@ class GridView : public QTableView {
   explicit GridView(Grid& record, QWidget* parent = nullptr);
   ~GridView() override;
 
-  // Scrolls with another grid, so that the cells stay over (beside) its columns (rows).
+  // Scrolls with another grid, so that the cells stay over (beside) its columns (rows). Both scroll
+  // as far as the longer one needs.
   void followColumnsOf(GridView* leader);
   void followRowsOf(GridView* leader);
   // Shows at once what waits for the end of the event.
@@ -51,6 +52,16 @@ class GridView : public QTableView {
     int column;
   };
 
+  // One direction in which the view may scroll together with another.
+  struct Direction {
+    QScrollBar* bar;
+    QHeaderView* header;
+    GridView* leader = nullptr;
+    GridView* follower = nullptr;
+    int beyond = 0;  // pixels of this view's own cells that its viewport doesn't show
+    GridView* partner() const { return leader ? leader : follower; }
+  };
+
   // Set-up, observing and sizes: grid_view.cpp
   void setUpHeader(QHeaderView* header);
   void tapCorner();
@@ -63,6 +74,9 @@ class GridView : public QTableView {
   void updateAll();
   QSize contentSize() const;
   void noteBars();
+  void follow(GridView* leader, Direction GridView::*direction);
+  void settle(Direction GridView::*direction, int maximum, int value);
+  void shareRange(Direction GridView::*direction);
   // Where a cell of the model stands in the viewport.
   QRect placeOf(int row, int column) const;
   void paintSelection(CellPainter& cells) const;
@@ -96,6 +110,7 @@ class GridView : public QTableView {
   bool needsBarBeside_ = false;
   std::optional<QPoint> dragPoint_;
   QBasicTimer dragTimer_;
-  GridView* columnsLeader_ = nullptr;
-  GridView* rowsLeader_ = nullptr;
+  Direction across_{horizontalScrollBar(), nullptr};
+  Direction down_{verticalScrollBar(), nullptr};
+  bool settling_ = false;
 };

@@ -19,6 +19,7 @@ namespace {
 constexpr int airflowTab = 5;
 constexpr int globalTab = 14;
 constexpr int boxWidth = 84;
+constexpr Qt::Alignment corner = Qt::AlignTop | Qt::AlignLeft;
 const QString mapName = QStringLiteral("map");
 
 // The scales beside a map: load above it, engine speed at its side under a heading.
@@ -89,6 +90,8 @@ GridView* addMapWithScales(QGridLayout* cells, Grid& map, const Scales& scales) 
   auto* const load = new GridView(form.*scales.load);
   auto* const speed = new GridView(form.*scales.speed);
   auto* const view = new GridView(map);
+  load->setObjectName(QStringLiteral("load"));
+  speed->setObjectName(QStringLiteral("speed"));
   load->followColumnsOf(view);
   speed->followRowsOf(view);
   auto* const heading = labelFor(form.*scales.heading);
@@ -100,9 +103,9 @@ GridView* addMapWithScales(QGridLayout* cells, Grid& map, const Scales& scales) 
   side->addWidget(heading);
   side->addWidget(speed);
   side->addStretch();
-  cells->addWidget(load, 0, 1);
+  cells->addWidget(load, 0, 1, corner);
   cells->addLayout(side, 1, 0);
-  cells->addWidget(view, 1, 1);
+  cells->addWidget(view, 1, 1, corner);
   return view;
 }
 

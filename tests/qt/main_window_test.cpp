@@ -1,0 +1,83 @@
+// The main window as it stands on the screen: each scale cell beside its row or above its column.
+#include <gtest/gtest.h>
+
+#include <QtTest>
+#include <QtWidgets>
+#include <memory>
+
+#include "core/form1.h"
+#include "core/map_display.h"
+#include "frontend/qt/grid_view.h"
+#include "frontend/qt/windows/make_window.h"
+
+namespace {
+
+struct MainWindowTest : testing::Test {
+  MainWindowTest() {
+    discardForm1();
+    setGridLayout();
+    window.reset(makeWindow(form1()));
+    window->show();
+  }
+  // The places of a view's first cells in the window, one after another down or across.
+  std::vector<std::pair<int, int>> places(const GridView& view, bool down, int count) const {
+    std::vector<std::pair<int, int>> found;
+    for (int i = 0; i < count; ++i) {
+      const QPoint inside =
+          down ? QPoint(0, view.rowViewportPosition(i)) : QPoint(view.columnViewportPosition(i), 0);
+      const QPoint place = view.viewport()->mapTo(window.get(), inside);
+      found.emplace_back(down ? place.y() : place.x(),
+                         down ? view.rowHeight(i) : view.columnWidth(i));
+    }
+    return found;
+  }
+  const GridView& view(const char* name) const {
+    return *window->findChild<QStackedWidget*>()->currentWidget()->findChild<GridView*>(name);
+  }
+
+  std::unique_ptr<QWidget> window;
+};
+
+bool showsItsLast(const GridView& view) {
+  const int row = view.model()->rowCount() - 1;
+  const int column = view.model()->columnCount() - 1;
+  return view.rowViewportPosition(row) + view.rowHeight(row) <= view.viewport()->height() &&
+         view.columnViewportPosition(column) + view.columnWidth(column) <= view.viewport()->width();
+}
+
+TEST_F(MainWindowTest, EachScaleCellStandsBesideItsRowOrAboveItsColumnAtEverySize) {
+  const QSize opening = window->size();
+  for (const auto& [tab, map] : {std::pair(1, &form1().Grid1), std::pair(2, &form1().Grid2)}) {
+    form1().bringPanelToFront(tab);
+    const GridView& cells = view("map");
+    const GridView& load = view("load");
+    const GridView& speed = view("speed");
+    for (const QSize size : {opening, window->minimumSize(), QSize(1900, 1000)}) {
+      window->resize(size);
+      for (int each = 0; each < 18 * 18; ++each) {
+        const int rows = each % 18 + 1;
+        const int columns = each / 18 + 1;
+        map->resize(rows + 1, columns + 1);
+        map->setEnabled(each % 3 == 0);
+        setGridLayout();
+        for (const bool scrolled : {false, true}) {
+          QCoreApplication::processEvents();
+          const int across = scrolled ? cells.horizontalScrollBar()->maximum() : 0;
+          const int down = scrolled ? cells.verticalScrollBar()->maximum() : 0;
+          cells.horizontalScrollBar()->setValue(across);
+          cells.verticalScrollBar()->setValue(down);
+          SCOPED_TRACE(testing::Message() << "tab " << tab << " " << rows << "x" << columns
+                                          << " scrolled " << across << "," << down);
+          ASSERT_EQ(places(cells, true, std::min(rows, 16)),
+                    places(speed, true, std::min(rows, 16)));
+          ASSERT_EQ(places(cells, false, std::min(columns, 16)),
+                    places(load, false, std::min(columns, 16)));
+          if (!scrolled) continue;
+          ASSERT_TRUE(showsItsLast(cells) && showsItsLast(load) && showsItsLast(speed));
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
