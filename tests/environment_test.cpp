@@ -96,7 +96,7 @@ TEST_F(EnvironmentTest, TheVersionWindowPlaysOnlyForTheExactWordAndOpensTheManua
   pick("ver_displ");
   desk.programsStart = false;
   frmAbout.Label6.userClick();
-  EXPECT_EQ(desk.addresses, std::vector{path("manual/index.html")});
+  EXPECT_EQ(desk.addresses, std::vector{joinPath(path("manual"), "index.html")});
   EXPECT_TRUE(form1().enabled() && !frmAbout.loaded());
 }
 

@@ -71,6 +71,30 @@ TEST(SavesUnderFire, AFailingCallLeavesTheOldFilesOrTheNewOnesAndAnotherSaveHarm
   EXPECT_GE(points, 80);
 }
 
+// A second call fails while the first failure is taken back.
+TEST(SavesUnderFire, WhatCannotBePutBackIsNotThrownAway) {
+  bool reached = true;
+  for (int at = 0; reached; ++at) {
+    for (int later = 0; later < 6; ++later) {
+      const Three three;
+      bool first = true;
+      calls::atThatCall = [&first, later] {
+        if (std::exchange(first, false)) calls::callsLeft = later;
+        return EIO;
+      };
+      calls::callsLeft = at;
+      const char* const wanted = three.save() == 0 ? "new even" : "old";
+      reached = !first;
+      calls::callsLeft = calls::never;
+      bool kept = false;
+      for (const fs::directory_entry& entry : fs::directory_iterator(three.folder.path())) {
+        kept = kept || contentOf(entry.path()) == wanted;
+      }
+      EXPECT_TRUE(kept) << "calls " << at << " and " << later << " later: " << three.texts();
+    }
+  }
+}
+
 TEST(SavesUnderFire, OnlyAbandonedFilesOfTheSameTargetAreRemoved) {
   const ScratchFolder folder;
   const std::string ours = ".a.AF63DC4C8601EC8C-0123456789ABCDEF.zelkova-new";

@@ -93,6 +93,13 @@ TEST_F(OddEvenPairs, RefusalsDeclinesAndCancelsChangeNothingAndNoBoxStandsBehind
   press(save, 0, false, "both", "./both");
   EXPECT_EQ(told(), "both" + mayOverwrite) << "the halves would share a file";
   EXPECT_FALSE(std::filesystem::exists(path("both")));
+#ifdef _WIN32
+  desk.boxAnswers = {BoxAnswer::cancel};
+  press(save, 0, false, "both", "BOTH");
+  EXPECT_EQ(told(), "BOTH" + mayOverwrite) << "the halves would share a file";
+  EXPECT_FALSE(std::filesystem::exists(path("both"))) << readBytes("both").size();
+  std::filesystem::remove(path("both"));
+#endif
   EXPECT_EQ(form1().Grid1.text(1, 1), std::to_string(editorState.image.at(0x100)));
   pick("odd_even_file");
   EXPECT_TRUE(oddeven.List1.text() == "256" && oddeven.Option1.selected());

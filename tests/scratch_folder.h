@@ -25,7 +25,10 @@ class ScratchFolder {
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-  std::string operator/(std::string_view name) const { return joinPath(path_.string(), name); }
+  std::string operator/(std::string_view name) const {
+    const std::u8string utf8 = path_.u8string();
+    return joinPath(std::string(utf8.begin(), utf8.end()), name);
+  }
   const std::filesystem::path& path() const { return path_; }
 
   // How many entries stand in it.

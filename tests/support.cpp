@@ -7,7 +7,7 @@
 #include "frontend/startup.h"
 #include "platform/text_encoding.h"
 
-ProgramTest::ProgramTest() : folder(scratch.path().string()) {
+ProgramTest::ProgramTest() : folder(folderOf(scratch / "x")) {
   discardForm1();
   editorState = EditorState{};
   useDesktop(&desk);
@@ -63,7 +63,9 @@ void ProgramTest::writeText(const std::string& name, const std::string& text) co
 }
 
 void ProgramTest::writeBytes(const std::string& name, const Bytes& bytes) const {
-  std::ofstream file(path(name), std::ios::binary);
+  const std::string utf8 = path(name);
+  std::ofstream file(std::filesystem::path(std::u8string(utf8.begin(), utf8.end())),
+                     std::ios::binary);
   file.write(reinterpret_cast<const char*>(bytes.data()),
              static_cast<std::streamsize>(bytes.size()));
 }

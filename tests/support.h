@@ -35,7 +35,7 @@ class ProgramTest : public testing::Test {
   // Puts `addressMap` into a file and picks it by the menu.
   void useMap(const std::string& addressMap);
 
-  std::string path(const std::string& name) const { return folder + "/" + name; }
+  std::string path(const std::string& name) const { return joinPath(folder, name); }
   void writeText(const std::string& name, const std::string& text) const;
   void writeBytes(const std::string& name, const Bytes& bytes) const;
   Bytes readBytes(const std::string& name) const;

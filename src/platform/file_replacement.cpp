@@ -126,13 +126,15 @@ void keepPrevious(Replacement& replacement) {
     failingAt(replacement, [&] { fs::copy_file(replacement.target, replacement.previous); });
 }
 
-void putBack(const Replacement& replacement) noexcept {
-  std::error_code ignored;
+// False if the old file could not be put back; it then stays under its second name.
+bool putBack(const Replacement& replacement) noexcept {
+  std::error_code error;
   if (!replacement.previous.empty()) {
-    fs::rename(replacement.previous, replacement.target, ignored);
+    fs::rename(replacement.previous, replacement.target, error);
   } else if (!replacement.existed) {
-    fs::remove(replacement.target, ignored);
+    fs::remove(replacement.target, error);
   }
+  return !error;
 }
 
 void dropPrevious(const Replacement& replacement) noexcept {
@@ -153,8 +155,7 @@ void moveAllOrNone(std::vector<Replacement>& replacements) {
     moveAll(replacements);
   } catch (...) {
     for (auto last = replacements.rbegin(); last != replacements.rend(); ++last) {
-      if (last->moved) putBack(*last);
-      dropPrevious(*last);
+      if (!last->moved || putBack(*last)) dropPrevious(*last);
     }
     throw;
   }

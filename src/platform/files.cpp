@@ -62,7 +62,8 @@ bool nameSameFile(const std::string& one, const std::string& other) noexcept {
     const auto a = systemPath(one), b = systemPath(other);
     std::error_code missing;
     return std::filesystem::equivalent(a, b, missing) ||
-           std::filesystem::weakly_canonical(a) == std::filesystem::weakly_canonical(b);
+           nameSameEntry(std::filesystem::weakly_canonical(a),
+                         std::filesystem::weakly_canonical(b));
   } catch (const std::exception&) {
     return one == other;
   }

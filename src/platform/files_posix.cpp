@@ -108,6 +108,8 @@ const char pathSeparator = '/';
 
 bool isSeparator(char c) { return c == '/'; }
 
+bool nameSameEntry(const fs::path& one, const fs::path& other) { return one == other; }
+
 std::size_t rootLength(std::string_view path) { return path.starts_with('/') ? 1 : 0; }
 
 std::vector<std::uint8_t> readRegularFile(const fs::path& path, std::size_t atMost) {

@@ -14,6 +14,9 @@
 extern const char pathSeparator;
 bool isSeparator(char c);
 
+// Whether two canonical paths name one entry of a folder, be it there or not.
+bool nameSameEntry(const std::filesystem::path& one, const std::filesystem::path& other);
+
 // How many characters of `path` name its root; 0 for a relative path.
 std::size_t rootLength(std::string_view path);
 

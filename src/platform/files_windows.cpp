@@ -68,11 +68,30 @@ void require(bool succeeded) {
   if (!succeeded) fail(GetLastError());
 }
 
+// Virus scanners, indexers and synchronisers look at a file right after it was written, and let go
+// of it soon. A file that is refused for good has another error and is told at once.
+bool isHeldForNow(DWORD error) {
+  return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ||
+         error == ERROR_USER_MAPPED_FILE;
+}
+
+// `succeeds` is tried for about a second while its error `mayPass`.
+template <typename Call>
+void requirePatiently(Call succeeds, bool (*mayPass)(DWORD error)) {
+  constexpr DWORD pause = 20;  // milliseconds
+  for (int left = 50; !succeeds(); --left) {
+    const DWORD error = GetLastError();
+    if (left == 0 || !mayPass(error)) fail(error);
+    Sleep(pause);
+  }
+}
+
 HANDLE toHandle(std::intptr_t value) { return reinterpret_cast<HANDLE>(value); }
 
 const std::intptr_t noHandle = reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE);
 
 HANDLE openRegular(const fs::path& path) {
+  if (path.empty()) fail(ERROR_FILE_NOT_FOUND);
   const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
                                   FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
   require(file != INVALID_HANDLE_VALUE);
@@ -109,6 +128,10 @@ bool isDriveLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 
 const char pathSeparator = '\\';
 
 bool isSeparator(char c) { return c == '\\' || c == '/'; }
+
+bool nameSameEntry(const fs::path& one, const fs::path& other) {
+  return CompareStringOrdinal(one.c_str(), -1, other.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
 
 std::size_t rootLength(std::string_view path) {
   const auto separatorAt = [path](std::size_t i) {
@@ -150,9 +173,15 @@ void requireReplaceable(const fs::path& target) {
   if ((attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) {
     fail(ERROR_ACCESS_DENIED);
   }
-  const Handle file(CreateFileW(target.c_str(), GENERIC_WRITE, shareAll, nullptr, OPEN_EXISTING,
-                                FILE_ATTRIBUTE_NORMAL, nullptr));
-  require(file.get() != INVALID_HANDLE_VALUE);
+  HANDLE opened = INVALID_HANDLE_VALUE;
+  requirePatiently(
+      [&] {
+        opened = CreateFileW(target.c_str(), GENERIC_WRITE, shareAll, nullptr, OPEN_EXISTING,
+                             FILE_ATTRIBUTE_NORMAL, nullptr);
+        return opened != INVALID_HANDLE_VALUE;
+      },
+      isHeldForNow);
+  const Handle file(opened);
   if (GetFileType(file.get()) != FILE_TYPE_DISK) fail(ERROR_ACCESS_DENIED);
 }
 
@@ -194,7 +223,12 @@ void WaitingFile::write(std::span<const std::uint8_t> bytes) {
 void WaitingFile::moveTo(const fs::path& target) {
   CloseHandle(toHandle(std::exchange(handle_, noHandle)));
   constexpr DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-  require(MoveFileExW(path_.c_str(), target.c_str(), how) != FALSE);
+  // A held target answers as a forbidden one, but requireReplaceable has found it allowed.
+  const auto mayPass = [](DWORD error) {
+    return isHeldForNow(error) || error == ERROR_ACCESS_DENIED;
+  };
+  requirePatiently([&] { return MoveFileExW(path_.c_str(), target.c_str(), how) != FALSE; },
+                   mayPass);
   path_.clear();
 }
 

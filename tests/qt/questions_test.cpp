@@ -66,8 +66,11 @@ TEST_F(QuestionsTest, AFileDialogProposesItsNameAddsTheEndingAndFailsWhenCancell
   });
   const ChosenFile chosen =
       desk.chooseFileToSave({"Bin Image (*.bin)|*.bin", "Save", where, "old.bin"});
-  EXPECT_EQ(chosen.title + chosen.path, "新しい.bin" + where + "/新しい.bin");
-  const std::string elsewhere = QDir::homePath().toStdString() + "/new.bin";
+  const auto native = [](const std::string& path) {
+    return QDir::toNativeSeparators(QString::fromStdString(path)).toStdString();
+  };
+  EXPECT_EQ(chosen.title + chosen.path, "新しい.bin" + native(where + "/新しい.bin"));
+  const std::string elsewhere = native(QDir::homePath().toStdString() + "/new.bin");
   whenAsked<QFileDialog>([where, elsewhere](QFileDialog* dialog) {
     EXPECT_EQ(dialog->directory().path().toStdString(), where);
     EXPECT_EQ(dialog->findChild<QLineEdit*>()->text().toStdString(), elsewhere);

@@ -1,0 +1,229 @@
+// Files as Windows holds them: handles that others keep open, attributes, names, devices.
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#include "platform/failure.h"
+#include "platform/files.h"
+#include "scratch_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path wide(const std::string& path) { return fs::path(std::u8string(path.begin(), path.end())); }
+
+// A file that another program holds open.
+class Held {
+ public:
+  Held(const std::string& path, DWORD share, DWORD access = GENERIC_READ)
+      : handle_(CreateFileW(wide(path).c_str(), access, share, nullptr, OPEN_EXISTING,
+                            FILE_ATTRIBUTE_NORMAL, nullptr)) {
+    EXPECT_NE(handle_, INVALID_HANDLE_VALUE) << path << ' ' << GetLastError();
+  }
+  ~Held() { CloseHandle(handle_); }
+  Held(const Held&) = delete;
+  Held& operator=(const Held&) = delete;
+  std::string text() const {
+    char bytes[64];
+    DWORD count = 0;
+    SetFilePointer(handle_, 0, nullptr, FILE_BEGIN);
+    ReadFile(handle_, bytes, sizeof bytes, &count, nullptr);
+    return {bytes, count};
+  }
+
+ private:
+  HANDLE handle_;
+};
+
+constexpr DWORD shareReading = FILE_SHARE_READ;
+constexpr DWORD shareWriting = FILE_SHARE_READ | FILE_SHARE_WRITE;
+constexpr DWORD shareAll = shareWriting | FILE_SHARE_DELETE;
+
+int saved(const std::string& path, std::string_view text) {
+  return trapFailure([&] { replaceFile(path, bytesOf(text)); });
+}
+
+TEST(FilesOnWindows, AFileThatAnotherProgramHoldsStandsAndLeavesNothingBeside) {
+  const ScratchFolder folder;
+  const std::string file = folder / "held.bin";
+  for (const DWORD share : {DWORD{0}, shareReading, shareWriting}) {
+    ASSERT_EQ(saved(file, "old"), 0);
+    {
+      const Held held(file, share);
+      EXPECT_EQ(saved(file, "new"), pathFileAccess) << share;
+      EXPECT_EQ(held.text(), "old") << share;
+      EXPECT_EQ(folder.count(), 1U) << share;
+      if (share == 0) {
+        EXPECT_EQ(trapFailure([&] { readFile(file); }), pathFileAccess);
+      } else {
+        EXPECT_EQ(contentOf(file), "old");
+      }
+    }
+    EXPECT_EQ(contentOf(file), "old") << share;
+  }
+}
+
+TEST(FilesOnWindows, AFileThatAnotherProgramLetsGoForAMomentIsSaved) {
+  const ScratchFolder folder;
+  const std::string file = folder / "scanned.bin";
+  ASSERT_EQ(saved(file, "old"), 0);
+  std::atomic<bool> holds = false;
+  std::thread scanner([&] {
+    const Held held(file, shareWriting);
+    holds = true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(150));
+  });
+  while (!holds) std::this_thread::yield();
+  EXPECT_EQ(saved(file, "new"), 0) << "a virus scanner's short look";
+  scanner.join();
+}
+
+TEST(FilesOnWindows, APairWhoseLastFileIsHeldStandsAsItWas) {
+  for (const bool old : {true, false}) {
+    const ScratchFolder folder;
+    const std::string odd = folder / "odd.bin", even = folder / "even.bin";
+    if (old) {
+      ASSERT_EQ(saved(odd, "old odd"), 0);
+    }
+    ASSERT_EQ(saved(even, "old even"), 0);
+    const std::size_t count = folder.count();
+    const FileContent files[] = {{odd, bytesOf("new odd")}, {even, bytesOf("new even")}};
+    {
+      const Held held(even, shareWriting);
+      EXPECT_EQ(trapFailure([&] { replaceFiles(files); }), pathFileAccess);
+    }
+    EXPECT_EQ(folder.count(), count) << old;
+    EXPECT_EQ(contentOf(even), "old even");
+    EXPECT_EQ(fileExists(odd), old);
+    if (old) {
+      EXPECT_EQ(contentOf(odd), "old odd");
+    }
+    EXPECT_EQ(trapFailure([&] { replaceFiles(files); }), 0);
+    EXPECT_EQ(contentOf(odd) + contentOf(even), "new oddnew even");
+    EXPECT_EQ(folder.count(), 2U);
+  }
+}
+
+TEST(FilesOnWindows, WhatCannotBePutBackIsNotThrownAway) {
+  const ScratchFolder folder;
+  const std::string odd = folder / "odd.bin", even = folder / "even.bin";
+  ASSERT_EQ(saved(odd, "old odd"), 0);
+  ASSERT_EQ(saved(even, "old even"), 0);
+  const FileContent files[] = {{odd, bytesOf("new odd")}, {even, bytesOf("new even")}};
+  std::atomic<bool> over = false;
+  std::thread scanner([&] {
+    while (!over && contentOf(odd) != "new odd") std::this_thread::yield();
+    const Held held(odd, shareWriting);
+    while (!over) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  });
+  {
+    const Held held(even, shareWriting);
+    EXPECT_EQ(trapFailure([&] { replaceFiles(files); }), pathFileAccess);
+  }
+  over = true;
+  scanner.join();
+  bool kept = false;
+  for (const auto& entry : fs::directory_iterator(folder.path())) {
+    const std::u8string name = entry.path().u8string();
+    kept = kept || contentOf(std::string(name.begin(), name.end())) == "old odd";
+  }
+  EXPECT_TRUE(kept) << "odd.bin holds " << contentOf(odd) << ", even.bin " << contentOf(even);
+}
+
+TEST(FilesOnWindows, OnlyWaitingFilesThatNobodyHoldsAreRemoved) {
+  const ScratchFolder folder;
+  const std::string abandoned = folder / ".a.AF63DC4C8601EC8C-0123456789ABCDEF.zelkova-new";
+  const std::string waiting = folder / ".a.AF63DC4C8601EC8C-0123456789ABCDE0.zelkova-new";
+  for (const std::string& name : {abandoned, waiting}) ASSERT_EQ(saved(name, "x"), 0);
+  {
+    const Held held(waiting, FILE_SHARE_READ, GENERIC_WRITE);
+    EXPECT_EQ(saved(folder / "a", "a"), 0);
+    EXPECT_FALSE(fileExists(abandoned));
+    EXPECT_TRUE(fs::exists(wide(waiting)));
+  }
+  EXPECT_EQ(saved(folder / "a", "a"), 0);
+  EXPECT_FALSE(fs::exists(wide(waiting)));
+}
+
+TEST(FilesOnWindows, AttributesAreKeptAndReadOnlyIsRefused) {
+  const ScratchFolder folder;
+  const std::string file = folder / "file.bin";
+  for (const DWORD attribute :
+       {DWORD{FILE_ATTRIBUTE_HIDDEN}, DWORD{FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN}}) {
+    ASSERT_EQ(saved(file, "old"), 0);
+    SetFileAttributesW(wide(file).c_str(), attribute);
+    EXPECT_EQ(saved(file, "new"), 0);
+    EXPECT_EQ(contentOf(file), "new");
+    EXPECT_EQ(
+        GetFileAttributesW(wide(file).c_str()) & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM),
+        attribute);
+    SetFileAttributesW(wide(file).c_str(), FILE_ATTRIBUTE_NORMAL);
+  }
+  SetFileAttributesW(wide(file).c_str(), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(saved(file, "newer"), pathFileAccess);
+  EXPECT_EQ(contentOf(file), "new");
+  EXPECT_EQ(folder.count(), 1U);
+  SetFileAttributesW(wide(file).c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST(FilesOnWindows, DevicesAndFoldersAreNoFiles) {
+  const ScratchFolder folder;
+  for (const std::string& path :
+       {std::string("NUL"), folder / "NUL", folder.path().string(), folder / "bad<name>",
+        folder / "bad|name", folder / "question?"}) {
+    EXPECT_EQ(trapFailure([&] { readFile(path); }), pathFileAccess) << path;
+    EXPECT_EQ(saved(path, "x"), pathFileAccess) << path;
+    EXPECT_FALSE(fileExists(path)) << path;
+  }
+  EXPECT_EQ(trapFailure([&] { readFile("Q:\\no\\file"); }), pathNotFound);
+  EXPECT_EQ(trapFailure([&] { readFile("Q:\\file"); }), pathNotFound);
+  EXPECT_EQ(trapFailure([&] { readFile("\\\\nowhere\\share\\file"); }), pathNotFound);
+  EXPECT_EQ(trapFailure([&] { readFile(""); }), fileNotFound);
+  EXPECT_EQ(folder.count(), 0U);
+}
+
+TEST(FilesOnWindows, NamesThatDifferInCaseOrSeparatorsAloneAreOneFile) {
+  const ScratchFolder folder;
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_TRUE(nameSameFile(folder / "odd.bin", folder / "ODD.BIN")) << "there: " << i;
+    EXPECT_TRUE(nameSameFile(folder.path().string() + "/odd.bin", folder / "odd.bin"));
+    EXPECT_TRUE(nameSameFile(folder / ".\\odd.bin", folder / "odd.bin"));
+    EXPECT_FALSE(nameSameFile(folder / "odd.bin", folder / "even.bin"));
+    ASSERT_EQ(saved(folder / "odd.bin", "x"), 0);
+    ASSERT_EQ(saved(folder / "even.bin", "x"), 0);
+  }
+  EXPECT_TRUE(nameSameFile(folder / "日本.bin", folder / "日本.BIN"));
+}
+
+TEST(FilesOnWindows, RootsAndParts) {
+  EXPECT_TRUE(isAbsolutePath("C:\\x") && isAbsolutePath("c:/x") && isAbsolutePath("\\\\server\\s"));
+  EXPECT_FALSE(isAbsolutePath("x\\y") || isAbsolutePath("C:x"));
+  EXPECT_EQ(folderOf("C:\\x") + "|" + folderOf("C:\\x\\y") + "|" + folderOf("C:/x/y.bin"),
+            "C:\\|C:\\x|C:/x");
+  EXPECT_EQ(joinPath("C:\\", "a") + "|" + joinPath("C:\\x", "a") + "|" + joinPath("C:\\x", "D:\\a"),
+            "C:\\a|C:\\x\\a|D:\\a");
+}
+
+TEST(FilesOnWindows, LongPathsAreSavedAndRead) {
+  const ScratchFolder folder;
+  std::string path = folder.path().string();
+  for (int i = 0; i < 8; ++i) {
+    path = joinPath(path, std::string(40, static_cast<char>('a' + i)));
+    std::error_code error;
+    fs::create_directory(wide("\\\\?\\" + path), error);
+    EXPECT_FALSE(error) << path.size() << error.message();
+  }
+  EXPECT_EQ(saved(joinPath(path, "日本.bin"), "far"), 0) << path.size();
+  EXPECT_EQ(saved(joinPath(path, "日本.bin"), "away"), 0) << path.size();
+  EXPECT_EQ(contentOf(joinPath(path, "日本.bin")), "away");
+}
+
+}  // namespace
