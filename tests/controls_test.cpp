@@ -21,8 +21,7 @@ struct Controls : testing::Test {
     panel.ok.userClick();
     panel.strip.userSelect(2);
     panel.item.userPick();
-    panel.box.userType("x");
-    panel.box.userPaste("y");
+    panel.box.userEdit("x", TextBox::By::keys);
     panel.box.userEdit("z");
     panel.check.userMouseDown();
     panel.check.userToggle();
@@ -63,30 +62,39 @@ TEST_F(Controls, EveryDoorRefusesUnlessControlAndWindowTakeInputAndNoQuestionSta
   panel.item.setVisible(false);  // a hidden entry can't be picked
   touchAll();
   EXPECT_EQ(panel.told,
-            "label frame ok tab2 text text text off changed on press second press line1 "
+            "label frame ok tab2 text text off changed on press second press line1 "
             "double k43 up right ");
   EXPECT_EQ(panel.box.text(), "z");
   EXPECT_TRUE(panel.second.selected() && panel.grid.row() == 2);
 }
 
 TEST_F(Controls, TypingGoesThroughFilterAndLimitAndPastingThroughTheLimit) {
+  constexpr auto keys = TextBox::By::keys, other = TextBox::By::other;
   const struct {
     const char* before;
-    int start, length, limit;
-    const char *typed, *pasted, *after;
-  } table[] = {{"", 0, 0, 0, "a1-b2.", "a1b", "12a1b"}, {"1234", 0, 4, 0, "9", "", "9"},
-               {"1234", 0, 4, 0, "x", "", "1234"},      {"1234", 4, 0, 0, "\b\b5", "", "125"},
-               {"1234", 4, 0, 4, "5", "6", "1234"},     {"1234", 1, 2, 4, "", "ab1", "1ab4"},
-               {"", 0, 0, 2, "", "日本語", "日本"},     {"日本語", 2, 0, 0, "\b", "", "日語"},
-               {"12", 9, 9, 0, "3", "", "123"}};
+    int limit;
+    const char* made;
+    TextBox::By by;
+    const char* after;
+  } table[] = {{"12", 0, "12a", keys, "12"},
+               {"12", 0, "1.2", keys, "12"},
+               {"12", 0, "x", keys, "12"},
+               {"12", 0, "9", keys, "9"},
+               {"1234", 0, "12534", keys, "12534"},
+               {"12", 0, "1a2", other, "1a2"},
+               {"12", 0, "", keys, ""},
+               {"1234", 4, "12345", keys, "1234"},
+               {"1234", 4, "1ab14", other, "1ab4"},
+               {"", 2, "日本語", other, "日本"},
+               {"日本語", 0, "日語", keys, "日語"},
+               {"123456", 4, "13456", keys, "13456"},
+               {"123456", 4, "1293456", keys, "123456"}};
   panel.box.keyFilter = digitKey;
   for (const auto& row : table) {
     panel.box.setText(row.before);
     panel.box.setMaxLength(row.limit);
-    panel.box.userSelect(row.start, row.length);
-    panel.box.userType(row.typed);
-    if (*row.pasted) panel.box.userPaste(row.pasted);
-    EXPECT_EQ(panel.box.text(), row.after) << row.before << " " << row.typed << row.pasted;
+    panel.box.userEdit(row.made, row.by);
+    EXPECT_EQ(panel.box.text(), row.after) << row.before << " " << row.made;
   }
 }
 

@@ -16,7 +16,7 @@ class EngineSpecification : public ProgramTest {
                                     {&form2.Text2, injector},
                                     {&form2.Text3, cylinders}}) {
       typeOver(*box, "");
-      box->userPaste(text);
+      box->userEdit(text);
     }
   }
   static std::string engine() {

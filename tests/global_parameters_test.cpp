@@ -61,7 +61,7 @@ TEST_F(GlobalParameters, BoxesShowWhatTheImageHoldsAndWhatStandsInThemIsStored) 
     EXPECT_EQ(shown.takesInput(), bytes <= 4 || id == ADD_BYTE3) << text;
     if (shown.takesInput()) {
       typeOver(shown, "");
-      shown.userPaste(pasted);
+      shown.userEdit(pasted);
     }
     EXPECT_EQ(saved(std::string(held).size() / 2), stored) << pasted;
     EXPECT_EQ(told(), box) << pasted;

@@ -60,7 +60,7 @@ TEST_F(GraphTest, ShowsAnyCellWithAnyStoredMaskMagnificationAndThreshold) {
     editorState.graphMagnification = each.magnification;
     openWith(each.cell);
     DR_GRAPH.Text2.userFocus();
-    DR_GRAPH.Text2.userPaste(each.threshold);
+    DR_GRAPH.Text2.userEdit(each.threshold);
     DR_GRAPH.Text2.userLeave();
     EXPECT_EQ(graphState.fbMask, each.inForce);
     EXPECT_EQ(graphState.heights[1][1], each.height);

@@ -164,8 +164,21 @@ void drag(Grid& grid, int row, int column, int rowSel, int columnSel) {
 
 void typeOver(TextBox& box, const std::string& keys) {
   box.userFocus();
-  box.userSelect(0, static_cast<int>(box.text().size()));
-  box.userType(keys.empty() ? "\b" : keys);
+  if (keys.empty()) return box.userEdit("");
+  std::string before;
+  for (const char key : keys) {
+    std::string text = before + key;
+    if (key == '\b')
+      text = before.substr(0, before.size() - std::min<std::size_t>(before.size(), 1));
+    if (key != '\b' && box.keyFilter && !box.keyFilter(static_cast<unsigned char>(key))) {
+      const std::string kept = box.text();
+      box.userEdit(text, TextBox::By::keys);
+      EXPECT_EQ(box.text(), kept) << "a refused key leaves the text";
+      continue;
+    }
+    box.userEdit(text, TextBox::By::keys);
+    before = box.text();
+  }
 }
 
 int repaintsOf(Grid& grid, const std::function<void()>& command) {

@@ -131,7 +131,7 @@ class TirelessUser : public ProgramTest {
   Gesture typing(TextBox& box) {
     return [this, &box] {
       box.userFocus();
-      chance(70) ? box.userType(text()) : box.userPaste(text());
+      box.userEdit(text(), chance(70) ? TextBox::By::keys : TextBox::By::other);
     };
   }
   // Gestures that only look or choose ask for nothing; the others may bring boxes and questions.

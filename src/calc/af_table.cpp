@@ -1,7 +1,6 @@
 #include "calc/af_table.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 
 #include "core/dialogs.h"
@@ -15,8 +14,6 @@ namespace {
 constexpr Grid::Look tableLook{white, rgb(64, 64, 64), white};
 constexpr int cellWidth = 430;     // twips
 constexpr int addressWidth = 620;  // twips
-// The ignition maps, the airflow map and the single parameters have no fuel in them.
-constexpr std::array tabsWithoutFuel{2, 4, 5, 14};
 
 float cellReal(const std::string& text) {
   constexpr double largest = std::numeric_limits<float>::max();
@@ -33,11 +30,7 @@ void showCell(Grid& grid, int row, int column, const std::string& text) {
 Form5 form5;
 
 Form5::Form5() : Window("Form5"), Grid1(*this, rows + 1, columns + 1, 1, 1, tableLook) {
-  onLoad = [this] { fill(); };
-  Command1.onClick = [this] { closeDialog(*this); };
-  defaultButton = &Command1;
-  cancelButton = &Command1;
-  firstFocus = &Command1;
+  wireDialog(*this, {[this] { fill(); }, &Command1, {}, &Command1, &Command1});
 }
 
 void Form5::fill() {
@@ -73,14 +66,4 @@ void showAfTable(Grid& targetGrid, const Grid& sourceGrid, int columns, int rows
   }
 }
 
-void AF_DISP_FORM() {
-  const Wording withoutRom{"ROM DATAが読み込まれていないのに、A/F表示はできません。",
-                           "ROM DATA reads and been crowded, A/F display aren't possible."};
-  if (refusedWithoutRom(withoutRom)) return;
-  const auto tab = editorState.currentTab;
-  if (std::find(tabsWithoutFuel.begin(), tabsWithoutFuel.end(), tab) != tabsWithoutFuel.end()) {
-    return showRefusal(
-        {"この画面で、A/F表示はできません。", "With this screen, A/F display aren't possible."});
-  }
-  openDialog(form5);
-}
+void AF_DISP_FORM() { openDialog(form5); }

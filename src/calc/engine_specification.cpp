@@ -37,31 +37,26 @@ const Field fields[] = {
 }  // namespace
 
 Form2::Form2() : Window("Form2") {
-  defaultButton = &Command2;
-  cancelButton = &Command1;
-  firstFocus = &Text1;
+  wireDialog(*this, {[this] { fill(); }, &Command2, [this] { accept(); }, &Command1, &Text1});
   for (const Field& field : fields) (this->*field.box).keyFilter = digitKey;
-  onLoad = [this] {
-    setCaption(captioned({"仕様設定", "Specification set up"}));
-    for (const Field& field : fields) {
-      (this->*field.label).setCaption(captioned(field.caption));
-      (this->*field.box).setToolTip(captioned(field.toolTip));
-    }
-  };
-  Command2.onClick = [this] {
-    takeOver();
-    closeDialog(*this);
-  };
-  Command1.onClick = [this] { closeDialog(*this); };
 }
 
-void Form2::takeOver() {
+void Form2::fill() {
+  setCaption(captioned({"仕様設定", "Specification set up"}));
+  for (const Field& field : fields) {
+    (this->*field.label).setCaption(captioned(field.caption));
+    (this->*field.box).setToolTip(captioned(field.toolTip));
+  }
+}
+
+void Form2::accept() {
   editorState.displacement = cellNumber(Text1.text());
   editorState.injectorSize = cellNumber(Text2.text());
   editorState.cylinders = cellNumber(Text3.text());
   saveSettingsOrTell();
   recalculateBoost();
   showEngineSummary();
+  closeDialog(*this);
 }
 
 void set_spl() {

@@ -14,7 +14,8 @@ struct Form2 : Window {
   Button Command2{*this, "OK"}, Command1{*this, "CANCEL"};
 
  private:
-  void takeOver();
+  void fill();
+  void accept();
 };
 
 extern Form2 form2;

@@ -1,12 +1,16 @@
-// What every control record has: whether it is enabled and visible, its tool tip, its window, the
-// handlers that the owning window gives it, and one observer that a front end may set.
-// Program-side setters store and tell the observer; user-side doors store and run a handler.
+// What every control record has: whether it is enabled and visible, its tool tip, what it is
+// called, its window, the handlers that the owning window gives it, and one observer that a front
+// end may set. Program-side setters store and tell the observer; user-side doors store and run a
+// handler.
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <utility>
+#include <vector>
 
+class Captioned;
 class Window;
 
 // What changed in a record. `row` and `column` count for `cell` only.
@@ -19,7 +23,8 @@ struct Change {
 
 class Control {
  public:
-  explicit Control(Window& owner) : window_(&owner) {}
+  // Enters the control into its window's list.
+  explicit Control(Window& owner);
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
@@ -30,6 +35,16 @@ class Control {
   void setVisible(bool on) { assign(visible_, on); }
   const std::string& toolTip() const { return toolTip_; }
   void setToolTip(std::string text) { assign(toolTip_, std::move(text)); }
+
+  // What the user calls the control: the captions that stand for it on the screen, then its own
+  // text. It follows the captions.
+  std::string spokenName() const;
+  void nameAfter(std::initializer_list<Captioned*> captions) { refer(nameParts_, captions); }
+  // The own text of a control that shows none.
+  void setOwnName(std::string text) { assign(ownName_, std::move(text)); }
+  // What the control tells beside its name: the captions of its read-outs, else its tool tip.
+  std::string description() const;
+  void describeBy(std::initializer_list<Captioned*> captions) { refer(readOuts_, captions); }
 
   // Gives this control its window's focus, as if the user had gone there.
   void setFocus();
@@ -49,8 +64,9 @@ class Control {
   std::function<void()> onLostFocus;
 
  protected:
-  ~Control() = default;
+  ~Control();
   virtual void gotFocus();
+  virtual const std::string& ownName() const { return ownName_; }
 
   void tell(const Change& change) const {
     if (observer) observer(change);
@@ -64,8 +80,33 @@ class Control {
 
  private:
   friend class Window;
+  friend class Captioned;
+  void refer(std::vector<const Captioned*>& parts, std::initializer_list<Captioned*> captions);
+
   Window* window_;
   bool enabled_ = true;
   bool visible_ = true;
   std::string toolTip_;
+  std::string ownName_;
+  std::vector<const Captioned*> nameParts_;
+  std::vector<const Captioned*> readOuts_;
+};
+
+// A control with a text on it, which may be what other controls are called by. Those must not
+// outlive its last change.
+class Captioned : public Control {
+ public:
+  explicit Captioned(Window& owner, std::string caption = {})
+      : Control(owner), caption_(std::move(caption)) {}
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string text);
+
+ protected:
+  ~Captioned() = default;
+  const std::string& ownName() const override { return caption_; }
+
+ private:
+  friend class Control;
+  std::string caption_;
+  std::vector<const Control*> callers_;
 };

@@ -1,6 +1,9 @@
 #include "controls/controls.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
+#include <ranges>
 
 #include "controls/handler.h"
 #include "platform/utf8.h"
@@ -13,62 +16,37 @@ void Frame::userClick() {
   if (takesInput()) runHandler(onClick);
 }
 
-void TextBox::setText(std::string text) {
-  assign(text_, std::move(text));
-  selectionStart_ = 0;
-  selectionLength_ = 0;
-}
-
 void TextBox::gotFocus() {
-  selectionStart_ = 0;
-  selectionLength_ = static_cast<int>(utf32(text_).size());
   tell({Change::selection});
   Control::gotFocus();
 }
 
-void TextBox::replaceSelection(std::u32string_view with) {
-  std::u32string characters = utf32(text_);
-  const auto start = std::min(static_cast<std::size_t>(selectionStart_), characters.size());
-  characters.erase(start, static_cast<std::size_t>(selectionLength_));
+std::string TextBox::edited(std::string_view text, By by) const {
+  if (!takesInput() || text == text_) return text_;
+  const std::u32string before = utf32(text_);
+  const std::u32string after = utf32(text);
+  const auto [oldPart, newPart] = std::ranges::mismatch(before, after);
+  const auto same =
+      std::ranges::mismatch(std::ranges::subrange(before.rbegin(), std::reverse_iterator(oldPart)),
+                            std::ranges::subrange(after.rbegin(), std::reverse_iterator(newPart)));
+  std::u32string entered(newPart, same.in2.base());
+  const bool enters = !entered.empty();
+  if (by == By::keys && keyFilter) std::erase_if(entered, std::not_fn(keyFilter));
+  const std::size_t kept = after.size() - static_cast<std::size_t>(same.in2.base() - newPart);
   if (maxLength_ > 0) {
-    const auto limit = static_cast<std::size_t>(maxLength_);
-    with = with.substr(0, limit - std::min(limit, characters.size()));
+    const std::size_t limit = std::max(static_cast<std::size_t>(maxLength_), before.size());
+    entered.resize(std::min(entered.size(), limit - std::min(limit, kept)));
   }
-  characters.insert(start, with);
-  selectionStart_ = static_cast<int>(start + with.size());
-  selectionLength_ = 0;
-  assign(text_, utf8(characters));
+  if (enters && entered.empty()) return text_;
+  return utf8(std::u32string(after.begin(), newPart) + entered +
+              std::u32string(same.in2.base(), after.end()));
+}
+
+void TextBox::userEdit(std::string_view text, By by) {
+  std::string left = edited(text, by);
+  if (left == text_) return;
+  assign(text_, std::move(left));
   runHandler(onChange);
-}
-
-void TextBox::userType(std::string_view keys) {
-  for (const char32_t key : utf32(keys)) {
-    if (!takesInput()) return;
-    if (key == U'\b') {
-      if (selectionLength_ == 0 && selectionStart_ > 0) {
-        --selectionStart_;
-        selectionLength_ = 1;
-      }
-      if (selectionLength_ > 0) replaceSelection({});
-    } else if (acceptsKey(key)) {
-      replaceSelection(std::u32string_view(&key, 1));
-    }
-  }
-}
-
-void TextBox::userPaste(std::string_view text) {
-  if (takesInput()) replaceSelection(utf32(text));
-}
-
-void TextBox::userEdit(std::string text) {
-  if (!takesInput() || text == text_) return;
-  text_ = std::move(text);
-  runHandler(onChange);
-}
-
-void TextBox::userSelect(int start, int length) {
-  selectionStart_ = std::max(start, 0);
-  selectionLength_ = std::max(length, 0);
 }
 
 bool digitKey(char32_t key) { return key >= U'0' && key <= U'9'; }
@@ -99,7 +77,7 @@ void OptionGroup::select(const Option* chosen) {
 }
 
 Option::Option(Window& owner, OptionGroup& group, std::string caption)
-    : Control(owner), group_(&group), caption_(std::move(caption)) {
+    : Captioned(owner, std::move(caption)), group_(&group) {
   group.members_.push_back(this);
 }
 
@@ -142,6 +120,10 @@ void TabStrip::setTabToolTip(int number, std::string text) {
   assign(tabs_.at(static_cast<std::size_t>(number - 1)).toolTip, std::move(text));
 }
 
+void TabStrip::setTabFaint(int number, bool on) {
+  assign(tabs_.at(static_cast<std::size_t>(number - 1)).faint, on);
+}
+
 void TabStrip::userSelect(int number) {
   if (!takesInput() || number < 1 || number > count()) return tell({Change::values});
   assign(selected_, number);
@@ -164,6 +146,10 @@ MenuItem* MenuItem::find(std::string_view name) {
 
 void MenuItem::userPick() {
   if (takesInput() && visible()) runHandler(onClick);
+}
+
+void MenuItem::userOpen() {
+  if (takesInput()) runHandler(onOpen);
 }
 
 void Timer::restart(int milliseconds) {

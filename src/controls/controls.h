@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,12 +17,9 @@
 #include "controls/control.h"
 #include "controls/window.h"
 
-class Label : public Control {
+class Label : public Captioned {
  public:
-  explicit Label(Window& owner, std::string caption = {})
-      : Control(owner), caption_(std::move(caption)) {}
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string text) { assign(caption_, std::move(text)); }
+  using Captioned::Captioned;
   Colour colour() const { return colour_; }
   void setColour(Colour colour) { assign(colour_, colour); }
 
@@ -29,71 +27,55 @@ class Label : public Control {
   std::function<void()> onClick;
 
  private:
-  std::string caption_;
   Colour colour_ = black;
 };
 
 // A captioned border around a group of controls.
-class Frame : public Control {
+class Frame : public Captioned {
  public:
-  explicit Frame(Window& owner, std::string caption = {})
-      : Control(owner), caption_(std::move(caption)) {}
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string text) { assign(caption_, std::move(text)); }
+  using Captioned::Captioned;
 
   void userClick();
   std::function<void()> onClick;
-
- private:
-  std::string caption_;
 };
 
 class TextBox : public Control {
  public:
   explicit TextBox(Window& owner, std::string text = {}) : Control(owner), text_(std::move(text)) {}
   const std::string& text() const { return text_; }
-  void setText(std::string text);
-  // The longest text in characters that typing and pasting allow; 0: no limit.
+  void setText(std::string text) { assign(text_, std::move(text)); }
+  // The longest text in characters that the user's editing can make; 0: no limit.
   int maxLength() const { return maxLength_; }
   void setMaxLength(int characters) { assign(maxLength_, characters); }
-  // Selected part in characters. A box that gets the focus selects its whole text.
-  int selectionStart() const { return selectionStart_; }
-  int selectionLength() const { return selectionLength_; }
 
-  // The user's doors. `userType` puts each character through the key filter; "\b" is the backspace
-  // key. `userPaste` replaces the selection unfiltered. `userEdit` takes over what a toolkit's own
-  // editing made of the text.
-  bool acceptsKey(char32_t key) const { return !keyFilter || keyFilter(key); }
-  void userType(std::string_view keys);
-  void userPaste(std::string_view text);
-  void userEdit(std::string text);
-  void userSelect(int start, int length);
+  enum class By { keys, other };
+  // What filter and limit leave of the user's editing, which made `text` of the box's text: what
+  // was typed passes the filter; nothing makes a text longer than the limit, and one that the
+  // program set beyond it can only become shorter. The box's text where nothing is left of the
+  // editing.
+  std::string edited(std::string_view text, By by) const;
+  // The user's door, for typing, pasting and whatever else a box can do.
+  void userEdit(std::string_view text, By by = By::other);
 
-  // Which characters may be typed; none set: all. Backspace and cursor keys are never filtered.
+  // Which characters may be typed; none set: all.
   std::function<bool(char32_t)> keyFilter;
   std::function<void()> onChange;
 
  protected:
+  // A box that gets the focus selects its whole text.
   void gotFocus() override;
 
  private:
-  void replaceSelection(std::u32string_view with);
-
   std::string text_;
   int maxLength_ = 0;
-  int selectionStart_ = 0;
-  int selectionLength_ = 0;
 };
 
 // A key filter: decimal digits alone.
 bool digitKey(char32_t key);
 
-class CheckBox : public Control {
+class CheckBox : public Captioned {
  public:
-  explicit CheckBox(Window& owner, std::string caption = {})
-      : Control(owner), caption_(std::move(caption)) {}
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string text) { assign(caption_, std::move(text)); }
+  using Captioned::Captioned;
   bool checked() const { return checked_; }
   void setChecked(bool on) { assign(checked_, on); }
 
@@ -104,7 +86,6 @@ class CheckBox : public Control {
   std::function<void()> onChange;
 
  private:
-  std::string caption_;
   bool checked_ = false;
 };
 
@@ -125,11 +106,9 @@ class OptionGroup {
   std::vector<Option*> members_;
 };
 
-class Option : public Control {
+class Option : public Captioned {
  public:
   Option(Window& owner, OptionGroup& group, std::string caption = {});
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string text) { assign(caption_, std::move(text)); }
   bool selected() const { return selected_; }
   OptionGroup& group() const { return *group_; }
 
@@ -141,7 +120,6 @@ class Option : public Control {
  private:
   friend class OptionGroup;
   OptionGroup* group_;
-  std::string caption_;
   bool selected_ = false;
 };
 
@@ -173,6 +151,7 @@ class TabStrip : public Control {
   struct Tab {
     std::string caption;
     std::string toolTip;
+    bool faint = false;  // there is nothing behind the tab, which can be selected all the same
     bool operator==(const Tab&) const = default;
   };
   TabStrip(Window& owner, std::vector<Tab> tabs) : Control(owner), tabs_(std::move(tabs)) {}
@@ -181,6 +160,7 @@ class TabStrip : public Control {
   const Tab& tab(int number) const { return tabs_.at(static_cast<std::size_t>(number - 1)); }
   void setCaption(int number, std::string text);
   void setTabToolTip(int number, std::string text);
+  void setTabFaint(int number, bool on);
   int selected() const { return selected_; }
 
   // A click on a tab, on the selected one as well.
@@ -204,29 +184,33 @@ class ProgressBar : public Control {
 };
 
 // An entry of a menu: a command, a submenu or a separator (caption "-").
-class MenuItem final : public Control {
+class MenuItem final : public Captioned {
  public:
   MenuItem(Window& owner, std::string name, std::string caption = {}, std::string shortcut = {})
-      : Control(owner),
+      : Captioned(owner, std::move(caption)),
         name_(std::move(name)),
-        caption_(std::move(caption)),
         shortcut_(std::move(shortcut)) {}
+  // The item's name in the program ("file_load"), the same in every language.
   const std::string& name() const { return name_; }
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string text) { assign(caption_, std::move(text)); }
   const std::string& shortcut() const { return shortcut_; }
+  // Whether the entry bears a tick; nothing for one that can't bear any.
+  std::optional<bool> checked() const { return checked_; }
+  void setChecked(bool on) { assign(checked_, std::optional(on)); }
   MenuItem& add(std::unique_ptr<MenuItem> child);
   const std::vector<std::unique_ptr<MenuItem>>& children() const { return children_; }
   // This item or the one below it that bears the name; null when there is none.
   MenuItem* find(std::string_view name);
 
   void userPick();
+  // The menu below this item is about to be shown.
+  void userOpen();
   std::function<void()> onClick;
+  std::function<void()> onOpen;
 
  private:
   std::string name_;
-  std::string caption_;
   std::string shortcut_;
+  std::optional<bool> checked_;
   std::vector<std::unique_ptr<MenuItem>> children_;
 };
 

@@ -52,8 +52,7 @@ void Window::userActivate() {
 void Window::userClose() {
   if (!takesInput()) return;
   if (onClose) return runHandler(onClose);
-  Button* button = closeButton ? closeButton : cancelButton;
-  if (button) button->userClick();
+  if (cancelButton) cancelButton->userClick();
 }
 
 void Window::userEnter() {
@@ -61,8 +60,7 @@ void Window::userEnter() {
 }
 
 void Window::userEscape() {
-  if (escapeCloses) return userClose();
-  if (cancelButton) cancelButton->userClick();
+  if (cancelButton && escapeCancels) cancelButton->userClick();
 }
 
 void Window::userKey() {
@@ -76,23 +74,3 @@ void Window::moveFocus(Control* to) {
   if (from) runHandler(from->onLostFocus);
   if (focus_ == to && to) to->gotFocus();
 }
-
-// What a control asks of its window.
-
-bool Control::takesInput() const { return enabled_ && window_->takesInput(); }
-
-void Control::setFocus() {
-  if (!enabled_) return;
-  window_->moveFocus(this);
-  tell({Change::focus});
-}
-
-void Control::userFocus() {
-  if (takesInput()) window_->moveFocus(this);
-}
-
-void Control::userLeave() {
-  if (window_->focus_ == this) window_->moveFocus(nullptr);
-}
-
-void Control::gotFocus() { runHandler(onGotFocus); }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "controls/control.h"
 
@@ -31,6 +32,9 @@ class Window {
   const Window* centredOn() const { return centredOn_; }
   void centreOn(const Window& other) { centredOn_ = &other; }
 
+  // Its controls, in the order in which they were made.
+  const std::vector<Control*>& controls() const { return controls_; }
+
   Control* focus() const { return focus_; }
   bool takesInput() const;
   // Repaints the window with all its controls at once.
@@ -46,8 +50,7 @@ class Window {
   // The close box: the `onClose` handler if there is one, else a click on the cancel button, else
   // nothing.
   void userClose();
-  // Enter and Escape: a click on the default or the cancel button; Escape closes a window with
-  // `escapeCloses`.
+  // Enter and Escape: a click on the default or the cancel button.
   void userEnter();
   void userEscape();
   // Any key pressed while the window or one of its controls has the focus; runs before the control
@@ -56,9 +59,7 @@ class Window {
 
   Button* defaultButton = nullptr;
   Button* cancelButton = nullptr;
-  // What the close box does where it isn't the cancel button's work.
-  Button* closeButton = nullptr;
-  bool escapeCloses = false;
+  bool escapeCancels = true;
   // The control that has the focus when the window opens.
   Control* firstFocus = nullptr;
   std::function<void(const Change&)> observer;
@@ -75,6 +76,7 @@ class Window {
   }
   void moveFocus(Control* to);
 
+  std::vector<Control*> controls_;
   std::string name_;
   std::string caption_;
   bool enabled_ = true;

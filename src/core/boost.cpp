@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/wording.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 
@@ -48,12 +48,8 @@ void recalculateBoost() {
 }
 
 void TP_BST_RECAL() {
-  const Wording refusal{"ROM DATAが読み込まれていないのに、加給圧の計算はできません。",
-                        "ROM DATA reads and been crowded, a calculation of boost aren't possible."};
-  if (!refusedWithoutRom(refusal)) {
-    form1().Label13.setCaption("BOOST CALC.");
-    form1().refresh();
-    recalculateBoost();
-  }
+  form1().Label13.setCaption("BOOST CALC.");
+  form1().refresh();
+  recalculateBoost();
   form1().Label13.setCaption("");
 }

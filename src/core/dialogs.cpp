@@ -1,6 +1,7 @@
 #include "core/dialogs.h"
 
 #include <string>
+#include <utility>
 
 #include "core/editor_state.h"
 #include "core/form1.h"
@@ -32,6 +33,15 @@ void closeDialog(Window& dialog) {
   dialog.unload();
 }
 
+void wireDialog(Window& dialog, DialogParts parts) {
+  dialog.onLoad = std::move(parts.load);
+  dialog.defaultButton = parts.ok;
+  dialog.cancelButton = parts.cancel;
+  dialog.firstFocus = parts.firstFocus;
+  parts.ok->onClick = std::move(parts.accept);
+  parts.cancel->onClick = [&dialog] { closeDialog(dialog); };
+}
+
 void showRefusal(const Wording& text) {
   desktop().showBox({BoxIcon::critical, BoxButtons::ok, worded(errorTitle), worded(text)});
 }
@@ -48,10 +58,4 @@ void showRoutineError(const std::string& routine) {
 
 void showUnknownMap(const Wording& text) {
   desktop().showBox({BoxIcon::none, BoxButtons::ok, "ZELKOVA", worded(text)});
-}
-
-bool refusedWithoutRom(const Wording& text) {
-  if (isRomLoaded()) return false;
-  showRefusal(text);
-  return true;
 }

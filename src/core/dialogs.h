@@ -1,8 +1,10 @@
 // Opening and closing of dialogs over the main window, and the boxes that many commands share.
 #pragma once
 
+#include <functional>
 #include <string>
 
+#include "controls/button.h"
 #include "controls/desktop.h"
 #include "controls/window.h"
 #include "core/wording.h"
@@ -13,6 +15,16 @@ void makeTopmost(Window& dialog, bool on);
 void openDialog(Window& dialog);
 // The reverse.
 void closeDialog(Window& dialog);
+
+// What a dialog does when it opens, at OK and at CANCEL.
+struct DialogParts {
+  std::function<void()> load;  // fills the dialog
+  Button* ok = nullptr;        // also the Enter key
+  std::function<void()> accept;
+  Button* cancel = nullptr;  // also the Escape key and the close box; closes and does no more
+  Control* firstFocus = nullptr;
+};
+void wireDialog(Window& dialog, DialogParts parts);
 
 // A critical box titled "エラー" or "Error": the refusal of a command.
 void showRefusal(const Wording& text);
@@ -25,7 +37,3 @@ void showUnknownMap(const Wording& text);
 
 extern const char* const failureTitle;  // "Detected error.This error is not fatal."
 extern const Wording errorTitle;        // "エラー", "Error"
-
-// The guard of the commands that need an image: shows the refusal and answers true when the content
-// test fails.
-bool refusedWithoutRom(const Wording& text);

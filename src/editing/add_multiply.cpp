@@ -85,16 +85,11 @@ BulkChangeDialog form8{multiplication};
 
 BulkChangeDialog::BulkChangeDialog(const BulkChange& design)
     : Window(design.name), design_(design) {
-  onLoad = [this] { fill(); };
-  Command1.onClick = [this] { accept(); };
-  Command2.onClick = [this] { closeDialog(*this); };
+  wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Text1});
   Text1.keyFilter = digitKey;
   Text2.keyFilter = [extra = design.keyBesideDigits](char32_t key) {
     return digitKey(key) || key == extra;
   };
-  defaultButton = &Command1;
-  cancelButton = &Command2;
-  firstFocus = &Text1;
 }
 
 void BulkChangeDialog::fill() {
@@ -138,16 +133,6 @@ void multiplyData(std::int32_t tab, std::int32_t threshold, float factor) {
                "With this screen(GLOBAL), this function(multiplication) can be useful."});
 }
 
-void add_dec() {
-  const Wording refusal{
-      "ROM DATAが読み込まれていないのに、データの増減はできません。",
-      "ROM DATA reads and been crowded, addition and reduction of data aren't possible."};
-  if (!refusedWithoutRom(refusal)) openDialog(form7);
-}
+void add_dec() { openDialog(form7); }
 
-void kakeru() {
-  const Wording refusal{
-      "ROM DATAが読み込まれていないのに、データの乗算はできません。",
-      "ROM DATA reads and been crowded, a multiplication of data aren't possible."};
-  if (!refusedWithoutRom(refusal)) openDialog(form8);
-}
+void kakeru() { openDialog(form8); }

@@ -42,12 +42,7 @@ bool stretchFits() {
 Form13 form13;
 
 Form13::Form13() : Window("Form13") {
-  onLoad = [this] { fill(); };
-  Command1.onClick = [this] { accept(); };
-  Command2.onClick = [this] { closeDialog(*this); };
-  defaultButton = &Command1;
-  cancelButton = &Command2;
-  firstFocus = &Text1;
+  wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Text1});
 }
 
 void Form13::fill() {
@@ -86,8 +81,4 @@ void Form13::accept() {
   openDialog(form6);
 }
 
-void ADR_EDIT() {
-  const Wording refusal{"ROM DATAが読み込まれていないのに、データ編集はできません。",
-                        "ROM DATA reads and been crowded, a data editing aren't possible."};
-  if (!refusedWithoutRom(refusal)) openDialog(form13);
-}
+void ADR_EDIT() { openDialog(form13); }

@@ -154,7 +154,7 @@ Form6::Form6()
       edit_02(addItem(menuBar, "edit_02")),
       e_cpy(addItem(edit_02, "e_cpy")),
       HSARITUKE(addItem(edit_02, "HSARITUKE")) {
-  onLoad = [this] { fill(); };
+  wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &eGrid});
   onUnload = [this] { eGrid.resize(emptyRows, emptyColumns); };
   eGrid.onDoubleClick = editHexCell;
   eGrid.onKey = stepHexSelection;
@@ -163,11 +163,6 @@ Form6::Form6()
   };
   e_cpy.onClick = [this] { copyIntoBuffer(eGrid, hexNumber); };
   HSARITUKE.onClick = pasteHexBlock;
-  Command1.onClick = [this] { accept(); };
-  Command2.onClick = [this] { closeDialog(*this); };
-  defaultButton = &Command1;
-  cancelButton = &Command2;
-  firstFocus = &eGrid;
 }
 
 void Form6::fill() {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/dialogs.h"
+#include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/map_colours.h"
 #include "core/map_kinds.h"
@@ -16,30 +16,6 @@
 #include "platform/numbers.h"
 
 namespace {
-
-struct Refusals {
-  Wording withoutRom;
-  Wording onGlobalTab;
-};
-
-const Refusals copyRefusals{{"ROM DATAが読み込まれていないのに、データのコピーはできません。",
-                             "ROM DATA reads and been crowded, a copy of data aren't possible."},
-                            {"この画面で、コピー機能は使用できません。",
-                             "With this screen, a copy function can be useful."}};
-
-const Refusals pasteRefusals{
-    {"ROM DATAが読み込まれていないのに、データの張り付けはできません。",
-     "ROM DATA reads and been crowded, stretching and attaching it of data aren't possible."},
-    {"この画面で、張り付けは使用できません。",
-     "With this screen, stretching and attaching it can be useful."}};
-
-// The grid that a command may work on, null after its refusal.
-Grid* guardedGrid(const Refusals& refusals) {
-  if (refusedWithoutRom(refusals.withoutRom)) return nullptr;
-  Grid* const grid = activeGrid();
-  if (!grid) showRefusal(refusals.onGlobalTab);
-  return grid;
-}
 
 void writeMapCell(Grid& grid, int row, int column, std::int32_t number) {
   grid.setCell(row, column, decimalText(number), cellColour(number));
@@ -127,10 +103,6 @@ void pasteBlock(Grid& grid) {
   pasteFromBuffer(grid, numbers, writeMapCell);
 }
 
-void CPY() {
-  if (Grid* const grid = guardedGrid(copyRefusals)) copyBlock(*grid);
-}
+void CPY() { copyBlock(*activeGrid()); }
 
-void PST() {
-  if (Grid* const grid = guardedGrid(pasteRefusals)) pasteBlock(*grid);
-}
+void PST() { pasteBlock(*activeGrid()); }

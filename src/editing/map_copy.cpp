@@ -64,14 +64,9 @@ MapCopyDialog form3{fuelAndIgnition};
 MapCopyDialog form4{scales};
 
 MapCopyDialog::MapCopyDialog(const MapCopy& design) : Window(design.name), design_(design) {
-  onLoad = [this] { fill(); };
+  wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Option1});
   Label1.onClick = [this] { Option1.userSelect(); };
   Label2.onClick = [this] { Option2.userSelect(); };
-  Command1.onClick = [this] { accept(); };
-  Command2.onClick = [this] { closeDialog(*this); };
-  defaultButton = &Command1;
-  cancelButton = &Command2;
-  firstFocus = &Option1;
 }
 
 void MapCopyDialog::fill() {
@@ -113,16 +108,6 @@ void MapCopyDialog::accept() {
   closeDialog(*this);
 }
 
-namespace {
+void F_F() { openDialog(form3); }
 
-void openUnlessWithoutRom(MapCopyDialog& dialog) {
-  const Wording refusal{"ROM DATAが読み込まれていないのに、データコピーはできません。",
-                        "ROM DATA reads and been crowded, a data copy aren't possible."};
-  if (!refusedWithoutRom(refusal)) openDialog(dialog);
-}
-
-}  // namespace
-
-void F_F() { openUnlessWithoutRom(form3); }
-
-void T_R() { openUnlessWithoutRom(form4); }
+void T_R() { openDialog(form4); }

@@ -72,14 +72,9 @@ void shiftMapOfTab(int tab) {
 Form11 form11;
 
 Form11::Form11() : Window("Form11") {
-  onLoad = [this] { fill(); };
+  wireDialog(*this, {[this] { fill(); }, &Command1, shiftCommand, &Command2, &Option1});
   Label1.onClick = [this] { Option1.userSelect(); };
   Label2.onClick = [this] { Option2.userSelect(); };
-  Command1.onClick = shiftCommand;
-  Command2.onClick = [this] { closeDialog(*this); };
-  defaultButton = &Command1;
-  cancelButton = &Command2;
-  firstFocus = &Option1;
 }
 
 void Form11::fill() {
@@ -103,13 +98,4 @@ void shiftCommand() {
   desktop().setBusyPointer(false);
 }
 
-void DT_SFT() {
-  const Wording withoutRom{"ROM DATAが読み込まれていないのに、マップシフトはできません。",
-                           "ROM DATA reads and been crowded, map shift aren't possible."};
-  if (refusedWithoutRom(withoutRom)) return;
-  if (editorState.currentTab == airflowTab || !activeGrid()) {
-    return showRefusal(
-        {"この画面で、マップシフトはできません。", "With this screen, map shift aren't possible."});
-  }
-  openDialog(form11);
-}
+void DT_SFT() { openDialog(form11); }

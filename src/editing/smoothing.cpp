@@ -56,13 +56,9 @@ void smoothOnTab(std::int32_t tab, std::int32_t threshold) {
 Form10 form10;
 
 Form10::Form10() : Window("Form10") {
-  onLoad = [this] { fill(); };
-  Command1.onClick = [this] { accept(); };
-  Command2.onClick = [this] { closeDialog(*this); };
+  wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Text1});
+  escapeCancels = false;
   Text1.keyFilter = digitKey;
-  defaultButton = &Command1;
-  closeButton = &Command2;  // the Escape key is not bound to it
-  firstFocus = &Text1;
 }
 
 void Form10::fill() {
@@ -86,9 +82,4 @@ void SMOOTH_DATA(Grid& grid, std::int32_t threshold) {
   grid.setSelection({block.top, block.left, block.bottom, block.right});
 }
 
-void smooth() {
-  const Wording refusal{
-      "ROM DATAが読み込まれていないのに、データのスムージングはできません。",
-      "ROM DATA is smooth and aren't possible for data, been crowded as reading."};
-  if (!refusedWithoutRom(refusal)) openDialog(form10);
-}
+void smooth() { openDialog(form10); }

@@ -16,16 +16,13 @@ bool playsSound() { return editorState.aboutSound == "TRAN"; }
 }  // namespace
 
 FrmAbout::FrmAbout() : Window("frmAbout") {
-  defaultButton = &cmdOK;
-  cancelButton = &cmdOK;
-  firstFocus = &cmdOK;
+  const auto load = [this] { trapFailure([this] { open(); }); };
+  wireDialog(*this, {load, &cmdOK, {}, &cmdOK, &cmdOK});
   att1.setColour(warningColour);
-  onLoad = [this] { trapFailure([this] { open(); }); };
   onUnload = [] {
     if (playsSound()) desktop().stopSound();
   };
   Label6.onClick = [this] { openSupport(); };
-  cmdOK.onClick = [this] { closeDialog(*this); };
 }
 
 void FrmAbout::open() {

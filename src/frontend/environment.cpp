@@ -52,18 +52,13 @@ float realNumber(const TextBox& box) {
 }  // namespace
 
 Form9::Form9() : Window("Form9") {
-  defaultButton = &Command1;
-  cancelButton = &Command2;
-  firstFocus = &Text1;
-  onLoad = [this] { setTexts(); };
+  wireDialog(*this, {[this] { setTexts(); }, &Command1, [this] { takeOver(); }, &Command2, &Text1});
   onActivate = [this] { languagePromptArmed = true; };
   onUnload = [this] { languagePromptArmed = false; };
   Check1.onChange = [this] { tellLanguageChange(); };
   Command3.onClick = [this] { Text1.setText(desktop().chooseFolder(worded(addressFolderTitle))); };
   Command4.onClick = [this] { Text2.setText(desktop().chooseFolder(worded(romFolderTitle))); };
   Command5.onClick = clearRecentFiles;
-  Command1.onClick = [this] { takeOver(); };
-  Command2.onClick = [this] { closeDialog(*this); };
 }
 
 void Form9::setTexts() {

@@ -8,6 +8,8 @@
 #include "calc/engine_specification.h"
 #include "core/address_loading.h"
 #include "core/boost.h"
+#include "core/dialogs.h"
+#include "core/editor_state.h"
 #include "core/form1.h"
 #include "editing/add_multiply.h"
 #include "editing/address_dialog.h"
@@ -29,6 +31,67 @@
 
 namespace {
 
+constexpr Tabs tab(int number) { return Tabs{1} << number; }
+
+constexpr Tabs airflow = tab(5);
+constexpr Tabs parameters = tab(14);
+
+constexpr CommandGuard copying{{"ROM DATAが読み込まれていないのに、データのコピーはできません。",
+                                "ROM DATA reads and been crowded, a copy of data aren't possible."},
+                               parameters,
+                               {"この画面で、コピー機能は使用できません。",
+                                "With this screen, a copy function can be useful."}};
+constexpr CommandGuard pasting{
+    {"ROM DATAが読み込まれていないのに、データの張り付けはできません。",
+     "ROM DATA reads and been crowded, stretching and attaching it of data aren't possible."},
+    parameters,
+    {"この画面で、張り付けは使用できません。",
+     "With this screen, stretching and attaching it can be useful."}};
+constexpr CommandGuard mapCopying{
+    {"ROM DATAが読み込まれていないのに、データコピーはできません。",
+     "ROM DATA reads and been crowded, a data copy aren't possible."}};
+constexpr CommandGuard adding{
+    {"ROM DATAが読み込まれていないのに、データの増減はできません。",
+     "ROM DATA reads and been crowded, addition and reduction of data aren't possible."}};
+constexpr CommandGuard multiplying{
+    {"ROM DATAが読み込まれていないのに、データの乗算はできません。",
+     "ROM DATA reads and been crowded, a multiplication of data aren't possible."}};
+constexpr CommandGuard smoothing{
+    {"ROM DATAが読み込まれていないのに、データのスムージングはできません。",
+     "ROM DATA is smooth and aren't possible for data, been crowded as reading."}};
+constexpr CommandGuard addressEditing{
+    {"ROM DATAが読み込まれていないのに、データ編集はできません。",
+     "ROM DATA reads and been crowded, a data editing aren't possible."}};
+constexpr CommandGuard shifting{
+    {"ROM DATAが読み込まれていないのに、マップシフトはできません。",
+     "ROM DATA reads and been crowded, map shift aren't possible."},
+    airflow | parameters,
+    {"この画面で、マップシフトはできません。", "With this screen, map shift aren't possible."}};
+constexpr CommandGuard airflowTables{
+    {"ROM DATAが読み込まれていないのに、VQMAP変換はできません。",
+     "ROM DATA reads and been crowded, VQMAP conversion aren't possible."}};
+constexpr CommandGuard graphIn3D{{"ROM DATAが読み込まれていないのに、3Dグラフ編集はできません。",
+                                  "ROM DATA reads and been crowded, 3D graph editing aren't "
+                                  "possible."},
+                                 airflow | parameters,
+                                 {"この画面で、3Dグラフ編集はできません。",
+                                  "With this screen, 3D graph editing aren't possible."}};
+constexpr CommandGuard graphIn2D{{"ROM DATAが読み込まれていないのに、2Dグラフ編集はできません。",
+                                  "ROM DATA reads and been crowded, 2D graph editing aren't "
+                                  "possible."},
+                                 ~(tab(1) | tab(2)),
+                                 {"この画面で、2Dグラフ編集はできません。",
+                                  "With this screen, 2D graph editing aren't possible."}};
+// The ignition maps, the airflow map and the single parameters have no fuel in them.
+constexpr CommandGuard airFuelTable{
+    {"ROM DATAが読み込まれていないのに、A/F表示はできません。",
+     "ROM DATA reads and been crowded, A/F display aren't possible."},
+    tab(2) | tab(4) | airflow | parameters,
+    {"この画面で、A/F表示はできません。", "With this screen, A/F display aren't possible."}};
+constexpr CommandGuard boost{
+    {"ROM DATAが読み込まれていないのに、加給圧の計算はできません。",
+     "ROM DATA reads and been crowded, a calculation of boost aren't possible."}};
+
 const MenuRow rows[] = {
     {1, "file_load", "ﾌｧｲﾙ", "File", "", nullptr},
     {2, "read_read", "読み込み", "Load", "", nullptr},
@@ -48,32 +111,33 @@ const MenuRow rows[] = {
     {2, "owari", "終了", "Quit", "Ctrl+Q", closeForm1},
     {2, "space2", "-", "", "", nullptr},
     {1, "edit_0", "編集", "Edit", "", nullptr},
-    {2, "CPY", "コピー", "Copy", "Ctrl+C", CPY},
-    {2, "PST", "張り付け", "Paste", "Ctrl+V", PST},
+    {2, "CPY", "コピー", "Copy", "Ctrl+C", CPY, &copying},
+    {2, "PST", "張り付け", "Paste", "Ctrl+V", PST, &pasting},
     {2, "dt_cpy", "データコピー", "Data copy", "", nullptr},
-    {3, "F_F", "燃料・点火", "Fuel/Ignition time.", "", F_F},
-    {3, "T_R", "TP/回転スケール", "TP/RPM scale", "", T_R},
+    {3, "F_F", "燃料・点火", "Fuel/Ignition time.", "", F_F, &mapCopying},
+    {3, "T_R", "TP/回転スケール", "TP/RPM scale", "", T_R, &mapCopying},
     {2, "DDDEEDS", "機能", "Function", "", nullptr},
-    {3, "add_dec", "増減", "Addition and reduction", "", add_dec},
-    {3, "kakeru", "乗算", "Multiplication", "", kakeru},
-    {3, "smooth", "スムージング", "Smooth", "", smooth},
-    {3, "ADR_EDIT", "アドレス指定編集", "Address specification edit", "", ADR_EDIT},
-    {3, "DT_SFT", "マップシフト", "Data shift", "", DT_SFT},
+    {3, "add_dec", "増減", "Addition and reduction", "", add_dec, &adding},
+    {3, "kakeru", "乗算", "Multiplication", "", kakeru, &multiplying},
+    {3, "smooth", "スムージング", "Smooth", "", smooth, &smoothing},
+    {3, "ADR_EDIT", "アドレス指定編集", "Address specification edit", "", ADR_EDIT,
+     &addressEditing},
+    {3, "DT_SFT", "マップシフト", "Data shift", "", DT_SFT, &shifting},
     {3, "vq_chan", "VQ MAP変更", "Replace VQ map", "", nullptr},
-    {4, "use_z32_vq", "Z32 - VG30DETT", "", "", use_z32_vq},
-    {4, "use_hcr32_vq", "HCR32 - RB20DET", "", "", use_hcr32_vq},
-    {4, "use_bnr32_vq", "BNR32 - RB26DETT", "", "", use_bnr32_vq},
-    {4, "user_ecr33_vq", "ECR33 - RB25DET", "", "", user_ecr33_vq},
-    {4, "use_y32_vq", "Y32 - VG30DET", "", "", use_y32_vq},
-    {4, "use_s13_vq", "S13 - CA18DET", "", "", use_s13_vq},
-    {4, "use_ps13_vq", "PS13 - SR20DET", "", "", use_ps13_vq},
-    {4, "use_s14_vq", "S14 - SR20DET", "", "", use_s14_vq},
-    {4, "use_s15_vq", "S15 - SR20DET", "", "", use_s15_vq},
+    {4, "use_z32_vq", "Z32 - VG30DETT", "", "", use_z32_vq, &airflowTables},
+    {4, "use_hcr32_vq", "HCR32 - RB20DET", "", "", use_hcr32_vq, &airflowTables},
+    {4, "use_bnr32_vq", "BNR32 - RB26DETT", "", "", use_bnr32_vq, &airflowTables},
+    {4, "user_ecr33_vq", "ECR33 - RB25DET", "", "", user_ecr33_vq, &airflowTables},
+    {4, "use_y32_vq", "Y32 - VG30DET", "", "", use_y32_vq, &airflowTables},
+    {4, "use_s13_vq", "S13 - CA18DET", "", "", use_s13_vq, &airflowTables},
+    {4, "use_ps13_vq", "PS13 - SR20DET", "", "", use_ps13_vq, &airflowTables},
+    {4, "use_s14_vq", "S14 - SR20DET", "", "", use_s14_vq, &airflowTables},
+    {4, "use_s15_vq", "S15 - SR20DET", "", "", use_s15_vq, &airflowTables},
     {2, "G_EDIT_RR", "グラフ編集", "Graph editing", "", nullptr},
-    {3, "DISP_3D_Graph", "3D グラフ編集", "3D Graph editing", "Ctrl+G", DISP_3D_Graph},
-    {3, "TP_2D", "TP SCALE 2D グラフ編集", "2D Graph editing. TP only", "", TP_2D},
-    {2, "AF_DISP_FORM", "A/F表示", "A/F Display", "", AF_DISP_FORM},
-    {2, "TP_BST_RECAL", "TP/加給再計算", "TP/Boost Re-calculation", "Ctrl+R", TP_BST_RECAL},
+    {3, "DISP_3D_Graph", "3D グラフ編集", "3D Graph editing", "Ctrl+G", DISP_3D_Graph, &graphIn3D},
+    {3, "TP_2D", "TP SCALE 2D グラフ編集", "2D Graph editing. TP only", "", TP_2D, &graphIn2D},
+    {2, "AF_DISP_FORM", "A/F表示", "A/F Display", "", AF_DISP_FORM, &airFuelTable},
+    {2, "TP_BST_RECAL", "TP/加給再計算", "TP/Boost Re-calculation", "Ctrl+R", TP_BST_RECAL, &boost},
     {2, "CALCU", "Windows電卓", "Calculator", "Ctrl+N", CALCU},
     {1, "S___", "設定", "Setup", "", nullptr},
     {2, "load_map_addr", "機種別アドレス読み込み", "Are crowded as reading address file", "",
@@ -99,19 +163,41 @@ void makeRecentEntries(MenuItem& fileMenu) {
   }
 }
 
+bool refused(const CommandGuard& guard) {
+  const bool withoutRom = !isRomLoaded();
+  if (!withoutRom && !(guard.refusedTabs & tab(editorState.currentTab))) return false;
+  showRefusal(withoutRom ? guard.withoutRom : guard.onRefusedTab);
+  return true;
+}
+
+void run(const MenuRow& row) {
+  if (!row.guard || !refused(*row.guard)) row.routine();
+}
+
+void followState(MenuItem& bar, std::span<const MenuRow> shown) {
+  for (const MenuRow& row : shown) {
+    if (row.follow) row.follow(*bar.find(row.name));
+  }
+}
+
 }  // namespace
 
 std::span<const MenuRow> menuRows() { return rows; }
 
-void makeMainMenu() {
-  Form1& form = form1();
-  std::array<MenuItem*, 5> open{&form.menuBar};
-  for (const MenuRow& row : rows) {
+void addMenuRows(MenuItem& bar, std::span<const MenuRow> shown) {
+  std::array<MenuItem*, 5> open{&bar};
+  for (const MenuRow& row : shown) {
     const auto level = static_cast<std::size_t>(row.level);
     MenuItem& item = open[level - 1]->add(
-        std::make_unique<MenuItem>(form, row.name, row.japanese, row.shortcut));
-    if (row.routine) item.onClick = row.routine;
+        std::make_unique<MenuItem>(bar.window(), row.name, row.japanese, row.shortcut));
+    if (row.routine) item.onClick = [&row] { run(row); };
+    if (row.level == 1) item.onOpen = [&bar, shown] { followState(bar, shown); };
     open[level] = &item;
   }
+}
+
+void makeMainMenu() {
+  Form1& form = form1();
+  addMenuRows(form.menuBar, rows);
   makeRecentEntries(*form.menuBar.find("file_load"));
 }

@@ -71,9 +71,6 @@ DrGraph::DrGraph()
   Label20.setColour(comparedRed);
   Label17.setColour(red);
   Label13.setColour(lightOrange);
-  defaultButton = &Command2;
-  cancelButton = &Command1;
-  firstFocus = &Picture1;
   Text2.keyFilter = digitKey;
 }
 

@@ -11,13 +11,6 @@
 
 namespace {
 
-constexpr Wording withoutRom{"ROM DATAが読み込まれていないのに、3Dグラフ編集はできません。",
-                             "ROM DATA reads and been crowded, 3D graph editing aren't possible."};
-constexpr Wording onThisTab{"この画面で、3Dグラフ編集はできません。",
-                            "With this screen, 3D graph editing aren't possible."};
-constexpr int airflowTab = 5;
-constexpr int parametersTab = 14;
-
 void redrawWhenActive(Colour marker) {
   if (DR_GRAPH.formActive) redrawGraph3D();
   markCursor(marker);
@@ -118,25 +111,20 @@ void wireDisplayControls() {
 
 void wireGraph3D() {
   DrGraph& window = DR_GRAPH;
-  window.onLoad = openGraph3D;
+  wireDialog(window,
+             {openGraph3D, &window.Command2, okGraph3D, &window.Command1, &window.Picture1});
   window.onActivate = [] { DR_GRAPH.formActive = true; };
   window.onUnload = [] { DR_GRAPH.formActive = false; };
   window.Picture1.onMouseDown = [] { DR_GRAPH.Label13.setVisible(false); };
   window.Picture1.onKeyDown = graphKeyDown;
   window.Picture1.onKey = graphKey;
   window.Picture1.onKeyUp = graphKeyUp;
-  window.Command1.onClick = cancelGraph3D;
-  window.Command2.onClick = okGraph3D;
   wireDisplayControls();
 }
 
 }  // namespace
 
 void DISP_3D_Graph() {
-  if (refusedWithoutRom(withoutRom)) return;
-  if (editorState.currentTab == airflowTab || editorState.currentTab == parametersTab) {
-    return showRefusal(onThisTab);
-  }
   wireGraph3D();
   openDialog(DR_GRAPH);
 }

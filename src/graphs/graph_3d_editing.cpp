@@ -139,6 +139,4 @@ void okGraph3D() {
   closeDialog(DR_GRAPH);
 }
 
-void cancelGraph3D() { closeDialog(DR_GRAPH); }
-
 void DRAW_PUT() { drawCursorSquare(1, markerRed); }

@@ -18,9 +18,8 @@ void writeGraphToGrid(Grid& grid, std::int32_t columns, std::int32_t rows);
 // settings file. Runs before a control changes, so that its old state counts.
 void saveGraphEdits();
 
-// Both close the window.
+// Writes the edits back and closes the window.
 void okGraph3D();
-void cancelGraph3D();
 
 // A small red square at the cursor.
 void DRAW_PUT();

@@ -27,11 +27,6 @@ constexpr int tickReach = 1;    // pixels up and down
 constexpr int cursorReach = 2;  // pixels each way
 constexpr const char* axisText = "min                  TP value                  max";
 
-constexpr Wording withoutRom{"ROM DATAが読み込まれていないのに、2Dグラフ編集はできません。",
-                             "ROM DATA reads and been crowded, 2D graph editing aren't possible."};
-constexpr Wording onThisTab{"この画面で、2Dグラフ編集はできません。",
-                            "With this screen, 2D graph editing aren't possible."};
-
 std::int32_t& pointY(int point) { return tpGraphState.pointY[static_cast<std::size_t>(point - 1)]; }
 
 // The TP scale that the current tab edits; null on all tabs but two.
@@ -124,26 +119,15 @@ void okTpGraph() {
   closeDialog(D2_GRAPH);
 }
 
-void cancelTpGraph() { closeDialog(D2_GRAPH); }
-
-void wireTpGraph() {
-  D2Graph& window = D2_GRAPH;
-  window.onLoad = openTpGraph;
-  window.Picture1.onKeyDown = keyDown;
-  window.Picture1.onKey = keyPress;
-  window.Picture1.onKeyUp = keyUp;
-  window.Command1.onClick = okTpGraph;
-  window.Command2.onClick = cancelTpGraph;
-}
-
 }  // namespace
 
 D2Graph::D2Graph() : Window("D2_GRAPH") {
+  wireDialog(*this, {openTpGraph, &Command1, okTpGraph, &Command2, &Picture1});
   Label1.setColour(orange);
   Label2.setColour(orange);
-  defaultButton = &Command1;
-  cancelButton = &Command2;
-  firstFocus = &Picture1;
+  Picture1.onKeyDown = keyDown;
+  Picture1.onKey = keyPress;
+  Picture1.onKeyUp = keyUp;
 }
 
 void loadTpGraph(Grid& grid, std::int32_t columns, const std::string& caption) {
@@ -180,9 +164,4 @@ void writeTpGraphToGrid(Grid& grid, std::int32_t columns) {
   }
 }
 
-void TP_2D() {
-  if (refusedWithoutRom(withoutRom)) return;
-  if (!scaleOfTab()) return showRefusal(onThisTab);
-  wireTpGraph();
-  openDialog(D2_GRAPH);
-}
+void TP_2D() { openDialog(D2_GRAPH); }

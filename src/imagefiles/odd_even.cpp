@@ -255,7 +255,7 @@ void press(bool (*command)(), FileCommand frame) {
 }  // namespace
 
 OddEven::OddEven() : Window("oddeven") {
-  onLoad = [this] {
+  const auto fill = [this] {
     setCaption(captioned({"偶数/奇数ファイル", "Odd/Even File"}));
     Label1.setCaption(captioned(instruction));
     Label2.setCaption(captioned(instruction));
@@ -268,11 +268,10 @@ OddEven::OddEven() : Window("oddeven") {
     }
     formats.select(chosen);
   };
-  onClose = [this] { closeDialog(*this); };
-  escapeCloses = true;
-  Command1.onClick = [] {
+  const auto load = [] {
     press(loadCommand, {"BIN読み込み", {}, tellLoadFailure, afterLoadFailure});
   };
+  wireDialog(*this, {fill, &Command1, load, &Close, &List1});
   Command2.onClick = [] {
     press(saveCommand, {"BIN別名保存", {}, tellSaveFailure, afterSaveFailure});
   };

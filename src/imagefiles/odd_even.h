@@ -17,6 +17,7 @@ struct OddEven : Window {
   Option Option1{*this, formats, "Binary"}, Option2{*this, formats, "IntelHEX"};
   Label Label1{*this}, Label2{*this};
   Button Command1{*this}, Command2{*this};  // load, save
+  Button Close{*this, "CLOSE"};
 };
 
 extern OddEven oddeven;

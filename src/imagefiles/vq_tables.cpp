@@ -4,18 +4,17 @@
 #include <array>
 #include <string>
 
-#include "core/dialogs.h"
+#include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/map_display.h"
 #include "core/progress.h"
+#include "core/wording.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/numbers.h"
 
 namespace {
 
-const Wording noRom{"ROM DATAが読み込まれていないのに、VQMAP変換はできません。",
-                    "ROM DATA reads and been crowded, VQMAP conversion aren't possible."};
 const Wording cutTitle{"切り詰め", "I cut and stuff it"};
 const Wording cutBefore{"頭の", "I stuffed "};
 const Wording cutBehind{" byteを詰めて、後ろから貼り付けました。",
@@ -99,7 +98,6 @@ void loadVqTables() {
 }
 
 void useVqTable(std::span<const std::uint8_t> table) {
-  if (refusedWithoutRom(noRom)) return;
   convert(table, editorState.addressMap.map(VQ_MAP));
   drawMap(VQ_MAP);
   setProgress(-1);

@@ -17,6 +17,7 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTimer>
+#include <QValidator>
 #include <algorithm>
 #include <limits>
 #include <memory>
@@ -101,34 +102,52 @@ void forwardPress(QWidget* widget, Press press) {
   });
 }
 
-// A typed character of a key press; 0 for keys that are no text, shortcuts among them.
-char32_t typedCharacter(const QKeyEvent& event) {
-  if (event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) return 0;
-  const auto characters = event.text().toUcs4();
-  if (characters.isEmpty() || !QChar::isPrint(characters.front())) return 0;
-  return characters.front();
+// A key that types a character; shortcuts and keys that go to a menu type none.
+bool types(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  if (key.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) return false;
+  const auto characters = key.text().toUcs4();
+  return !characters.isEmpty() && QChar::isPrint(characters.front());
 }
 
-bool filterTextKeys(QLineEdit* widget, const TextBox& record, QEvent* event) {
-  if (event->type() == QEvent::FocusIn &&
-      static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason) {
-    // A click moves the cursor after it gave the focus; the whole text is selected behind it.
-    QTimer::singleShot(0, widget, &QLineEdit::selectAll);
+// Leaves of each editing in a line what the record's door leaves of it.
+class EntryDoor : public QValidator {
+ public:
+  EntryDoor(QLineEdit* line, TextBox& record) : QValidator(line), record_(record) {
+    // The record knows the limit.
+    line->setMaxLength(std::numeric_limits<int>::max());
+    line->setValidator(this);
+    tapEvents(line, [this](QEvent* event) {
+      by_ = types(*event) ? TextBox::By::keys : TextBox::By::other;
+      return false;
+    });
+    connect(line, &QLineEdit::textEdited,
+            [this](const QString& text) { record_.userEdit(stored(text), by_); });
   }
-  if (event->type() != QEvent::KeyPress) return false;
-  const char32_t key = typedCharacter(*static_cast<QKeyEvent*>(event));
-  return key != 0 && !record.acceptsKey(key);
-}
+  State validate(QString& text, int& place) const override {
+    const QString left = shown(record_.edited(stored(text), by_));
+    if (left == text) return Acceptable;
+    if (left == shown(record_.text())) return Invalid;  // the line takes the editing back
+    place = std::max(place - static_cast<int>(text.size() - left.size()), 0);
+    text = left;
+    return Acceptable;
+  }
 
-int typingLimit(const TextBox& record) {
-  return record.maxLength() > 0 ? record.maxLength() : std::numeric_limits<int>::max();
-}
+ private:
+  TextBox& record_;
+  TextBox::By by_ = TextBox::By::other;
+};
 
-// The limit is the user's. What the program shows beyond it stays, and can only become shorter.
-void limitTyping(QLineEdit* widget, const TextBox& record, const QString& text) {
-  const int limit = std::max(typingLimit(record), static_cast<int>(text.size()));
-  // Setting it anew would move the cursor.
-  if (limit != widget->maxLength()) widget->setMaxLength(limit);
+// A click moves the cursor after it gave the focus; the whole text is selected behind it.
+void selectAllAtClick(QLineEdit* line) {
+  tapEvents(line, [line](QEvent* event) {
+    if (event->type() == QEvent::FocusIn &&
+        static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason) {
+      QTimer::singleShot(0, line, &QLineEdit::selectAll);
+    }
+    return false;
+  });
 }
 
 void showProgress(QProgressBar* widget, int value) {
@@ -165,21 +184,16 @@ void bind(QGroupBox* widget, Frame& record) {
 void bind(QLineEdit* widget, TextBox& record) {
   // An input method would bring characters past the key filter.
   if (record.keyFilter) widget->setAttribute(Qt::WA_InputMethodEnabled, false);
+  new EntryDoor(widget, record);
   follow(
       widget, record,
       [widget, &record] {
         const QString text = shown(record.text());
-        limitTyping(widget, record, text);
         if (widget->text() != text) widget->setText(text);
       },
       [widget] { widget->selectAll(); });
-  QObject::connect(widget, &QLineEdit::textEdited, [widget, &record] {
-    limitTyping(widget, record, widget->text());
-    record.userEdit(stored(widget->text()));
-  });
   forwardFocus(widget, record);
-  tapEvents(widget,
-            [widget, &record](QEvent* event) { return filterTextKeys(widget, record, event); });
+  selectAllAtClick(widget);
 }
 
 void bind(QCheckBox* widget, CheckBox& record) {

@@ -41,6 +41,8 @@ void follow(QAction* action, MenuItem& item, bool isTitle) {
     if (!action->isSeparator()) {
       isTitle ? action->setText(titleOf(item)) : showCaption(action, item.caption());
     }
+    action->setCheckable(item.checked().has_value());
+    action->setChecked(item.checked().value_or(false));
     action->setVisible(item.visible());
     action->setEnabled(item.enabled());
   };
@@ -57,7 +59,10 @@ QAction* makeAction(MenuItem& item, QWidget* parent) {
   if (!item.children().empty()) return makeMenu(item, parent)->menuAction();
   auto* const action = new QAction(parent);
   action->setShortcut(QKeySequence(shown(item.shortcut()), QKeySequence::PortableText));
-  QObject::connect(action, &QAction::triggered, [&item] { item.userPick(); });
+  QObject::connect(action, &QAction::triggered, [action, &item] {
+    action->setChecked(item.checked().value_or(false));  // the record decides
+    item.userPick();
+  });
   return action;
 }
 
@@ -79,6 +84,7 @@ QMenu* makeMenu(MenuItem& item, QWidget* parent) {
   menu->setObjectName(shown(item.name()));
   menus[&item] = menu;
   QObject::connect(menu, &QObject::destroyed, [&item] { menus.erase(&item); });
+  QObject::connect(menu, &QMenu::aboutToShow, [&item] { item.userOpen(); });
   addMissing(menu, item);
   return menu;
 }
