@@ -32,7 +32,9 @@ void stepWholeMap(benchmark::State& state) {
   editorState.plusKey = "+";
   editorState.minusKey = "-";
   editorState.gridColorRate = 1;
-  Grid& grid = form1().Grid1;
+  const MapKind& map = *findMapKind(HIGH_FUEL);
+  editorState.addressMap.map(map.id).bytes = side * side;
+  Grid& grid = gridOf(map);
   grid.resize(side + 1, side + 1);
   for (int cell = 0; cell < side * side; ++cell) {
     grid.setText(cell / side + 1, cell % side + 1, startText(cell));
@@ -40,7 +42,7 @@ void stepWholeMap(benchmark::State& state) {
   grid.setSelection({1, 1, side, side});
   bool up = true;
   for (auto _ : state) {
-    stepSelection(grid, up ? '+' : '-');
+    stepSelection(map, up ? '+' : '-');
     up = !up;
     benchmark::ClobberMemory();
   }

@@ -11,6 +11,7 @@
 
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/map_kinds.h"
 #include "editing/add_multiply.h"
 #include "editing/address_grid.h"
 #include "editing/copy_paste.h"
@@ -37,10 +38,13 @@ HeadlessDesktop& bareDesktop() {
   return headless;
 }
 
+const MapKind& wholeKind() { return *findMapKind(HIGH_FUEL); }
+
 Grid& wholeMap() {
   bareDesktop();
   editorState.gridColorRate = 1;
   editorState.currentTab = 1;
+  editorState.addressMap.map(HIGH_FUEL).bytes = side * side;
   Grid& grid = form1().Grid1;
   grid.resize(side + 1, side + 1);
   for (int cell = 0; cell < side * side; ++cell) {
@@ -107,7 +111,7 @@ BENCHMARK(copyBareTexts);
 
 void pasteWholeMap(benchmark::State& state) {
   copyBlock(wholeMap());
-  overWholeMap(state, pasteBlock);
+  overWholeMap(state, [](Grid&) { pasteBlock(wholeKind()); });
 }
 BENCHMARK(pasteWholeMap);
 
@@ -163,7 +167,7 @@ void multiplyBareTexts(benchmark::State& state) {
 BENCHMARK(multiplyBareTexts);
 
 void smoothWholeMap(benchmark::State& state) {
-  overWholeMap(state, [](Grid& grid) { SMOOTH_DATA(grid, threshold); });
+  overWholeMap(state, [](Grid&) { SMOOTH_DATA(wholeKind(), threshold); });
 }
 BENCHMARK(smoothWholeMap);
 
@@ -192,7 +196,7 @@ BENCHMARK(smoothBareTexts);
 void shiftWholeMap(benchmark::State& state) {
   overWholeMap(state, [](Grid& grid) {
     form11.directions.select(&form11.Option1);
-    MAP_SHIFT(grid, side, side);
+    MAP_SHIFT(wholeKind(), side, side);
     grid.setText(1, side, "255");
   });
 }

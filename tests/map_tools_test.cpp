@@ -7,6 +7,7 @@
 #include "core/map_colours.h"
 #include "core/map_kinds.h"
 #include "editing/add_multiply.h"
+#include "editing/cell_editing.h"
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"
 #include "map_tools_bed.h"
@@ -127,6 +128,34 @@ TEST_F(MapTools, WorkedExamplesOfAddingAndMultiplyingAndEntriesThatAreRefused) {
     EXPECT_EQ(told(), refused ? "Wrong data are inputed." : "") << given;
     EXPECT_EQ(dialog.loaded(), refused) << "stays open";
     dialog.userClose();
+  }
+}
+
+TEST_F(MapTools, TheGridOfAnAbsentMapTakesNothing) {
+  startAnewWithMap("TYPE_UNIT,CAR\n" + mapBlock("HIGH_FUEL", "256", columns, rows, columns * rows));
+  loadImage(patternImage(0x1000));
+  desk.clipboard = "77,0,0";
+  for (const int tab : {3, airflowTab, doubledTab}) {
+    selectTab(tab);
+    Grid& grid = *activeGrid();
+    grid.resize(rows + 1, columns + 1);
+    const Matrix cells = scramble(grid, 99);
+    grid.setSelection({1, 1, rows, columns});
+    const std::pair<const char*, std::function<void()>> commands[] = {
+        {"add", [this] { change(true, "65536", "5"); }},
+        {"multiply", [this] { change(false, "65536", "3"); }},
+        {"smooth", [this] { smoothBelow("300"); }},
+        {"paste", [this] { pick("PST"); }},
+        {"step", [&grid] { grid.userKey('+'); }},
+        {"step by the program", [tab] { stepSelection(*mapKindOfTab(tab), '+'); }},
+        {"double click", [&grid] { grid.userDoubleClick(); }}};
+    for (const auto& [name, command] : commands) {
+      grid.clear();
+      fill(grid, cells);
+      command();
+      EXPECT_EQ(numbers(grid), cells) << name << " on tab " << tab;
+      EXPECT_FALSE(grid.painted(2, 2)) << name << " on tab " << tab;
+    }
   }
 }
 

@@ -117,7 +117,7 @@ TEST_F(TpCurveTest, ShowsTheFirst129PointsAndNoMoreThanTheGridHas) {
     loadTpGraph(grid, columns, "long");
     press(rightKey, 300);
     type('+');
-    writeTpGraphToGrid(grid, columns);
+    writeTpGraphToGrid(*findMapKind(TP_SCALE_FUEL), columns);
     for (int c = 1; c < gridColumns; ++c) {
       EXPECT_EQ(grid.text(1, c), c == points ? "8" : "7") << c << " of " << columns;
     }

@@ -55,6 +55,7 @@ TEST_F(VqTables, EachCommandPutsTheEndOfItsTableIntoTheMapUnlessTheMapIsLonger) 
     }
     const std::string word = std::to_string(expected[mapAddress] * 256 + expected[mapAddress + 1]);
     EXPECT_TRUE(row.mapBytes == 0 || form1().Grid5.text(1, 1) == word);
+    EXPECT_EQ(form1().Grid5.text(1, 0), row.mapBytes == 0 ? "" : "0200") << "no header either";
   }
   editorState.image.assign(4096, 0);
   pick("use_z32_vq");

@@ -1,10 +1,8 @@
 #include "calc/af_table.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "core/dialogs.h"
-#include "core/editor_state.h"
 #include "core/map_colours.h"
 #include "core/map_kinds.h"
 #include "platform/numbers.h"
@@ -15,13 +13,8 @@ constexpr Grid::Look tableLook{white, rgb(64, 64, 64), white};
 constexpr int cellWidth = 430;     // twips
 constexpr int addressWidth = 620;  // twips
 
-float cellReal(const std::string& text) {
-  constexpr double largest = std::numeric_limits<float>::max();
-  return static_cast<float>(std::clamp(parseNumber(text), -largest, largest));
-}
-
 void showCell(Grid& grid, int row, int column, const std::string& text) {
-  grid.setCell(row, column, formatFixed(airFuelRatio(cellReal(text)), 1),
+  grid.setCell(row, column, formatFixed(airFuelRatio(realClamped(parseNumber(text))), 1),
                cellColour(cellNumber(text)));
 }
 
@@ -38,9 +31,9 @@ void Form5::fill() {
   Grid1.clear();
   Grid1.setColumnWidths(cellWidth);
   Grid1.setColumnWidth(0, addressWidth);
-  const MapKind* const kind = mapKindOfTab(editorState.currentTab);
+  const MapKind* const kind = activeMap();
   if (!kind) return;
-  const MapEntry& entry = editorState.addressMap.map(kind->id);
+  const MapEntry& entry = entryOf(*kind);
   showAfTable(Grid1, gridOf(*kind), columnsOf(entry), rowsOf(entry), entry.caption, entry.address);
 }
 

@@ -1,5 +1,8 @@
 #include "core/map_kinds.h"
 
+#include <cstddef>
+#include <limits>
+
 #include "core/editor_state.h"
 #include "core/form1.h"
 
@@ -8,20 +11,43 @@ namespace {
 using F = Form1;
 using Family = MapFamily;
 
+constexpr int cellWidth = 430;                // twips
+constexpr int rpmWidth = 550;                 // twips
+constexpr int wordWidth = 620;                // twips
+constexpr std::int32_t rpmStepLimit = 15000;  // r.p.m.
+constexpr std::int32_t noLimit = std::numeric_limits<std::int32_t>::max();
+
+using Rule = ColourRule;
+using After = AfterEffect;
+
+// In the order of MapFamily. An airflow answer just below 65536 passes its bound and rounds up.
+constexpr std::array<CellRules, 6> rulesOfFamilies{{
+    {1, byteLimit, byteLimit, byteLimit, Rule::byteShade, After::none, false, cellWidth},
+    {2, wordLimit, wordLimit + 1, wordLimit, Rule::wordShade, After::airflowView, false, wordWidth},
+    {1, byteLimit, byteLimit, byteLimit, Rule::none, After::boostRow, false, cellWidth},
+    {1, noLimit, noLimit, rpmStepLimit, Rule::none, After::none, true, rpmWidth},
+    {1, byteLimit, byteLimit, byteLimit, Rule::byteShade, After::none, false, cellWidth},
+    {1, byteLimit, byteLimit, byteLimit, Rule::byteShade, After::none, true, cellWidth},
+}};
+
 const std::array<MapKind, mapCount> kindsOfMaps{{
-    {HIGH_FUEL, "HIGH_FUEL", &F::Grid1, Family::main, &F::Frame1, nullptr, 1},
-    {HIGH_FIRE, "HIGH_FIRE", &F::Grid2, Family::main, &F::Frame2, nullptr, 2},
-    {REG_FUEL, "REG_FUEL", &F::Grid3, Family::main, &F::Frame3, nullptr, 3},
-    {REG_FIRE, "REG_FIRE", &F::Grid4, Family::main, &F::Frame4, nullptr, 4},
+    {HIGH_FUEL, "HIGH_FUEL", &F::Grid1, Family::main, &F::Frame1, nullptr, 1, TP_SCALE_FUEL,
+     RPM_SCALE_FUEL},
+    {HIGH_FIRE, "HIGH_FIRE", &F::Grid2, Family::main, &F::Frame2, nullptr, 2, TP_SCALE_FIRE,
+     RPM_SCALE_FIRE},
+    {REG_FUEL, "REG_FUEL", &F::Grid3, Family::main, &F::Frame3, nullptr, 3, TP_SCALE_FUEL,
+     RPM_SCALE_FUEL},
+    {REG_FIRE, "REG_FIRE", &F::Grid4, Family::main, &F::Frame4, nullptr, 4, TP_SCALE_FIRE,
+     RPM_SCALE_FIRE},
     {VQ_MAP, "VQ_MAP", &F::Grid5, Family::airflow, &F::Frame5, nullptr, 5},
-    {TP_SCALE_FUEL, "TP_SCALE_FUEL", &F::TP_FUEL, Family::tpScale, nullptr, nullptr, 0},
-    {TP_SCALE_FIRE, "TP_SCALE_FIRE", &F::TP_FIRE, Family::tpScale, nullptr, nullptr, 0},
-    {RPM_SCALE_FUEL, "RPM_SCALE_FUEL", &F::RPM_FUEL, Family::rpmScale, nullptr, nullptr, 0},
-    {RPM_SCALE_FIRE, "RPM_SCALE_FIRE", &F::RPM_FIRE, Family::rpmScale, nullptr, nullptr, 0},
-    {TTP_MAX, "TTP_MAX", &F::Grid7, Family::limitRow, nullptr, &F::Label12, 0},
-    {TTP_MIN, "TTP_MIN", &F::Grid6, Family::limitRow, nullptr, &F::Label11, 0},
-    {AF_LIMIT, "AF_LIMIT", &F::Grid8, Family::limitRow, nullptr, &F::Label2, 0},
-    {ADD_FUEL, "ADD_FUEL", &F::Grid9, Family::limitRow, nullptr, &F::Label18, 0},
+    {TP_SCALE_FUEL, "TP_SCALE_FUEL", &F::TP_FUEL, Family::tpScale, nullptr, nullptr, 1},
+    {TP_SCALE_FIRE, "TP_SCALE_FIRE", &F::TP_FIRE, Family::tpScale, nullptr, nullptr, 2},
+    {RPM_SCALE_FUEL, "RPM_SCALE_FUEL", &F::RPM_FUEL, Family::rpmScale, nullptr, nullptr, 1},
+    {RPM_SCALE_FIRE, "RPM_SCALE_FIRE", &F::RPM_FIRE, Family::rpmScale, nullptr, nullptr, 2},
+    {TTP_MAX, "TTP_MAX", &F::Grid7, Family::limitRow, nullptr, &F::Label12, 14},
+    {TTP_MIN, "TTP_MIN", &F::Grid6, Family::limitRow, nullptr, &F::Label11, 14},
+    {AF_LIMIT, "AF_LIMIT", &F::Grid8, Family::limitRow, nullptr, &F::Label2, 14},
+    {ADD_FUEL, "ADD_FUEL", &F::Grid9, Family::limitRow, nullptr, &F::Label18, 14},
     {ADD_MAP1, "ADD_MAP1", &F::AddGrid1, Family::additional, &F::Frame6, nullptr, 6},
     {ADD_MAP2, "ADD_MAP2", &F::AddGrid2, Family::additional, &F::Frame8, nullptr, 7},
     {ADD_MAP3, "ADD_MAP3", &F::AddGrid3, Family::additional, &F::Frame9, nullptr, 8},
@@ -51,6 +77,10 @@ const std::array<ParamKind, paramCount> kindsOfParams{{
 
 }  // namespace
 
+const CellRules& MapKind::rules() const {
+  return rulesOfFamilies[static_cast<std::size_t>(family)];
+}
+
 const std::array<MapKind, mapCount>& mapKinds() { return kindsOfMaps; }
 
 const MapKind* findMapKind(int mapId) {
@@ -58,18 +88,51 @@ const MapKind* findMapKind(int mapId) {
   return &kindsOfMaps[static_cast<std::size_t>(mapId - 1)];
 }
 
-Grid& gridOf(const MapKind& kind) { return form1().*kind.grid; }
-
-const MapKind* mapKindOfTab(int tab) {
+const MapKind* findMapKind(const Grid& grid) {
   for (const MapKind& kind : kindsOfMaps) {
-    if (kind.tab == tab && tab > 0) return &kind;
+    if (&gridOf(kind) == &grid) return &kind;
   }
   return nullptr;
 }
 
+Grid& gridOf(const MapKind& kind) { return form1().*kind.grid; }
+
+const MapEntry& entryOf(const MapKind& kind) { return editorState.addressMap.map(kind.id); }
+
+const MapKind* mapKindOfTab(int tab) {
+  for (const MapKind& kind : kindsOfMaps) {
+    if (kind.frame && kind.tab == tab) return &kind;
+  }
+  return nullptr;
+}
+
+const MapKind* activeMap() { return mapKindOfTab(editorState.currentTab); }
+
 Grid* activeGrid() {
-  const MapKind* kind = mapKindOfTab(editorState.currentTab);
-  return kind ? &gridOf(*kind) : nullptr;
+  const MapKind* const map = activeMap();
+  return map ? &gridOf(*map) : nullptr;
+}
+
+const MapKind* loadScaleOf(const MapKind& map) { return findMapKind(map.loadScale); }
+
+const MapKind* speedScaleOf(const MapKind& map) { return findMapKind(map.speedScale); }
+
+const MapKind* loadScaleBeside(int tab) {
+  const MapKind* const map = mapKindOfTab(tab);
+  const MapKind* const scale = map ? loadScaleOf(*map) : nullptr;
+  return scale && scale->tab == tab ? scale : nullptr;
+}
+
+ScaleCell loadCellOf(const MapKind& map, int column) {
+  const MapKind* const scale = loadScaleOf(map);
+  if (!scale || column < 1 || column > columnsOf(entryOf(*scale))) return {};
+  return {scale, 1, column};
+}
+
+ScaleCell speedCellOf(const MapKind& map, int row) {
+  const MapKind* const scale = speedScaleOf(map);
+  if (!scale || row < 1 || row > columnsOf(entryOf(*scale))) return {};
+  return {scale, row - 1, 0};
 }
 
 const std::array<ParamKind, paramCount>& paramKinds() { return kindsOfParams; }

@@ -34,7 +34,7 @@ std::int32_t unscaled(double number, double scale) {
 std::uint8_t storedByte(const MapKind& kind, std::string_view text) {
   const double number = parseNumber(text);
   if (!kind.scaled()) return asByte(roundToLong(number));
-  return asByte(unscaled(number, editorState.addressMap.map(kind.id).scale));
+  return asByte(unscaled(number, entryOf(kind).scale));
 }
 
 // Walks the cells of a grid in storing order and refuses those that no draw has filled.
@@ -62,7 +62,7 @@ void storeBytes(const MapExtent& extent) {
   for (int r = 1; r <= rowsWith(extent.columns, extent); ++r) {
     for (int c = 1; c <= extent.columns; ++c) {
       setImageByte(place++, storedByte(extent.kind, walk.next(r, c)));
-      if (extent.kind.family != MapFamily::additional) countProgress();
+      if (extent.kind.countsProgress()) countProgress();
     }
   }
 }
@@ -171,7 +171,7 @@ void writeBackAll() {
   const GridsPause pause;
   form1().refresh();
   for (const MapKind& kind : mapKinds()) {
-    if (editorState.addressMap.map(kind.id).present()) writeMapBack(kind.id);
+    if (entryOf(kind).present()) writeMapBack(kind.id);
   }
   ANY_SET_MEMORY();
 }

@@ -1,15 +1,11 @@
 #include "editing/add_multiply.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
-#include "core/airflow_view.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
-#include "core/map_colours.h"
+#include "core/map_cells.h"
 #include "core/map_kinds.h"
-#include "editing/entry.h"
 #include "editing/selection.h"
 #include "platform/numbers.h"
 
@@ -39,35 +35,19 @@ const BulkChange multiplication{
     "",
     multiplyData};
 
-float toReal(double value) {
-  constexpr double largest = std::numeric_limits<float>::max();
-  return static_cast<float>(std::clamp(value, -largest, largest));
-}
-
-std::int32_t limited(double value, bool airflow) {
-  if (value < 1) return 0;
-  if (airflow) return value >= 65536 ? 65535 : static_cast<std::int32_t>(value);
-  return value >= 255 ? 255 : static_cast<std::int32_t>(value);
-}
-
 using NewValue = double (*)(double by, std::int32_t number);
 
 void changeCells(const MapKind& kind, std::int32_t threshold, double by, NewValue newValue) {
-  Grid& grid = gridOf(kind);
-  const bool airflow = kind.family == MapFamily::airflow;
-  walkSelection(grid, [&](int row, int column) {
-    const std::int32_t number = cellNumber(grid.text(row, column));
-    if (number >= threshold) return;
-    const std::int32_t changed = limited(newValue(by, number), airflow);
-    grid.setCell(row, column, decimalText(changed),
-                 airflow ? airflowCellColour(changed) : cellColour(changed));
+  MapCells cells(kind);
+  walkSelection(gridOf(kind), [&](int row, int column) {
+    const std::int32_t number = cells.number(row, column);
+    if (number < threshold) cells.set(row, column, limitedTo(kind, newValue(by, number)));
   });
-  if (airflow) drawAirflowView(grid, editorState.addressMap.map(kind.id).bytes);
+  showAfterEffect(kind);
 }
 
 void changeOnTab(std::int32_t tab, std::int32_t threshold, float by, NewValue newValue,
                  const Wording& refusalOnGlobal) {
-  constexpr std::int32_t globalTab = 14;
   if (const MapKind* const kind = mapKindOfTab(tab)) {
     changeCells(*kind, threshold, by, newValue);
   } else if (tab == globalTab) {
@@ -115,7 +95,7 @@ void BulkChangeDialog::accept() {
     return showRefusal({"不正なデータが入力されています。", "Wrong data are inputed."});
   }
   design_.change(editorState.currentTab, cellNumber(Text1.text()),
-                 toReal(parseNumber(Text2.text())));
+                 realClamped(parseNumber(Text2.text())));
   closeDialog(*this);
 }
 

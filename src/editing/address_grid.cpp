@@ -16,6 +16,7 @@
 #include "core/image_bytes.h"
 #include "core/map_colours.h"
 #include "core/map_display.h"
+#include "core/map_kinds.h"
 #include "core/progress.h"
 #include "editing/copy_buffer.h"
 #include "editing/entry.h"
@@ -137,7 +138,9 @@ void stepHexSelection(char32_t key) {
 
 void pasteHexBlock() {
   constexpr std::int64_t wholeBuffer = std::numeric_limits<std::int64_t>::max();
-  pasteFromBuffer(form6.eGrid, wholeBuffer, writeHexCell);
+  pasteFromBuffer(form6.eGrid, wholeBuffer, [](int row, int column, std::int32_t number) {
+    writeHexCell(form6.eGrid, row, column, number);
+  });
 }
 
 MenuItem& addItem(MenuItem& menu, const char* name) {

@@ -5,14 +5,12 @@
 #include <optional>
 
 #include "controls/desktop.h"
-#include "core/airflow_view.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/map_cells.h"
 #include "core/map_colours.h"
-#include "core/map_kinds.h"
 #include "editing/entry.h"
 #include "editing/selection.h"
-#include "platform/failure.h"
 #include "platform/numbers.h"
 
 namespace {
@@ -21,32 +19,47 @@ const Wording byteQuestion{"データは？\r\n\r\n設定できるデータの�
                            "Data?\r\n\r\nFor a size of data that I can set up, 0 - 255"};
 const Wording wordQuestion{"データは？\r\n\r\n設定できるデータの大きさは、0-65535",
                            "Data?\r\n\r\nFor a size of data that I can set up, 0 - 65535"};
+const Wording openQuestion{"データは？\r\n\r\n", "Data?\r\n\r\n"};
 
-bool isAirflow(const Grid& grid) { return &grid == &form1().Grid5; }
-
-// An answer just below 65536 passes the limit of a word and rounds up to it.
-double limited(double answer, bool airflow) {
-  const double limit = airflow ? wordLimit + 1.0 : byteLimit;
-  return std::max(answer >= limit ? (airflow ? wordLimit : byteLimit) : answer, 0.0);
+const Wording& questionFor(const MapKind& kind) {
+  switch (kind.rules().limit) {
+    case byteLimit:
+      return byteQuestion;
+    case wordLimit:
+      return wordQuestion;
+    default:
+      return openQuestion;
+  }
 }
 
-Colour enteredColour(double value, bool airflow) {
-  if (airflow) return shadeColour(static_cast<std::int64_t>(std::floor(value / 256)));
-  return shadeColour(std::llrint(value * editorState.gridColorRate));
+double limited(double answer, const CellRules& rules) {
+  return std::max<double>(answer >= rules.entryBound ? rules.limit : answer, 0);
 }
 
-Colour steppedColour(std::int32_t value, bool airflow) {
-  return airflow ? shadeColour(roundToLong(value / 256.0)) : cellColour(value);
+// An answer paints by what was typed, not by what it is rounded to.
+Colour enteredColour(const MapKind& kind, double value) {
+  const bool word = kind.rules().colour == ColourRule::wordShade;
+  return shadeColour(word ? static_cast<std::int64_t>(std::floor(value / 256))
+                          : std::llrint(value * editorState.gridColorRate));
 }
 
-void redrawView() { drawAirflowView(form1().Grid5, editorState.addressMap.map(VQ_MAP).bytes); }
+// A stepped word paints by the nearest shade.
+Colour steppedColour(const MapKind& kind, std::int32_t value) {
+  const bool word = kind.rules().colour == ColourRule::wordShade;
+  return word ? shadeColour(roundToLong(value / 256.0)) : cellColour(value);
+}
+
+// A held key leaves the airflow view as it is until the key's release.
+bool followsAtRelease(const MapKind& kind) {
+  return kind.rules().after == AfterEffect::airflowView;
+}
 
 void wireMapGrid(const MapKind& kind) {
   Grid& grid = gridOf(kind);
-  grid.onDoubleClick = [&grid] { editCell(grid); };
-  grid.onKey = [&grid](char32_t key) { stepSelection(grid, key); };
-  if (kind.family == MapFamily::airflow) grid.onKeyUp = redrawView;
-  if (kind.family == MapFamily::limitRow) return;
+  grid.onDoubleClick = [&kind] { editCell(kind); };
+  grid.onKey = [&kind](char32_t key) { stepSelection(kind, key); };
+  if (followsAtRelease(kind)) grid.onKeyUp = [&kind] { showAfterEffect(kind); };
+  if (!kind.ownsTab()) return;
   grid.onMouseDown = [](MouseButton button) {
     MenuItem* edit = form1().menuBar.find("edit_0");
     if (button == MouseButton::right && edit) desktop().popUpMenu(*edit);
@@ -55,31 +68,32 @@ void wireMapGrid(const MapKind& kind) {
 
 }  // namespace
 
-void editCell(Grid& grid) {
-  const bool airflow = isAirflow(grid);
-  const std::optional<double> answer = askForNumber(grid, airflow ? wordQuestion : byteQuestion);
+void editCell(const MapKind& kind) {
+  const Grid& grid = gridOf(kind);
+  const std::optional<double> answer = askForNumber(grid, questionFor(kind));
   if (!answer) return;
-  const double value = limited(*answer, airflow);
+  const double value = limited(*answer, kind.rules());
   editorState.cellValue = roundToLong(value);
-  grid.setCell(grid.row(), grid.column(), decimalText(editorState.cellValue),
-               enteredColour(value, airflow));
-  if (airflow) redrawView();
+  MapCells(kind).set(grid.row(), grid.column(), editorState.cellValue, enteredColour(kind, value));
+  showAfterEffect(kind);
 }
 
-void stepSelection(Grid& grid, char32_t key) {
-  const bool airflow = isAirflow(grid);
+void stepSelection(const MapKind& kind, char32_t key) {
+  Grid& grid = gridOf(kind);
+  const bool speeds = kind.family == MapFamily::rpmScale;
+  const std::int32_t step = speeds ? entryOf(kind).scale : 1;
+  MapCells cells(kind);
   onStepKeys(key, [&](int direction) {
+    const GridPause pause(grid);
     walkSelection(grid, [&](int row, int column) {
-      const std::int32_t value = stepped(cellNumber(grid.text(row, column)), direction, 1,
-                                         airflow ? wordLimit : byteLimit);
-      grid.setCell(row, column, decimalText(value), steppedColour(value, airflow));
+      const std::int32_t value =
+          stepped(cells.number(row, column), direction, step, kind.rules().stepLimit);
+      cells.set(row, column, value, steppedColour(kind, value));
     });
+    if (!followsAtRelease(kind)) showAfterEffect(kind);
   });
 }
 
 void wireMapGrids() {
-  for (const MapKind& kind : mapKinds()) {
-    const bool scale = kind.family == MapFamily::tpScale || kind.family == MapFamily::rpmScale;
-    if (!scale) wireMapGrid(kind);
-  }
+  for (const MapKind& kind : mapKinds()) wireMapGrid(kind);
 }

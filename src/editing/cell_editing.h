@@ -1,14 +1,15 @@
-// Changing cells of the map grids: a double click asks for a value, two assignable keys step every
-// selected cell. Only cell texts and colours change; the image follows at the next write-back.
+// Changing single cells of the maps and scales: a double click asks for a value, two assignable
+// keys step every selected cell. The image follows at the next write-back.
 #pragma once
 
-#include "controls/grid.h"
+#include "core/map_kinds.h"
 
-// Asks for the value of the current cell and stores it, limited to what the grid's cells hold.
-void editCell(Grid& grid);
+// Asks for the value of the current cell and stores it, limited to what the map's cells hold.
+void editCell(const MapKind& kind);
 
-// Steps the selected cells if `key` is `plusKey` or `minusKey`.
-void stepSelection(Grid& grid, char32_t key);
+// Steps the selected cells if `key` is `plusKey` or `minusKey`: engine speeds by the step of their
+// scale, all others by 1.
+void stepSelection(const MapKind& kind, char32_t key);
 
-// Gives all map grids of the main window their gestures.
+// Gives all grids of the main window their gestures.
 void wireMapGrids();

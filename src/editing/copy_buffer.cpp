@@ -38,7 +38,7 @@ void copyIntoBuffer(Grid& grid, std::int32_t (*number)(std::string_view text)) {
   selectBlock(grid, block);
 }
 
-void pasteFromBuffer(Grid& grid, std::int64_t numbers, CellWriter write) {
+void pasteFromBuffer(Grid& grid, std::int64_t numbers, const CellWriter& write) {
   const GridPause pause(grid, GridPause::Hide::yes);
   const GridBlock block = grid.block();
   const GridBlock target = cutToBuffer(block);
@@ -48,7 +48,7 @@ void pasteFromBuffer(Grid& grid, std::int64_t numbers, CellWriter write) {
       if (r * width + c >= numbers) break;
       const int row = target.top + r;
       const int column = target.left + c;
-      if (isDataCell(grid, row, column)) write(grid, row, column, copiedNumber(c, r));
+      if (isDataCell(grid, row, column)) write(row, column, copiedNumber(c, r));
     }
   }
   selectBlock(grid, block);

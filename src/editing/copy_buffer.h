@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "controls/grid.h"
@@ -16,10 +17,10 @@ std::int32_t& copiedNumber(int column, int row);
 void copyIntoBuffer(Grid& grid, std::int32_t (*number)(std::string_view text));
 
 // How a number of the buffer becomes a cell.
-using CellWriter = void (*)(Grid& grid, int row, int column, std::int32_t number);
+using CellWriter = std::function<void(int row, int column, std::int32_t number)>;
 
 // Writes the buffer's block over the selection: each selected cell takes the number at its own
 // place in the block, as far as both reach and as far as the place is below `numbers` in reading
 // order. Header cells are left alone. Afterwards the selection runs from its top left to its bottom
 // right.
-void pasteFromBuffer(Grid& grid, std::int64_t numbers, CellWriter write);
+void pasteFromBuffer(Grid& grid, std::int64_t numbers, const CellWriter& write);

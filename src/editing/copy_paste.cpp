@@ -2,24 +2,19 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "controls/desktop.h"
 #include "core/editor_state.h"
+#include "core/map_cells.h"
 #include "core/map_colours.h"
 #include "core/map_kinds.h"
 #include "editing/copy_buffer.h"
-#include "editing/entry.h"
 #include "platform/numbers.h"
 
 namespace {
-
-void writeMapCell(Grid& grid, int row, int column, std::int32_t number) {
-  grid.setCell(row, column, decimalText(number), cellColour(number));
-}
 
 bool startsWithNumber(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
@@ -92,7 +87,8 @@ void copyBlock(Grid& grid) {
                              decimalText(editorState.copyLastRow));
 }
 
-void pasteBlock(Grid& grid) {
+void pasteBlock(const MapKind& kind) {
+  Grid& grid = gridOf(kind);
   const std::optional<std::string> text = desktop().clipboardText();
   if (!text) return;
   std::optional<ClipboardBlock> block = splitClipboard(*text);
@@ -100,9 +96,12 @@ void pasteBlock(Grid& grid) {
   editorState.copyLastColumn = block->lastColumn;
   editorState.copyLastRow = block->lastRow;
   const std::int64_t numbers = readCells(*block, grid.block());
-  pasteFromBuffer(grid, numbers, writeMapCell);
+  MapCells cells(kind);
+  pasteFromBuffer(grid, numbers, [&cells](int row, int column, std::int32_t number) {
+    cells.set(row, column, number, cellColour(number));
+  });
 }
 
 void CPY() { copyBlock(*activeGrid()); }
 
-void PST() { pasteBlock(*activeGrid()); }
+void PST() { pasteBlock(*activeMap()); }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "controls/grid.h"
+#include "core/map_kinds.h"
 
 // The menu commands.
 void CPY();
@@ -13,6 +14,7 @@ void PST();
 // The selection of `grid` into the copy buffer and onto the clipboard.
 void copyBlock(Grid& grid);
 
-// The clipboard's block over the selection of `grid`. A clipboard without text, or whose last two
-// fields are no numbers, changes nothing. A cell for which the text has no field stays as it is.
-void pasteBlock(Grid& grid);
+// The clipboard's block over the selection of a map's grid. A clipboard without text, or whose last
+// two fields are no numbers, changes nothing. A cell for which the text has no field stays as it
+// is.
+void pasteBlock(const MapKind& kind);

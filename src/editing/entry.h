@@ -9,9 +9,6 @@
 #include "controls/grid.h"
 #include "core/wording.h"
 
-constexpr std::int32_t byteLimit = 255;
-constexpr std::int32_t wordLimit = 65535;
-
 // Shows the prompt for a cell's data with `answer` preset; "" when the user cancels.
 std::string askForData(const Wording& question, const std::string& answer);
 

@@ -6,6 +6,7 @@
 #include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/image_bytes.h"
 #include "core/map_display.h"
 #include "core/progress.h"
 #include "core/rom_image.h"
@@ -38,22 +39,14 @@ const MapCopy scales{
 
 bool isPresent(MapId id) { return editorState.addressMap.map(id).present(); }
 
-// How many bytes from `address` on lie in the image.
-std::int64_t bytesBehind(std::int32_t address) {
-  if (address < 0) return 0;
-  return static_cast<std::int64_t>(editorState.image.size()) - address;
-}
-
 // Copies the smaller size of the two, byte by byte from the front, and never past the image.
 void copyMap(MapId source, MapId target) {
   const MapEntry& from = editorState.addressMap.map(source);
   const MapEntry& to = editorState.addressMap.map(target);
   const std::int64_t count = std::min({std::int64_t{from.bytes}, std::int64_t{to.bytes},
-                                       bytesBehind(from.address), bytesBehind(to.address)});
-  RomImage& image = editorState.image;
+                                       imageBytesFrom(from.address), imageBytesFrom(to.address)});
   for (std::int64_t i = 0; i < count; ++i) {
-    image[static_cast<std::size_t>(to.address + i)] =
-        image[static_cast<std::size_t>(from.address + i)];
+    setImageByte(to.address + i, static_cast<std::uint8_t>(imageByte(from.address + i)));
   }
   if (to.present()) drawMap(target);
 }

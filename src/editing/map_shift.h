@@ -4,8 +4,8 @@
 #pragma once
 
 #include "controls/controls.h"
-#include "controls/grid.h"
 #include "controls/window.h"
+#include "core/map_kinds.h"
 
 // `Option1` shifts left, `Option2` right; `Check1` takes the load scale along.
 struct Form11 : Window {
@@ -29,6 +29,6 @@ void DT_SFT();
 // The dialog's OK: shifts the map of the current tab as the dialog says. An absent map stays.
 void shiftCommand();
 
-// Shifts the cells of `grid` from row 1 to `rows` and column 1 to `columns` in the direction that
-// the dialog's options tell, and paints them. The current cell ends on the cell written last.
-void MAP_SHIFT(Grid& grid, int columns, int rows);
+// Shifts the cells of a map's grid from row 1 to `rows` and column 1 to `columns` in the direction
+// that the dialog's options tell. The current cell ends on the cell written last.
+void MAP_SHIFT(const MapKind& kind, int columns, int rows);

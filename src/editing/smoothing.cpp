@@ -1,13 +1,11 @@
 #include "editing/smoothing.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
-#include "core/map_colours.h"
+#include "core/map_cells.h"
 #include "core/map_kinds.h"
-#include "editing/entry.h"
 #include "platform/numbers.h"
 
 namespace {
@@ -15,36 +13,34 @@ namespace {
 constexpr const char* firstThreshold = "120";
 
 // The cell between the one at (row, column) and the one two steps on takes their mean.
-void smoothBetween(Grid& grid, int row, int column, int down, int right, std::int32_t threshold) {
-  const std::int32_t a = cellNumber(grid.text(row, column));
-  const std::int32_t b = cellNumber(grid.text(row + 2 * down, column + 2 * right));
+void smoothBetween(MapCells& cells, int row, int column, int down, int right,
+                   std::int32_t threshold) {
+  const std::int32_t a = cells.number(row, column);
+  const std::int32_t b = cells.number(row + 2 * down, column + 2 * right);
   if (a >= threshold || b >= threshold) return;
   const double mean = std::nearbyint((double{0} + a + b) / 2);
-  const auto number = static_cast<std::int32_t>(std::clamp(mean, 0.0, 255.0));
-  grid.setCell(row + down, column + right, decimalText(number), cellColour(number));
+  cells.set(row + down, column + right, limitedTo(cells.kind(), mean));
 }
 
-void passAlongRows(Grid& grid, const GridBlock& block, std::int32_t threshold) {
+void passAlongRows(MapCells& cells, const GridBlock& block, std::int32_t threshold) {
   for (int r = block.top; r <= block.bottom - 2; ++r) {
-    for (int c = block.left; c <= block.right - 2; ++c) smoothBetween(grid, r, c, 0, 1, threshold);
+    for (int c = block.left; c <= block.right - 2; ++c) smoothBetween(cells, r, c, 0, 1, threshold);
   }
 }
 
-void passAlongColumns(Grid& grid, const GridBlock& block, std::int32_t threshold) {
+void passAlongColumns(MapCells& cells, const GridBlock& block, std::int32_t threshold) {
   for (int c = block.left; c <= block.right - 2; ++c) {
-    for (int r = block.top; r <= block.bottom - 2; ++r) smoothBetween(grid, r, c, 1, 0, threshold);
+    for (int r = block.top; r <= block.bottom - 2; ++r) smoothBetween(cells, r, c, 1, 0, threshold);
   }
 }
 
 void smoothOnTab(std::int32_t tab, std::int32_t threshold) {
-  constexpr std::int32_t airflowTab = 5;
-  constexpr std::int32_t globalTab = 14;
   const MapKind* const kind = mapKindOfTab(tab);
-  if (tab == airflowTab || tab == globalTab) {
+  if (kind && kind->isByteMap()) {
+    SMOOTH_DATA(*kind, threshold);
+  } else if (kind || tab == globalTab) {
     showRefusal({"この画面で、スムージング機能は使用できません。",
                  "With this screen, smooth function can be useful."});
-  } else if (kind) {
-    SMOOTH_DATA(gridOf(*kind), threshold);
   } else {
     showRefusal({"SMOOTH_DATA のパラメーターに例外がある。",
                  "There is an exception for a parameter of SMOOTH_DATA."});
@@ -74,11 +70,13 @@ void Form10::accept() {
   closeDialog(*this);
 }
 
-void SMOOTH_DATA(Grid& grid, std::int32_t threshold) {
+void SMOOTH_DATA(const MapKind& kind, std::int32_t threshold) {
+  Grid& grid = gridOf(kind);
   const GridPause pause(grid);
   const GridBlock block = grid.block();
-  passAlongRows(grid, block, threshold);
-  passAlongColumns(grid, block, threshold);
+  MapCells cells(kind);
+  passAlongRows(cells, block, threshold);
+  passAlongColumns(cells, block, threshold);
   grid.setSelection({block.top, block.left, block.bottom, block.right});
 }
 

@@ -6,8 +6,8 @@
 #include <cstdint>
 
 #include "controls/controls.h"
-#include "controls/grid.h"
 #include "controls/window.h"
+#include "core/map_kinds.h"
 
 // `Text1` is the threshold.
 struct Form10 : Window {
@@ -27,7 +27,7 @@ extern Form10 form10;
 // The menu command.
 void smooth();
 
-// Smooths the selection of `grid` in place. Afterwards the selection runs from its top left to its
-// bottom right. The last two rows of the selection get no pass along the rows, the last two columns
-// none along the columns: fewer than 3 rows or 3 columns change nothing.
-void SMOOTH_DATA(Grid& grid, std::int32_t threshold);
+// Smooths the selection of a map's grid in place. Afterwards the selection runs from its top left
+// to its bottom right. The last two rows of the selection get no pass along the rows, the last two
+// columns none along the columns: fewer than 3 rows or 3 columns change nothing.
+void SMOOTH_DATA(const MapKind& kind, std::int32_t threshold);

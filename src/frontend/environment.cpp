@@ -1,8 +1,6 @@
 #include "frontend/environment.h"
 
-#include <algorithm>
 #include <cstdint>
-#include <limits>
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
@@ -44,10 +42,7 @@ const ToolTip toolTips[] = {
 
 std::int32_t wholeNumber(const TextBox& box) { return cellNumber(box.text()); }
 
-float realNumber(const TextBox& box) {
-  constexpr double limit = std::numeric_limits<float>::max();
-  return static_cast<float>(std::clamp(parseNumber(box.text()), -limit, limit));
-}
+float realNumber(const TextBox& box) { return realClamped(parseNumber(box.text())); }
 
 }  // namespace
 

@@ -11,6 +11,7 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/map_kinds.h"
 #include "editing/add_multiply.h"
 #include "editing/address_dialog.h"
 #include "editing/copy_paste.h"
@@ -34,7 +35,7 @@ namespace {
 constexpr Tabs tab(int number) { return Tabs{1} << number; }
 
 constexpr Tabs airflow = tab(5);
-constexpr Tabs parameters = tab(14);
+constexpr Tabs parameters = tab(globalTab);
 
 constexpr CommandGuard copying{{"ROM DATAが読み込まれていないのに、データのコピーはできません。",
                                 "ROM DATA reads and been crowded, a copy of data aren't possible."},

@@ -1,29 +1,28 @@
 #include "frontend/main_window.h"
 
 #include "controls/desktop.h"
-#include "core/airflow_view.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/global_parameters.h"
+#include "core/map_cells.h"
+#include "core/map_kinds.h"
 #include "core/progress.h"
 #include "core/rom_image.h"
 #include "core/unsaved_guard.h"
 #include "core/wording.h"
 #include "editing/cell_editing.h"
-#include "editing/scale_editing.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 
 namespace {
 
-constexpr int airflowTab = 5;
-
 void selectTab() {
   Form1& form = form1();
   editorState.currentTab = form.TabStrip1.selected();
   form.bringPanelToFront(editorState.currentTab);
-  if (editorState.currentTab != airflowTab) return;
-  drawAirflowView(form.Grid5, editorState.addressMap.map(VQ_MAP).bytes);
+  const MapKind* const map = activeMap();
+  if (!map || map->rules().after == AfterEffect::none) return;
+  showAfterEffect(*map);
   form.refresh();
 }
 
@@ -56,7 +55,6 @@ void wireForm1() {
   form.TabStrip1.onClick = selectTab;
   form.onClose = closeForm1;
   wireMapGrids();
-  wireScaleGrids();
   wireGlobalParams();
 }
 

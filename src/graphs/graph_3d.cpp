@@ -19,7 +19,6 @@ namespace {
 constexpr Colour comparedWire = rgb(192, 0, 0);
 constexpr Colour groundGreen = rgb(0, 96, 0);
 constexpr Colour editedWire = rgb(0, 255, 0);
-constexpr int airflowTab = 5;
 
 constexpr Wording calculating{"グラフ計算中", "Are calculating graph."};
 constexpr Wording warningTitle{"警告", "Warning"};
@@ -160,12 +159,9 @@ std::int32_t thresholdOfBox() { return cellNumber(DR_GRAPH.Text2.text()); }
 
 std::int32_t selectedMagnification() { return DR_GRAPH.List1.index() + 1; }
 
-const MapEntry& entryOf(const MapKind& kind) { return editorState.addressMap.map(kind.id); }
-
 const MapKind* mapOnShow() {
-  const MapKind* kind = mapKindOfTab(editorState.currentTab);
-  if (!kind || kind->tab == airflowTab || !entryOf(*kind).present()) return nullptr;
-  return kind;
+  const MapKind* const kind = activeMap();
+  return kind && kind->isByteMap() && entryOf(*kind).present() ? kind : nullptr;
 }
 
 void redrawGraph3D() {

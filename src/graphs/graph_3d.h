@@ -43,7 +43,6 @@ std::int32_t selectedMagnification();
 
 // The map of the current tab; null on the tabs without a graph and for a map that the model lacks.
 const MapKind* mapOnShow();
-const MapEntry& entryOf(const MapKind& kind);
 
 // Reads the map of the current tab from its grid and draws it; nothing without a map.
 void redrawGraph3D();

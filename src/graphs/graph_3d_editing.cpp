@@ -7,9 +7,8 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/error_log.h"
-#include "core/form1.h"
 #include "core/key_assignment.h"
-#include "core/map_colours.h"
+#include "core/map_cells.h"
 #include "core/map_kinds.h"
 #include "core/settings_file.h"
 #include "graphs/dr_graph.h"
@@ -18,8 +17,6 @@
 #include "platform/numbers.h"
 
 namespace {
-
-constexpr int highestValue = 255;
 
 std::int32_t& heightAtCursor() {
   return graphState.heights[static_cast<std::size_t>(graphState.cursorColumn)]
@@ -35,18 +32,16 @@ void moveCursor(int keyCode) {
   if (keyCode == leftKey && column > 1) --column;
 }
 
-void showPlace(const Grid& loadScale, const Grid& speedScale) {
-  DR_GRAPH.Label2.setCaption(loadScale.text(0, graphState.cursorColumn) + "kg");
-  DR_GRAPH.Label3.setCaption(speedScale.text(graphState.cursorRow - 1, 0) + "rpm");
-}
-
 // Fails when a scale has no such column or row; the read-outs behind it then stay.
 void showReadOuts(std::int32_t step) {
-  const MapKind* kind = mapKindOfTab(editorState.currentTab);
-  if (!kind || kind->family == MapFamily::airflow) return;
-  const Form1& form = form1();
-  if (kind->id == HIGH_FUEL || kind->id == REG_FUEL) showPlace(form.TP_FUEL, form.RPM_FUEL);
-  if (kind->id == HIGH_FIRE || kind->id == REG_FIRE) showPlace(form.TP_FIRE, form.RPM_FIRE);
+  const MapKind* const kind = activeMap();
+  if (!kind || !kind->isByteMap()) return;
+  if (const MapKind* const load = loadScaleOf(*kind)) {
+    DR_GRAPH.Label2.setCaption(gridOf(*load).text(0, graphState.cursorColumn) + "kg");
+  }
+  if (const MapKind* const speed = speedScaleOf(*kind)) {
+    DR_GRAPH.Label3.setCaption(gridOf(*speed).text(graphState.cursorRow - 1, 0) + "rpm");
+  }
   DR_GRAPH.Label4.setCaption("DATA : " + plainNumber(static_cast<double>(heightAtCursor()) / step));
 }
 
@@ -54,21 +49,22 @@ void showReadOutsAsFarAsTheyGo(std::int32_t step) {
   trapFailure([step] { showReadOuts(step); });
 }
 
-std::int32_t cellValue(std::int32_t height, std::int32_t flag) {
+double cellValue(std::int32_t height, std::int32_t flag) {
   const std::int64_t added = flag == 1 ? graphState.magnification * graphState.fbMask : 0;
-  const double value = static_cast<double>(height + added) / graphState.magnification;
-  return std::clamp(roundClamped(value), 0, highestValue);
+  return roundClamped(static_cast<double>(height + added) / graphState.magnification);
 }
 
-void writeCells(Grid& grid, int columns, int rows) {
+void writeCells(const MapKind& kind, int columns, int rows) {
+  Grid& grid = gridOf(kind);
   const GridPause pause(grid, GridPause::Hide::yes);
+  MapCells cells(kind);
   for (int row = 1; row <= rows; ++row) {
     for (int column = 1; column <= columns; ++column) {
       const auto k = static_cast<std::size_t>((row - 1) * graphState.columns + column - 1);
-      const std::int32_t value = cellValue(
+      const double value = cellValue(
           graphState.heights[static_cast<std::size_t>(column)][static_cast<std::size_t>(row)],
           graphState.fbFlags[k]);
-      grid.setCell(row, column, decimalText(value), cellColour(value));
+      cells.set(row, column, limitedTo(kind, value));
     }
   }
   if (columns < 1 || rows < 1) return;
@@ -79,7 +75,7 @@ void writeCells(Grid& grid, int columns, int rows) {
 void writeMapOnShow() {
   const MapKind* kind = mapOnShow();
   if (!kind) return;
-  writeGraphToGrid(gridOf(*kind), entryOf(*kind).columns, entryOf(*kind).rows);
+  writeGraphToGrid(*kind, entryOf(*kind).columns, entryOf(*kind).rows);
 }
 
 void takeParameters() {
@@ -101,7 +97,7 @@ void graphKey(char32_t key) {
   const std::int32_t step = selectedMagnification();
   std::int32_t& height = heightAtCursor();
   if (isAssignedKey(editorState.plusKey, key)) {
-    height = std::min(clampTo32Bits(std::int64_t{height} + step), highestValue * step);
+    height = std::min(clampTo32Bits(std::int64_t{height} + step), byteLimit * step);
   }
   if (isAssignedKey(editorState.minusKey, key)) {
     height = clampTo32Bits(std::int64_t{height} - step);
@@ -118,10 +114,10 @@ void graphKeyUp(int /*keyCode*/) {
   markCursor(markerYellow);
 }
 
-void writeGraphToGrid(Grid& grid, std::int32_t columns, std::int32_t rows) {
+void writeGraphToGrid(const MapKind& kind, std::int32_t columns, std::int32_t rows) {
   const int shownColumns = std::min(columns, graphState.columns);
   const int shownRows = std::min(rows, graphState.rows);
-  const int number = trapFailure([&] { writeCells(grid, shownColumns, shownRows); });
+  const int number = trapFailure([&] { writeCells(kind, shownColumns, shownRows); });
   logError("3Dグラフデータ書込", number, failureText(number));
 }
 

@@ -4,16 +4,16 @@
 
 #include <cstdint>
 
-#include "controls/grid.h"
+#include "core/map_kinds.h"
 
 // The keys of the canvas. A held key moves or changes without a redraw; that comes at its release.
 void graphKeyDown(int keyCode);
 void graphKey(char32_t key);
 void graphKeyUp(int keyCode);
 
-// Writes the heights into the grid's cells with their colours, values limited to 0 to 255. A
+// Writes the heights into the map's cells with their colours, values limited to 0 to 255. A
 // failure is logged; cells written so far stay.
-void writeGraphToGrid(Grid& grid, std::int32_t columns, std::int32_t rows);
+void writeGraphToGrid(const MapKind& kind, std::int32_t columns, std::int32_t rows);
 // The save before a redraw that reads the grid again: grid, mask, threshold, magnification and the
 // settings file. Runs before a control changes, so that its old state counts.
 void saveGraphEdits();

@@ -8,6 +8,7 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/key_assignment.h"
+#include "core/map_cells.h"
 #include "core/map_kinds.h"
 #include "graphs/tp_picture.h"
 #include "platform/failure.h"
@@ -29,14 +30,7 @@ constexpr const char* axisText = "min                  TP value                 
 
 std::int32_t& pointY(int point) { return tpGraphState.pointY[static_cast<std::size_t>(point - 1)]; }
 
-// The TP scale that the current tab edits; null on all tabs but two.
-const MapKind* scaleOfTab() {
-  if (editorState.currentTab == 1) return findMapKind(TP_SCALE_FUEL);
-  if (editorState.currentTab == 2) return findMapKind(TP_SCALE_FIRE);
-  return nullptr;
-}
-
-const MapEntry& entryOf(const MapKind& kind) { return editorState.addressMap.map(kind.id); }
+const MapKind* scaleOfTab() { return loadScaleBeside(editorState.currentTab); }
 
 void drawBarAround(int point, int reachX, int reachY, Colour colour) {
   const int x = tpPointX(point);
@@ -114,7 +108,7 @@ void openTpGraph() {
 
 void okTpGraph() {
   const MapKind* kind = scaleOfTab();
-  if (kind && entryOf(*kind).present()) writeTpGraphToGrid(gridOf(*kind), entryOf(*kind).columns);
+  if (kind && entryOf(*kind).present()) writeTpGraphToGrid(*kind, entryOf(*kind).columns);
   recalculateBoost();
   closeDialog(D2_GRAPH);
 }
@@ -156,11 +150,12 @@ void drawTpCurve() {
   }
 }
 
-void writeTpGraphToGrid(Grid& grid, std::int32_t columns) {
-  const GridPause pause(grid, GridPause::Hide::yes);
+void writeTpGraphToGrid(const MapKind& scale, std::int32_t columns) {
+  const GridPause pause(gridOf(scale), GridPause::Hide::yes);
+  MapCells cells(scale);
   const int count = std::min(columns, tpGraphState.pointCount);
   for (int point = 1; point <= count; ++point) {
-    grid.setText(1, point, plainNumber(std::max(tpOfPointY(pointY(point)), 0.0)));
+    cells.setText(1, point, plainNumber(std::max(tpOfPointY(pointY(point)), 0.0)));
   }
 }
 

@@ -10,6 +10,7 @@
 #include "controls/controls.h"
 #include "controls/grid.h"
 #include "controls/window.h"
+#include "core/map_kinds.h"
 
 constexpr int tpPoints = 129;  // of a longer scale the first ones are shown and written back
 
@@ -40,7 +41,7 @@ void loadTpGraph(Grid& grid, std::int32_t columns, const std::string& caption);
 // Lines and ticks.
 void drawTpCurve();
 // Brings the points into the grid's row, values below 0 as 0.
-void writeTpGraphToGrid(Grid& grid, std::int32_t columns);
+void writeTpGraphToGrid(const MapKind& scale, std::int32_t columns);
 
 // The menu command.
 void TP_2D();

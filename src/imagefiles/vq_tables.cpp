@@ -6,6 +6,7 @@
 
 #include "controls/desktop.h"
 #include "core/editor_state.h"
+#include "core/image_bytes.h"
 #include "core/map_display.h"
 #include "core/progress.h"
 #include "core/wording.h"
@@ -47,15 +48,6 @@ void useTableOf(Engine engine) {
   useVqTable(std::span(editorState.vqTables[engine]).first(tableFiles[engine].bytes));
 }
 
-void pour(std::span<const std::uint8_t> bytes, std::int64_t address) {
-  for (const std::uint8_t byte : bytes) {
-    if (address >= 0 && address < std::ssize(editorState.image)) {
-      editorState.image[static_cast<std::size_t>(address)] = byte;
-    }
-    ++address;
-  }
-}
-
 void tellCut(std::size_t skip) {
   desktop().showBox(
       {BoxIcon::information, BoxButtons::ok, worded(cutTitle),
@@ -69,7 +61,7 @@ void convert(std::span<const std::uint8_t> table, const MapEntry& map) {
     return;
   }
   const std::size_t skip = table.size() - room;
-  pour(table.subspan(skip), map.address);
+  setImageBytes(map.address, table.subspan(skip));
   if (skip > 0) tellCut(skip);
 }
 

@@ -161,6 +161,11 @@ std::int32_t clampTo32Bits(std::int64_t value) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, lowest, highest));
 }
 
+float realClamped(double value) {
+  constexpr double largest = std::numeric_limits<float>::max();
+  return static_cast<float>(std::clamp(value, -largest, largest));
+}
+
 double parseNumber(std::string_view text) {
   // Cells are nearly always a few bare digits, and thousands of them are read at a time.
   if (!text.empty() && text.size() <= 9) {

@@ -13,6 +13,8 @@ std::int32_t roundToLong(double value);
 // The same with the nearer end of 32 bits for what lies outside. `value` is a number.
 std::int32_t roundClamped(double value);
 std::int32_t clampTo32Bits(std::int64_t value);
+// The nearest single-precision number; what lies outside becomes the largest of its sign.
+float realClamped(double value);
 
 // The lenient reader: the number at the start of `text` after blanks, with optional sign, fraction
 // and exponent ("E" or "e", only when digits follow); what stands behind it is ignored. Nothing
