@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr int airflowTab = 5;
-constexpr int globalTab = 14;
 constexpr int boxWidth = 84;
 constexpr Qt::Alignment corner = Qt::AlignTop | Qt::AlignLeft;
 const QString mapName = QStringLiteral("map");
@@ -174,11 +172,13 @@ void addGlobals(QGridLayout* cells) {
 }
 
 GridView* fillPanel(QGridLayout* cells, int tab) {
-  Grid& map = gridOf(*mapKindOfTab(tab));
+  const MapKind& kind = *mapKindOfTab(tab);
+  Grid& map = gridOf(kind);
   for (const Scales& scales : scalesOfTabs) {
     if (scales.tab == tab) return addMapWithScales(cells, map, scales);
   }
-  return tab == airflowTab ? addAirflow(cells, map) : addMap(cells, map);
+  return kind.rules().after == AfterEffect::airflowView ? addAirflow(cells, map)
+                                                        : addMap(cells, map);
 }
 
 }  // namespace
