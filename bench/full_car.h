@@ -3,11 +3,11 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
 
+#include "../tests/scratch_folder.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/map_kinds.h"
@@ -36,9 +36,8 @@ inline HeadlessDesktop& fullCar() {
   static HeadlessDesktop headless;
   if (hasDesktop()) return headless;
   useDesktop(&headless);
-  const std::filesystem::path folder = std::filesystem::temp_directory_path() / "zelkova_full_car";
-  std::filesystem::create_directories(folder);
-  std::filesystem::remove(folder / "zelkova.ini");
+  static const ScratchFolder scratch;
+  const std::filesystem::path& folder = scratch.path();
   std::ofstream(folder / "full.adr", std::ios::binary) << fullCarAddressMap();
   std::string image(fullCarImageBytes, '\0');
   for (std::size_t i = 0; i < image.size(); ++i) image[i] = static_cast<char>(i * 37 % 251);

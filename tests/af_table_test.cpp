@@ -39,6 +39,7 @@ TEST_F(AfTable, WorkedExamples) {
     form1().Grid1.setText(2, 3, each.cell);
     pick("AF_DISP_FORM");
     EXPECT_EQ(table.text(2, 3), each.expected) << each.cell;
+    EXPECT_EQ(table.text(1, 0) + table.text(2, 0), "01000108");
     EXPECT_EQ(table.background(2, 3), rgb(255 - each.blue, 0, each.blue)) << each.cell;
     form5.userClose();
   }

@@ -41,7 +41,7 @@ TEST_F(CellEditing, EntriesAreRoundedLimitedAndPaintedAlone) {
       {fuel, "254.9", "255", 255},  {fuel, "-5", "0", 0},       {rpmFire, "1e30", "2147483647", -1},
       {fuel, "+7", "7", 14},        {limits, "0.4", "0", 1},    {doubled, "300", "255", 255},
       {air, "65536", "65535", 255}, {air, "511.9", "512", 1},   {air, "65535.7", "65536", 255},
-      {air, "-1", "0", 0},          {tpFuel, "300", "255", -1}, {tpFire, "12.5", "12", -1},
+      {air, "-1", "0", 0},          {tpFuel, "300", "255", -1}, {tpFire, "12.7", "13", -1},
       {fuel, "300", "255", 255},    {rpmFire, "-30", "0", -1},  {fuel, " 1e2 ", "100", 200}};
   const Bytes image = editorState.image;
   editorState.gridColorRate = 2;

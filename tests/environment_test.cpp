@@ -13,7 +13,9 @@ using EnvironmentTest = ProgramTest;
 
 TEST_F(EnvironmentTest, ShowsTheSettingsAndTakesThemOverAtOkAlone) {
   loadSmallCar();
+  editorState.romFolder = "/r";
   pick("SET_DEFAULT_FOLDER");
+  EXPECT_EQ(form9.Text1.text() + "|" + form9.Text2.text(), "|/r");
   EXPECT_EQ(form9.Text3.text() + form9.Text6.text() + form9.Text9.text(), "+302");
   form9.Text1.userEdit("/maps");
   for (const char* rate : {"", "1x", "99999999999"}) {

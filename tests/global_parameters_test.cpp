@@ -68,6 +68,30 @@ TEST_F(GlobalParameters, BoxesShowWhatTheImageHoldsAndWhatStandsInThemIsStored) 
   }
 }
 
+TEST_F(GlobalParameters, EachKeywordReachesItsBoxAndItsBytesAlone) {
+  using F = Form1;
+  const std::pair<const char*, TextBox F::*> table[] = {
+      {"K_DATA", &F::Text1},       {"IGN_TIME", &F::Text2},     {"FB_SWITCH", &F::Text3},
+      {"ADD_BYTE1", &F::Text12},   {"ADD_BYTE2", &F::Text13},   {"ADD_BYTE3", &F::Text14},
+      {"REV1_LIMIT", &F::Text4},   {"REV2_LIMIT", &F::Text5},   {"REV3_LIMIT", &F::Text10},
+      {"REV4_LIMIT", &F::Text11},  {"SPEED1_LIMIT", &F::Text6}, {"SPEED2_LIMIT", &F::Text7},
+      {"SPEED3_LIMIT", &F::Text8}, {"SPEED4_LIMIT", &F::Text9}};
+  std::string blocks;
+  int address = place;
+  for (const auto& row : table) {
+    blocks += mapBlock(row.first, std::to_string(address++), 1, 1, 1, "1");
+  }
+  Bytes image = patternImage(0x50);
+  loadUnder(blocks, image);
+  for (std::uint8_t& byte : std::span(image).subspan(place, std::size(table))) {
+    const auto& [keyword, box] = table[&byte - &image[place]];
+    const bool decimal = std::string(keyword).ends_with("LIMIT");
+    byte = static_cast<std::uint8_t>(byte + 1);
+    typeOver(form1().*box, decimal ? std::to_string(byte) : hexText(byte));
+    EXPECT_EQ(saveImage(keyword), image) << keyword;
+  }
+}
+
 TEST_F(GlobalParameters, OneOutsideTheImageEndsTheTailAndLosesNoByte) {
   const Bytes image = patternImage(0x50);
   for (const int bytes : {2, 2147483647}) {

@@ -18,6 +18,12 @@ TEST_F(GraphTest, DrawsTheSurfaceTheTrailOfAHeldKeyAndTheComparisonBehind) {
 
   compareWith(Bytes(0x1000, 20));
   openWith("10");
+  for (const bool shown : {true, false, true}) {
+    EXPECT_EQ(wires(wireRed) > 0, shown);
+    EXPECT_EQ(DR_GRAPH.Label20.visible(), shown);
+    click(DR_GRAPH.Check3);
+  }
+  click(DR_GRAPH.Check3);
   const std::size_t redrawn = canvas.items().size();
   for (int i = 0; i < 3; ++i) canvas.userKeyDown(rightKey);
   expectFrame(canvas, "graph_trail.frame");
@@ -185,7 +191,9 @@ TEST_F(GraphTest, SettingsThatCannotBeSavedDoNotHoldTheWindow) {
   std::filesystem::remove(path("zelkova.ini"));
   std::filesystem::create_directory(path("zelkova.ini"));
   type('+');
+  typeOver(DR_GRAPH.Text2, "99");
   DR_GRAPH.Command2.userClick();
+  EXPECT_EQ(editorState.graphFbThreshold, 99);
   EXPECT_EQ(desk.boxes.size(), 1U);
   EXPECT_EQ(cell(1, 1), "11");
   EXPECT_TRUE(!DR_GRAPH.loaded() && form1().enabled());

@@ -38,6 +38,13 @@ TEST_F(GridTest, ADragIsKeptInsideTheDataCellsInAnyDirection) {
   EXPECT_EQ(grid.clip(), "01") << "no data cells, nothing to select";
 }
 
+TEST_F(GridTest, AWriteTellsItsOwnCell) {
+  std::vector<std::pair<int, int>> told;
+  grid.observer = [&](const Change& change) { told.emplace_back(change.row, change.column); };
+  grid.setText(1, 3, "x");
+  EXPECT_EQ(told, (std::vector{std::pair(1, 3)}));
+}
+
 TEST_F(GridTest, ResizingKeepsWhatLiesInBothSizes) {
   const std::tuple<int, int, GridSelection, const char*> table[] = {
       {4, 5, {1, 1, 1, 1}, "1011121314"}, {2, 3, {1, 1, 1, 1}, "101112"},

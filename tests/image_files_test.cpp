@@ -110,11 +110,17 @@ TEST_F(ImageFiles, SavingReplacesTheWholeFileAndTheImageTakesItsNameAndForm) {
       value[0] == '7' ? run(form.save, name) : pick("update_bin_file");
       EXPECT_EQ(readBytes(name), encoded(form, edited));
       EXPECT_EQ(editorState.savedImage, edited);
+      EXPECT_EQ(form1().mnuRecentFile[0]->caption(), path(name));
     }
-    EXPECT_EQ(form1().caption(), name + " - ZELKOVA");
     EXPECT_EQ(readBytes("地図データ"), image);
+    form1().Label20.setCaption("");
     run(form.load, name);
     EXPECT_EQ(editorState.image, edited);
+    EXPECT_EQ(form1().caption(), name + " - ZELKOVA");
+    EXPECT_EQ(form1().Label20.caption(), "File size =  1024 Bytes");
+    EXPECT_EQ(form1().Grid1.text(1, 1), "9");
+    run(form.save, "");
+    EXPECT_EQ(desk.saveDialogs.back().fileName, path(name));
   }
   loadImage(image, "raw.hEx");
   std::filesystem::remove(path("raw.hEx"));

@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <new>
+#include <set>
 
 #include "core/dialogs.h"
 #include "core/rom_image.h"
+#include "imagefiles/intel_hex_writer.h"
 #include "support.h"
 
 namespace {
@@ -41,6 +43,32 @@ TEST_F(MainWindow, TheMenuTreeStands) {
             "use_s13_vq use_ps13_vq use_s14_vq use_s15_vq)) "
             "G_EDIT_RR(DISP_3D_Graph:Ctrl+G TP_2D) AF_DISP_FORM TP_BST_RECAL:Ctrl+R CALCU:Ctrl+N) "
             "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) HLP777(ver_displ)");
+}
+
+TEST_F(MainWindow, StatusAndBarAreEmptyBehindEachCommand) {
+  loadSmallCar();
+  writeIntelHex(path("image.hex"), patternImage(0x400));
+  std::set<std::string> picked;
+  const std::function<void(const MenuItem&)> pickAll = [&](const MenuItem& item) {
+    for (const auto& child : item.children()) {
+      pickAll(*child);
+      const std::string& name = child->name();
+      if (!child->onClick || name == "owari") continue;
+      const bool hex = name.find("ntelH") != std::string::npos;
+      desk.openAnswers = {path(name == "load_map_addr" ? "map.adr"
+                               : hex                   ? "image.hex"
+                                                       : "image.bin")};
+      desk.saveAnswers = {path(name)};
+      desk.boxAnswers.assign(2, BoxAnswer::yes);
+      child->userPick();
+      leaveDialogs();
+      EXPECT_EQ(form1().Label13.caption(), "") << name;
+      EXPECT_EQ(form1().ProgressBar1.value(), 0) << name;
+      picked.insert(name);
+    }
+  };
+  pickAll(form1().menuBar);
+  EXPECT_GT(picked.size(), 40U);
 }
 
 TEST_F(MainWindow, EnglishReachesEveryCaptionAndJapaneseStays) {

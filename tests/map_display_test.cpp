@@ -64,6 +64,26 @@ TEST_F(MapDisplay, EachKindOfMapShowsItsBytesAndAFailedDrawHidesItsGridAlone) {
   }
 }
 
+TEST_F(MapDisplay, EachFamilyHasItsWidthsAndHeightsInTwips) {
+  loadImage(patternImage(0x400));
+  const struct {
+    const char* family;
+    Grid F::*grid;
+    int headerWidth, width, headerHeight;
+  } table[] = {
+      {"map", &F::Grid1, 620, 430, 240},           {"airflow", &F::Grid5, 620, 620, 240},
+      {"limit row", &F::Grid6, 620, 430, 194},     {"limits", &F::Grid7, 620, 430, 194},
+      {"additional", &F::AddGrid1, 620, 430, 240}, {"load scale", &F::TP_FUEL, 620, 430, 240},
+      {"speed scale", &F::RPM_FUEL, 550, 550, 240}};
+  for (const auto& [family, member, headerWidth, width, headerHeight] : table) {
+    const Grid& grid = form1().*member;
+    EXPECT_EQ(grid.columnWidth(0), headerWidth) << family;
+    EXPECT_EQ(grid.columnWidth(grid.columns() - 1), width) << family;
+    EXPECT_EQ(grid.rowHeight(0), headerHeight) << family;
+    EXPECT_EQ(grid.rowHeight(1), 240) << family;
+  }
+}
+
 TEST_F(MapDisplay, ColoursFollowTheRawByteAndTheRate) {
   const struct {
     int rate, byte, blue;

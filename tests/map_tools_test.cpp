@@ -90,13 +90,14 @@ TEST_F(MapTools, AreRefusedWithoutImageAndOnTheWrongTabElseHoldTheMainWindow) {
 }
 
 TEST_F(MapTools, BoxesTakeTheKeysOfTheirNumbers) {
-  const std::tuple<const char*, TextBox&, const char*> table[] = {{"add_dec", form7.Text1, "15"},
-                                                                  {"add_dec", form7.Text2, "-15"},
-                                                                  {"kakeru", form8.Text1, "15"},
-                                                                  {"kakeru", form8.Text2, "1.5"},
-                                                                  {"smooth", form10.Text1, "15"}};
-  for (const auto& [command, box, typed] : table) {
+  const std::tuple<const char*, TextBox&, const char*, const char*> table[] = {
+      {"add_dec", form7.Text1, "110", "15"}, {"add_dec", form7.Text2, "", "-15"},
+      {"add_dec", form7.Text1, "110", "15"}, {"add_dec", form7.Text2, "", "-15"},
+      {"kakeru", form8.Text1, "110", "15"},  {"kakeru", form8.Text2, "", "1.5"},
+      {"kakeru", form8.Text1, "110", "15"},  {"smooth", form10.Text1, "120", "15"}};
+  for (const auto& [command, box, opened, typed] : table) {
     pick(command);
+    EXPECT_EQ(box.text(), opened) << command;
     typeOver(box, "a-+1 .2e\b5x");
     EXPECT_EQ(box.text(), typed) << command;
     box.window().userClose();
@@ -220,7 +221,11 @@ TEST_F(MapTools, PropertyAnyMapMovesByOneColumnAndTheBoostFollows) {
     ASSERT_EQ(numbers(grid), cells) << "tab " << tab;
     ASSERT_EQ(numbers(form.TP_FUEL), fuel) << "tab " << tab;
     ASSERT_EQ(numbers(form.TP_FIRE), fire) << "tab " << tab;
-    ASSERT_EQ(grid.background(1, 4), cellColour(cellOf(cells, 1, 4)));
+    ASSERT_EQ(grid.row(), rows);
+    ASSERT_EQ(grid.column(), left ? columns : 1) << "the cell that was written last";
+    for (const auto& [r, c] : {std::pair(1, 4), {1, 1}, {rows, columns}}) {
+      ASSERT_EQ(grid.background(r, c), cellColour(cellOf(cells, r, c)));
+    }
     ASSERT_NE(form.TP_FUEL.text(0, 1), "old");
   }
 }

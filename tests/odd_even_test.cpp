@@ -2,6 +2,7 @@
 // leaves, and saving after a load from a pair.
 #include "imagefiles/odd_even.h"
 
+#include <deque>
 #include <filesystem>
 #include <optional>
 
@@ -62,6 +63,7 @@ TEST_F(OddEvenPairs, ShortHexFilesAreFilledWithZerosAndShortRawFilesAreRefused) 
   for (const auto& [what, hex, odd, even, image] : table) {
     SCOPED_TRACE(what);
     editorState.imageSize = 0;
+    editorState.splitRomKbit = "none";
     loadImage(patternImage(2048));
     writeBytes("odd", odd);
     writeBytes("even", even);
@@ -71,6 +73,7 @@ TEST_F(OddEvenPairs, ShortHexFilesAreFilledWithZerosAndShortRawFilesAreRefused) 
     EXPECT_TRUE(editorState.image == expected && editorState.savedImage == expected);
     EXPECT_EQ(editorState.imagePath, path(image ? "even" : "image.bin"));
     EXPECT_EQ(told(), image ? "" : "*ERROR = [9]　Ill. DATA? even");
+    EXPECT_EQ(editorState.splitRomKbit, image ? "64" : "none");
   }
 }
 
@@ -79,30 +82,51 @@ TEST_F(OddEvenPairs, RefusalsDeclinesAndCancelsChangeNothingAndNoBoxStandsBehind
   writeText("old", "old");
   loadImage(patternImage(8192));
   editorState.image[0] ^= 1;
-  desk.whileAsking = [] { EXPECT_FALSE(oddeven.topmost()); };
-  desk.boxAnswers = {BoxAnswer::no, BoxAnswer::yes, BoxAnswer::yes, BoxAnswer::cancel};
-  press(load, 0, false, "odd", "odd");
-  desk.whileAsking = {};
-  press(load, 1, true, "", "");
-  press(load, 1, true, "odd", "");
-  press(save, 1, true, "new", "");
-  told();
-  press(save, 1, false, "new", "old");
-  EXPECT_EQ(told(), "old" + mayOverwrite);
-  desk.boxAnswers = {BoxAnswer::cancel};
-  press(save, 0, false, "both", "./both");
-  EXPECT_EQ(told(), "both" + mayOverwrite) << "the halves would share a file";
-  EXPECT_FALSE(std::filesystem::exists(path("both")));
+  std::size_t boxes = 0;
+  desk.whileAsking = [&] {
+    EXPECT_NE(oddeven.topmost(), desk.boxes.size() > boxes) << "it would hide a box";
+    boxes = desk.boxes.size();
+  };
+  struct Row {
+    Button& button;
+    bool hex;
+    const char *odd, *even;
+    std::deque<BoxAnswer> answers;
+    std::string told;
+    std::size_t asked;  // of the two files
+  };
+  const std::string discard = "It is crowded as reading, though it aren't preserved for data ?";
+  const Row table[] = {
+      {load, false, "odd", "odd", {BoxAnswer::no}, discard, 0},
+      {load, true, "", "", {BoxAnswer::yes}, discard, 1},
+      {load, true, "odd", "", {BoxAnswer::yes}, discard, 2},
+      {save, true, "", "", {}, "", 1},
+      {save, true, "new", "", {}, "", 2},
+      {save, false, "new", "old", {BoxAnswer::cancel}, "old" + mayOverwrite, 2},
+      {save, false, "old", "new", {BoxAnswer::cancel}, "old" + mayOverwrite, 1},
 #ifdef _WIN32
-  desk.boxAnswers = {BoxAnswer::cancel};
-  press(save, 0, false, "both", "BOTH");
-  EXPECT_EQ(told(), "BOTH" + mayOverwrite) << "the halves would share a file";
-  EXPECT_FALSE(std::filesystem::exists(path("both"))) << readBytes("both").size();
-  std::filesystem::remove(path("both"));
+      {save, false, "both", "BOTH", {BoxAnswer::cancel}, "BOTH" + mayOverwrite, 2},
 #endif
+      {save, false, "both", "./both", {BoxAnswer::cancel}, "both" + mayOverwrite, 2}};
+  for (const Row& row : table) {
+    SCOPED_TRACE(std::string(row.odd) + " and " + row.even);
+    desk.boxAnswers = row.answers;
+    desk.openDialogs.clear();
+    desk.saveDialogs.clear();
+    press(row.button, 0, row.hex, row.odd, row.even);
+    EXPECT_EQ(told(), row.told);
+    boxes = 0;
+    EXPECT_EQ(desk.openDialogs.size() + desk.saveDialogs.size(), row.asked);
+    for (const char* name : {"new", "both"}) EXPECT_EQ(readText(name), "") << name;
+  }
+  desk.whileAsking = {};
+  EXPECT_EQ(readText("old"), "old");
   EXPECT_EQ(form1().Grid1.text(1, 1), std::to_string(editorState.image.at(0x100)));
   pick("odd_even_file");
   EXPECT_TRUE(oddeven.List1.text() == "256" && oddeven.Option1.selected());
+  oddeven.userEscape();
+  EXPECT_FALSE(oddeven.loaded());
+  pick("odd_even_file");
   oddeven.List1.setIndex(-1);
   save.userClick();
   EXPECT_EQ(told(), "Select ROM Size");

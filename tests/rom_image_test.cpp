@@ -108,9 +108,9 @@ TEST_F(RomImageTest, TheContentTestReadsThirtyThreeBytesAndNoneOutside) {
                        {190, 200, 199, true}, {200, 200, 199, false},  {100, 200, 0, true},
                        {-5, 200, 16, false},  {INT32_MIN, 1, 0, true}, {INT32_MAX, 200, 16, false}};
   for (const Row& row : table) {
+    useMap("TYPE_UNIT\nX\n" + mapBlock("K_DATA", std::to_string(row.probe), 1, 1, 2));
     editorState.image = Bytes(row.size);
     editorState.image[row.set] = 1;
-    editorState.probeAddress = row.probe;
     EXPECT_EQ(isRomLoaded(), row.loaded) << row.probe << " " << row.set;
   }
 }

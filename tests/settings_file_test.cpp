@@ -62,13 +62,7 @@ TEST_F(SettingsFile, AnyTextInAnyLineLeavesEveryWindowWorking) {
       for (const char* command : {"set_spl", "ADR_EDIT", "DISP_3D_Graph", "TP_2D", "AF_DISP_FORM",
                                   "SET_DEFAULT_FOLDER", "odd_even_file"}) {
         pick(command);
-        while (desk.shownWindows.back() != &form1()) {
-          Window& dialog = *desk.shownWindows.back();
-          desk.openAnswers = {""};  // the pair's first file
-          dialog.userEnter();
-          desk.openAnswers.clear();
-          if (dialog.loaded() && desk.shownWindows.back() == &dialog) dialog.userClose();
-        }
+        leaveDialogs();
         ASSERT_TRUE(form1().enabled());
       }
       form1().Grid1.userKey(U'+');

@@ -103,6 +103,16 @@ Bytes ProgramTest::saveImage(const std::string& name) {
 
 void ProgramTest::selectTab(int tab) { form1().TabStrip1.userSelect(tab); }
 
+void ProgramTest::leaveDialogs() {
+  while (desk.shownWindows.back() != &form1()) {
+    Window& dialog = *desk.shownWindows.back();
+    desk.openAnswers = {""};  // a pair's first file
+    dialog.userEnter();
+    desk.openAnswers.clear();
+    if (dialog.loaded() && desk.shownWindows.back() == &dialog) dialog.userClose();
+  }
+}
+
 void ProgramTest::enterCell(Grid& grid, int row, int column, const std::string& answer) {
   drag(grid, row, column, row, column);
   desk.textAnswers.push_back(answer);

@@ -50,6 +50,8 @@ class ProgramTest : public testing::Test {
   // Saves the image under `name` by the menu and gives the file's bytes.
   Bytes saveImage(const std::string& name);
   void selectTab(int tab);
+  // Leaves every dialog by Enter, and by its close box where Enter doesn't do.
+  void leaveDialogs();
   // Double-clicks a cell and answers its prompt.
   void enterCell(Grid& grid, int row, int column, const std::string& answer);
   // The text of the last box, "" when none was shown.

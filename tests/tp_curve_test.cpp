@@ -62,7 +62,7 @@ TEST_F(TpCurveTest, KeysMoveThePointUnderTheCursorWithinTheBuffer) {
 TEST_F(TpCurveTest, DrawsTheScaleOfItsTabATrailAndAtTheReleaseTheEdit) {
   load({0, 64, 145, 200, 255});
   open();
-  EXPECT_TRUE(D2_GRAPH.focus() == &canvas && !form1().enabled());
+  EXPECT_TRUE(canvas.visible() && D2_GRAPH.focus() == &canvas && !form1().enabled());
   expectFrame(canvas, "tp_opened.frame");
   D2_GRAPH.userClose();
   EXPECT_TRUE(form1().enabled() && !D2_GRAPH.loaded());

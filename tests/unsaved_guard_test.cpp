@@ -55,11 +55,12 @@ TEST_F(UnsavedGuard, YesLosesTheEditsOnlyWhenTheLoadSucceeds) {
 
 TEST_F(UnsavedGuard, ClosingAsksUntilTheAnswerIsYesAndSavesNothing) {
   cells.setText(1, 1, "9");
-  for (const auto& [english, answer] :
-       {std::pair(1, BoxAnswer::no), std::pair(0, BoxAnswer::no), std::pair(1, BoxAnswer::yes)}) {
+  for (const auto& [english, answer, closeBox] :
+       {std::tuple(1, BoxAnswer::no, false), std::tuple(1, BoxAnswer::no, true),
+        std::tuple(0, BoxAnswer::no, false), std::tuple(1, BoxAnswer::yes, true)}) {
     editorState.english = english;
     desk.boxAnswers.push_back(answer);
-    pick("owari");
+    closeBox ? form1().userClose() : pick("owari");
     EXPECT_EQ(told(), english ? "Do you end without preserving data?"
                               : "データを保存しないで終了しますか？");
     EXPECT_TRUE(desk.ended == (answer == BoxAnswer::yes) && desk.ended != form1().loaded());

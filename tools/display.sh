@@ -3,6 +3,13 @@
 
 display_pids=()
 
+# Usage: use_home FOLDER. All that is started from here on has FOLDER, which is made, as its home.
+use_home() {
+  mkdir -p "$1"
+  export HOME=$1 XDG_CONFIG_HOME=$1/.config XDG_DATA_HOME=$1/.local/share
+  export XDG_CACHE_HOME=$1/.cache XDG_STATE_HOME=$1/.local/state
+}
+
 # Usage: start_display [WIDTHxHEIGHT]. Takes a free display number and exports DISPLAY.
 start_display() {
   local size=${1:-1920x1440} answer number=

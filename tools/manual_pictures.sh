@@ -17,7 +17,8 @@ trap 'exit 130' INT TERM
 
 cp -r "$portable" "$fresh/portable"
 cp "$(dirname "$portable")/demo/zelkova.ini" "$fresh/portable/"
-mkdir -p "$pictures" "$fresh/config" "$fresh/home"
+mkdir -p "$pictures"
+use_home "$fresh/home"
 start_display
-export LC_ALL=C.UTF-8 XDG_CONFIG_HOME=$fresh/config HOME=$fresh/home
+export LC_ALL=C.UTF-8
 /usr/bin/python3 "$here/tour/manual_pictures.py" "$fresh/portable" "$pictures"

@@ -25,13 +25,12 @@ trap 'exit 130' INT TERM
 walk() {
   local place=$1 status
   shift
-  mkdir -p "$place/config" "$place/home"
+  use_home "$place/home"
   cp -r "$portable" "$place/portable" || return 1
   cp "$(dirname "$portable")/demo/zelkova.ini" "$place/portable/" || return 1
   : >"$place/portable/error.log"
   start_display || return 1
-  XDG_CONFIG_HOME=$place/config HOME=$place/home \
-    "$here/tour.sh" "$place/portable" "$pictures" "$@" &
+  "$here/tour.sh" "$place/portable" "$pictures" "$@" &
   wait $!
   status=$?
   stop_display
