@@ -103,15 +103,18 @@ TEST_F(GraphTest, EachDisplayControlChangesThePictureAndAMousePressKeepsTheEdits
   }
 }
 
-TEST_F(GraphTest, DrawsOnlyTheQuadsThatTheComparisonHolds) {
+// A map of 4 x 3 cells, whose whole wire has 24 segments: inner edges come twice.
+TEST_F(GraphTest, DrawsTheSegmentsWhoseTwoEndsTheComparisonHolds) {
   const std::tuple<std::size_t, const char*, int> cases[] = {
-      {0, "0100", 0}, {0x105, "0100", 0},   {0x106, "0100", 1},     {0x10C, "0100", 6},
-      {6, "", 1},     {0x2008, "12000", 3}, {9, "FFFFFFFF0000", 0}, {0x12000, "11FFC", 6}};
-  for (const auto& [bytes, header, quads] : cases) {
+      {0, "0100", 0},        {0x101, "0100", 0}, {0x102, "0100", 1},    {0x104, "0100", 3},
+      {0x105, "0100", 4},    {0x106, "0100", 8}, {0x108, "0100", 15},   {0x10B, "0100", 22},
+      {0x10C, "0100", 24},   {6, "", 8},         {0x2008, "12000", 15}, {9, "FFFFFFFF0000", 0},
+      {0x12000, "11FFC", 24}};
+  for (const auto& [bytes, header, segments] : cases) {
     compareWith(Bytes(bytes, 1));
     form1().Grid1.setText(1, 0, header);
     open();
-    EXPECT_EQ(wires(wireRed), 4 * quads) << bytes << " bytes, " << header;
+    EXPECT_EQ(wires(wireRed), segments) << bytes << " bytes, " << header;
     DR_GRAPH.Command1.userClick();
   }
 }

@@ -24,7 +24,8 @@ struct SurfaceExtent {
   std::int64_t held = 0;
 };
 
-// Four segments for each four neighbouring cells that all have a value; inner edges come twice.
+// Four segments for each four neighbouring cells, without those that have an end in a cell without
+// a value; inner edges come twice.
 // `picture` is emptied first; a picture that is handed in again needs no new memory.
 void surfaceWire(const GraphTable& x, const GraphTable& y, const SurfaceExtent& extent,
                  std::vector<Segment>& picture);
