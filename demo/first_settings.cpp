@@ -26,7 +26,7 @@ constexpr std::array lines{
     "BINARY",  // format of odd/even pairs
     "TRAN",    // the version window plays its sound
     " 0 ",     // comparison surface off
-    " 30 ",    // 3D graph: steps along X
+    " 23 ",    // 3D graph: steps along X
     " 14 ",    // 3D graph: steps along Y
     " 1 ",     // 3D graph: inclination along X
     " 2 ",     // 3D graph: inclination along Y

@@ -1,23 +1,30 @@
 // The demo car as a newcomer meets it: the delivered settings start without a question, both
 // address maps fit the image, and nothing changes that nobody edited.
+#include <algorithm>
 #include <filesystem>
 
 #include "core/map_kinds.h"
 #include "core/settings_file.h"
+#include "graphs/dr_graph.h"
 #include "support.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-using DemoCar = ProgramTest;
+class DemoCar : public ProgramTest {
+ protected:
+  DemoCar() {
+    const fs::path made = DEMO_FOLDER;
+    fs::copy(made, path("demo"));
+    fs::copy(made / "vqmap", path("vqmap"));
+    fs::copy(made / "zelkova.ini", path("zelkova.ini"));
+    start();
+  }
+  ~DemoCar() override { DR_GRAPH.unload(); }
+};
 
 TEST_F(DemoCar, StartsInEnglishAndWritesItsSettingsAndEveryMapUnchanged) {
-  const fs::path made = DEMO_FOLDER;
-  fs::copy(made, path("demo"));
-  fs::copy(made / "vqmap", path("vqmap"));
-  fs::copy(made / "zelkova.ini", path("zelkova.ini"));
-  start();
   EXPECT_EQ(form1().Label1.caption(), "Demo car 2.0 turbo (made up)");
   const Bytes delivered = readBytes("zelkova.ini");
   fs::remove(path("zelkova.ini"));
@@ -37,6 +44,25 @@ TEST_F(DemoCar, StartsInEnglishAndWritesItsSettingsAndEveryMapUnchanged) {
   pickFile("load_bin_file", "demo/demo.bin");
   EXPECT_EQ(told(), "");
   EXPECT_EQ(saveImage("once more.bin"), readBytes("demo/demo.bin"));
+}
+
+TEST_F(DemoCar, LiesWholeInThePictureOfThe3DGraphFromBothSides) {
+  pickFile("load_bin_file", "demo/demo.bin");
+  for (int tab = HIGH_FUEL; tab <= REG_FIRE; ++tab) {
+    selectTab(tab);
+    pick("DISP_3D_Graph");
+    for (Option* side : DR_GRAPH.viewDirection.members()) {
+      side->userSelect();
+      for (const CanvasItem& item : DR_GRAPH.Picture1.items()) {
+        const auto [left, right] = std::minmax({item.x1, item.x2});
+        const auto [top, bottom] = std::minmax({item.y1, item.y2});
+        const bool inside = left >= 0 && right < DR_GRAPH.Picture1.width() && top >= 0 &&
+                            bottom < DR_GRAPH.Picture1.height();
+        ASSERT_TRUE(inside) << "tab " << tab << " at " << right << ", " << top;
+      }
+    }
+    DR_GRAPH.Command1.userClick();
+  }
 }
 
 }  // namespace
