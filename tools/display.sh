@@ -17,7 +17,8 @@ start_display() {
   mkfifo "$answer"
   exec {display_fd}<>"$answer"
   rm "$answer"
-  Xvfb -displayfd "$display_fd" -screen 0 "${size}x24" -nolisten tcp </dev/null >/dev/null 2>&1 &
+  # No key repeats itself: a busy machine may be slow to let it go.
+  Xvfb -r -displayfd "$display_fd" -screen 0 "${size}x24" -nolisten tcp </dev/null >/dev/null 2>&1 &
   display_pids+=($!)
   read -r -t 30 number <&"$display_fd"
   exec {display_fd}>&-

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Runs the tour on virtual displays, one for each language, side by side, each over a fresh copy of a
-# portable folder with the delivered settings.
-# Usage: tour_on_virtual_display.sh PORTABLE_FOLDER PICTURES_FOLDER [SCALE]
+# Runs the tour on virtual displays, one for each language, side by side, each over a fresh copy of
+# a portable folder with the delivered settings. These and the tour's door stand beside that folder.
+# Usage: tour_on_virtual_display.sh PORTABLE_FOLDER PICTURES_FOLDER
 # Exits non-zero when a tour's result is not what it must be.
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
@@ -9,6 +9,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 
 portable=$1
 pictures=$2
+door=$(realpath "$(dirname "$portable")")/tour_door
 fresh=$(mktemp -d)
 tours=()
 finish() {
@@ -21,28 +22,19 @@ finish() {
 trap finish EXIT
 trap 'exit 130' INT TERM
 
-# Usage: walk PLACE LANGUAGE [SCALE]. One tour over a fresh copy, with a display and a home of its own.
+# Usage: walk LANGUAGE. One tour over a fresh copy, with a display and a home of its own.
 walk() {
-  local place=$1 status
-  shift
+  local place=$fresh/$1 status
   use_home "$place/home"
   cp -r "$portable" "$place/portable" || return 1
   cp "$(dirname "$portable")/demo/zelkova.ini" "$place/portable/" || return 1
   : >"$place/portable/error.log"
   start_display || return 1
-  "$here/tour.sh" "$place/portable" "$pictures" "$@" &
+  "$here/tour.sh" "$place/portable" "$door" "$pictures" "$1" &
   wait $!
   status=$?
   stop_display
   return "$status"
-}
-
-# Usage: tour LANGUAGE [SCALE]
-tour() {
-  walk "$fresh/$1-first" "$@" && return
-  # A busy machine now and then swallows a key or shows a window late; what is broken fails twice.
-  echo "The tour in $1 stopped; it is walked once more." >&2
-  walk "$fresh/$1-second" "$@"
 }
 
 rm -rf "$pictures"
@@ -51,7 +43,7 @@ for language in en ja; do
   (
     tours=()
     trap stop_display EXIT
-    tour "$language" "${@:3}"
+    walk "$language"
   ) &
   tours+=($!)
 done

@@ -1,20 +1,19 @@
 """Pictures of single windows for the manual, in both languages, with the tour's gestures.
 
-Usage: manual_pictures.py PORTABLE_FOLDER PICTURES_FOLDER   (on the display in force)
+Usage: manual_pictures.py PORTABLE_FOLDER DOOR_FOLDER PICTURES_FOLDER   (on the display in force)
 """
 
 import os
 import shutil
-import subprocess
 import sys
 import tempfile
 
+from door import middle
 from screen import run
-from tour import EDIT, FILE, SETUP, Tour
+from tour import COMPARISON_BOX, MAP, Tour
 
 MAP_SIZE = (900, 500)
 GLOBAL_SIZE = (1180, 620)
-COMPARISON_BOX = (517, -108)
 SURFACE = "3D GRAPH EDIT"
 CURVE = "load scale|TPスケール"
 
@@ -26,51 +25,50 @@ class Photographer(Tour):
         path = os.path.join(self.screen.pictures, f"{name}_{self.language}.png")
         run("xdotool", "mousemove", "1900", "1430")
         self.screen.settle(0.3)
-        run("import", "-frame", "-window", window, path)
+        run("import", "-frame", "-window", str(window["native"]), path)
         run("convert", path, "-strip", "-dither", "none", "-colors", "200",
             "-define", "png:compression-level=9", f"PNG8:{path}")
 
     def start(self):
-        program = os.path.join(self.folder, "zelkova")
-        self.process = subprocess.Popen([program], stdout=subprocess.DEVNULL,
-                                        stderr=subprocess.DEVNULL)
-        self.screen.settle(2)
-        self.screen.keys("space")
-        self.screen.place_main_window("^ZELKOVA$", 60, 60)
+        self.open()
+        self.door.wait("the splash window", lambda seen: seen["window"] == "frmSplash")
+        self.screen.click_on("QWidget", object="frmSplash")
+        self.screen.wait_for("^ZELKOVA$")
         self.screen.keys("ctrl+o")
         self.choose_file("load", os.path.join(self.folder, "demo", "demo.bin"))
         self.main = self.screen.wait_for("demo.bin - ZELKOVA")
+        run("xdotool", "windowmove", "--sync", str(self.main["native"]), "60", "60")
 
     def take_panels(self):
         self.resize(MAP_SIZE)
         self.select(range(2, 6), range(9, 14))
         self.take(self.main, "form1")
-        self.tab(5)
+        self.tab("airflow")
         self.take(self.main, "airflow")
         self.resize(GLOBAL_SIZE)
-        self.tab(14)
+        self.tab("global")
         self.take(self.main, "global")
-        self.tab(1)
+        self.tab("high_fuel")
 
     def resize(self, size):
-        run("xdotool", "windowsize", "--sync", self.main, *map(str, size))
+        run("xdotool", "windowsize", "--sync", str(self.main["native"]), *map(str, size))
         self.screen.settle(0.5)
 
     def take_graphs(self):
-        self.menu(FILE, 4, 0)
+        self.menu("file_load", "Norika", "comp_bin")
         self.choose_file("compare", self.comparison_image())
         self.screen.keys("ctrl+g")
         window = self.screen.wait_for(SURFACE)
+        canvas = self.door.find("QWidget", focus=True)
         self.screen.settle(6)  # the hint goes by itself
-        self.screen.click_in(window, *COMPARISON_BOX)
-        self.screen.click_in(window, 300, 200)
+        self.screen.click_on("QCheckBox", text=COMPARISON_BOX)
+        self.screen.click(middle(canvas))
         self.screen.keys(*["Up"] * 7, *["Right"] * 8)
         self.take(window, "graph3d")
         self.screen.keys("Escape")
         self.screen.wait_until_gone(SURFACE)
-        self.menu(EDIT, 4, 1)
+        self.menu("edit_0", "G_EDIT_RR", "TP_2D")
         window = self.screen.wait_for(CURVE)
-        self.screen.settle()
         self.screen.keys("Right", "Right", "Right")
         self.take(window, "tpcurve")
         self.screen.keys("Escape")
@@ -87,21 +85,21 @@ class Photographer(Tour):
             file.write(image)
         return self.saved("other.bin")
 
-    def take_dialog(self, name, picture, *path, leave="Escape"):
+    def take_dialog(self, name, picture, *path):
         self.menu(*path)
         self.take(self.wait(name), picture)
-        self.screen.keys(leave)
+        self.screen.uncounted_keys("alt+F4")
         self.gone(name)
 
     def take_address_editor(self):
-        self.menu(EDIT, 3, 3)
+        self.menu("edit_0", "DDDEEDS", "ADR_EDIT")
         self.wait("address")
         for text in ("1000", "16", "16"):
             self.screen.keys("ctrl+a")
             self.screen.type(text)
             self.screen.keys("Tab")
         self.screen.keys("Return")
-        self.screen.settle(1)
+        self.door.find("grid", **MAP)
         self.take(self.wait("address"), "address_editor")
         self.screen.keys("Escape")
         self.gone("address")
@@ -111,25 +109,25 @@ class Photographer(Tour):
         self.take_panels()
         self.take_graphs()
         self.take_address_editor()
-        self.take_dialog("af", "af_table", EDIT, 5)
-        self.take_dialog("engine", "engine", SETUP, 1)
-        self.take_dialog("environment", "environment", SETUP, 2)
-        self.take_dialog("pair", "oddeven", FILE, 3, leave="alt+F4")
-        self.screen.keys("ctrl+q")
+        self.take_dialog("af", "af_table", "edit_0", "AF_DISP_FORM")
+        self.take_dialog("engine", "engine", "S___", "set_spl")
+        self.take_dialog("environment", "environment", "S___", "SET_DEFAULT_FOLDER")
+        self.take_dialog("pair", "oddeven", "file_load", "odd_even_file")
+        self.screen.uncounted_keys("ctrl+q")
         self.process.wait(20)
 
 
 def main():
-    portable, pictures = sys.argv[1:3]
+    portable, door_folder, pictures = sys.argv[1:]
     for language in ("en", "ja"):
         with tempfile.TemporaryDirectory() as place:
             folder = os.path.join(place, "zelkova")
             shutil.copytree(portable, folder)
-            photographer = Photographer(folder, pictures, language, 1.0)
+            photographer = Photographer(folder, door_folder, pictures, language)
             try:
                 photographer.run()
             finally:
-                if photographer.process.poll() is None:
+                if photographer.process and photographer.process.poll() is None:
                     photographer.process.kill()
 
 

@@ -2,29 +2,49 @@
 picture of each step, and every saved file compared byte for byte with what a plain restatement of
 the commands gives.
 
-Usage: tour.py PORTABLE_FOLDER PICTURES_FOLDER en|ja [SCALE]   (on the display in force)
+Usage: tour.py PORTABLE_FOLDER DOOR_FOLDER PICTURES_FOLDER en|ja   (on the display in force)
 """
 
 import os
 import shutil
-import subprocess
 import sys
 import tempfile
 
 from car import Car, read_address_map
+from door import Door, middle
 from screen import Screen
 
-FILE, EDIT, SETUP, HELP = range(4)
-FIRST_CELL = (303, 160)
-FIRST_PLAIN_CELL = (262, 118)
-CELL = (29, 16)
-TP_CELL = (303, 118)
-RPM_CELL = (219, 160)
-# The captions of the tabs are narrower in Japanese, and all behind them stands further left.
-SHIFT = {"en": 0, "ja": -52}
-TAB = (60, 77)
-TAB_PITCH = 24
-MENU = (20, 9)
+
+
+def many(count):
+    return count > 1
+
+
+def one(count):
+    return count == 1
+
+
+# The grids of a panel are known by their form: the map by its rows and columns, the scale of load by
+# its one row, the scale of engine speed by its one column.
+MAP = {"rows": many, "columns": many}
+LOAD_SCALE = {"rows": one, "columns": many}
+SPEED_SCALE = {"rows": many, "columns": one}
+
+TABS = {
+    "high_fuel": ("Hi octane fuel map", "ﾊｲｵｸ燃料ﾏｯﾌﾟ"),
+    "high_fire": ("Hi octane Ig-time map", "ﾊｲｵｸ点火ﾏｯﾌﾟ"),
+    "regular_fuel": ("Low octane fuel map", "ﾚｷﾞｭﾗｰ燃料ﾏｯﾌﾟ"),
+    "regular_fire": ("Low octane Ig-time map", "ﾚｷﾞｭﾗｰ点火ﾏｯﾌﾟ"),
+    "airflow": ("VQ map", "VQ ﾏｯﾌﾟ"),
+    "additional": ("Add.map 1", "Add ﾏｯﾌﾟ1"),
+    "global": ("Global", "GLOBAL"),
+}
+BUTTONS = {
+    "load": ("Load ODD/EVEN Files", "読み込み"),
+    "save": ("Save ODD/EVEN Files", "書き出し"),
+}
+COMPARISON_BOX = "On/Off"
+FROM_THE_LEFT = "☜"
 
 TITLES = {
     "en": {
@@ -38,7 +58,7 @@ TITLES = {
         "compare_hex": "Load IntelHEX Image For", "map": "The address information",
         "odd_save": "Save ODD BIN", "even_save": "Save EVEN BIN", "odd_load": "Load ODD BIN",
         "even_load": "Load EVEN BIN", "discard": "I confirm it including", "quit": "I confirm a pre",
-        "cut": "I cut and stuff it", "restart": "^ZELKOVA$",
+        "too_long": "Conversion error",
     },
     "ja": {
         "ask": "データ変更", "load": "BIN Image 読み込み", "save": "BIN Image 書き込み",
@@ -51,18 +71,19 @@ TITLES = {
         "compare_hex": "比較用　IntelHEX Image", "map": "機種別アドレス情報",
         "odd_save": "奇数　BIN", "even_save": "偶数　BIN", "odd_load": "奇数 BIN",
         "even_load": "偶数 BIN", "discard": "読み込み確認", "quit": "保存確認",
-        "cut": "切り詰め", "restart": "^ZELKOVA$",
+        "too_long": "変換エラー",
     },
 }
 
 
 class Tour:
-    def __init__(self, folder, pictures, language, scale):
+    def __init__(self, folder, door_folder, pictures, language):
         self.folder = folder
+        self.door_folder = door_folder
         self.files = os.path.join(folder, "saved")
         os.makedirs(self.files)
         self.language = language
-        self.screen = Screen(pictures, language, scale)
+        self.screen = Screen(pictures, language)
         self.titles = TITLES[language]
         self.set_language()
         map_path = os.path.join(folder, "demo", f"demo_{language}.adr")
@@ -70,6 +91,7 @@ class Tour:
             self.original = file.read()
         self.car = Car(self.original, read_address_map(map_path))
         self.checked = 0
+        self.process = None
 
     def set_language(self):
         path = os.path.join(self.folder, "zelkova.ini")
@@ -82,25 +104,28 @@ class Tour:
 
     # Gestures.
 
-    def menu(self, top, *path):
-        self.screen.click(*MENU)
-        self.screen.keys(*["Right"] * top or ["Down"])
-        for level, index in enumerate(path):
-            if level > 0:
-                self.screen.keys("Right")
-            self.screen.keys(*["Down"] * index)
-        self.screen.keys("Return")
+    def named(self, names):
+        return names[0 if self.language == "en" else 1]
 
-    def tab(self, number):
-        self.screen.click(TAB[0], TAB[1] + TAB_PITCH * (number - 1))
+    def open(self):
+        """Starts the program."""
+        self.door = Door(os.path.join(self.folder, "zelkova"), self.door_folder)
+        self.process = self.door.process
+        self.screen.door = self.door
 
-    def cell(self, row, column, first=FIRST_CELL):
-        left = first[0] + SHIFT[self.language]
-        return (left + CELL[0] * (column - 1), first[1] + CELL[1] * (row - 1))
+    def menu(self, *rows):
+        """Rows by their names in the program, from the title in the menu bar on."""
+        for row in rows:
+            self.screen.click_on("row", object=row)
 
-    def select(self, rows, columns, first=FIRST_CELL):
-        self.screen.drag(self.cell(rows[0], columns[0], first),
-                         self.cell(rows[-1], columns[-1], first))
+    def tab(self, name):
+        self.screen.click_on("tab", name=self.named(TABS[name]))
+
+    def cell(self, row, column, grid=MAP):
+        return middle(self.door.cell(self.door.find("grid", **grid), row, column))
+
+    def select(self, rows, columns):
+        self.screen.drag(self.cell(rows[0], columns[0]), self.cell(rows[-1], columns[-1]))
 
     def wait(self, name):
         return self.screen.wait_for(self.titles[name])
@@ -121,11 +146,10 @@ class Tour:
         return os.path.join(self.files, name)
 
     def enter(self, place, text):
-        self.screen.click(*place, times=2)
+        self.screen.click(place, times=2)
         self.wait("ask")
         self.screen.keys("ctrl+a")
         self.screen.type(text)
-        return text
 
     def expect(self, what, found, wanted):
         if found != wanted:
@@ -139,25 +163,17 @@ class Tour:
             self.expect(name, file.read(), bytes(wanted))
 
     def press_in_dialog(self, name):
-        """The two buttons of the pair dialog stand at its left, one below the other."""
-        self.screen.click_in(self.wait("pair"), 80, {"load": -66, "save": -28}[name])
-
-    def show_comparison(self):
-        window = self.screen.wait_for("3D GRAPH EDIT")
-        self.screen.click_in(window, 517, -108)
-        return window
+        self.wait("pair")
+        self.screen.click_on("QPushButton", text=self.named(BUTTONS[name]))
 
     # Steps.
 
     def start(self):
-        program = os.path.join(self.folder, "zelkova")
-        self.process = subprocess.Popen([program], stdout=subprocess.DEVNULL,
-                                        stderr=subprocess.DEVNULL)
-        splash = self.screen.wait_for("zelkova", by="--class")
-        self.screen.settle(0.5)
+        self.open()
+        self.door.wait("the splash window", lambda seen: seen["window"] == "frmSplash")
         self.screen.shot("splash")
-        self.screen.click_in(splash, 320, 180)
-        self.screen.place_main_window("^ZELKOVA$", 60, 60)
+        self.screen.click_on("QWidget", object="frmSplash")
+        self.screen.wait_for("^ZELKOVA$")
         self.screen.shot("empty")
 
     def load(self):
@@ -180,18 +196,18 @@ class Tour:
         self.screen.shot("stepped_block")
 
     def edit_scales(self):
-        self.enter(self.cell(1, 16, TP_CELL), "130")
+        self.enter(self.cell(1, 16, LOAD_SCALE), "130")
         self.screen.keys("Return")
         self.gone("ask")
         self.car.put("TP_SCALE_FUEL", 1, 16, 130)
-        self.enter(self.cell(16, 1, RPM_CELL), "8234")
+        self.enter(self.cell(16, 1, SPEED_SCALE), "8234")
         self.screen.keys("Return")
         self.gone("ask")
         self.car.put("RPM_SCALE_FUEL", 1, 16, 164)
         self.screen.shot("scales")
 
     def save_as(self):
-        self.menu(FILE, 2, 0)
+        self.menu("file_load", "any_anme_save", "write_bin_file")
         self.choose_file("save", self.saved("edited.bin"), "save_dialog")
         self.screen.wait_for("edited.bin - ZELKOVA")
         self.expect_file("edited.bin", self.car.image)
@@ -200,27 +216,27 @@ class Tour:
         rows, columns = range(6, 9), range(10, 15)
         self.select(rows, columns)
         self.screen.keys("ctrl+c")
-        self.tab(3)
-        self.select(rows, columns, FIRST_PLAIN_CELL)
+        self.tab("regular_fuel")
+        self.select(rows, columns)
         self.screen.keys("ctrl+v")
         self.screen.shot("pasted_block")
         self.car.copy_cells("HIGH_FUEL", "REG_FUEL", self.car.block(rows, columns))
-        self.tab(1)
+        self.tab("high_fuel")
 
     def bulk_changes(self):
         rows, columns = range(11, 15), range(1, 7)
         cells = self.car.block(rows, columns)
         self.select(rows, columns)
-        self.menu(EDIT, 3, 0)
+        self.menu("edit_0", "DDDEEDS", "add_dec")
         self.dialog("add", ["110", "12"], "add_dialog")
         self.car.add("HIGH_FUEL", cells, 110, 12)
-        self.menu(EDIT, 3, 1)
+        self.menu("edit_0", "DDDEEDS", "kakeru")
         self.dialog("multiply", ["110", "1.5"], "multiply_dialog")
         self.car.multiply("HIGH_FUEL", cells, 110, 1.5)
         rows, columns = range(8, 14), range(5, 12)
         self.select(rows, columns)
         self.screen.shot("before_smoothing")
-        self.menu(EDIT, 3, 2)
+        self.menu("edit_0", "DDDEEDS", "smooth")
         self.dialog("smooth", ["140"], "smooth_dialog")
         self.car.smooth("HIGH_FUEL", rows, columns, 140)
         self.screen.shot("after_smoothing")
@@ -236,9 +252,9 @@ class Tour:
         self.gone(name)
 
     def shift(self):
-        self.tab(2)
+        self.tab("high_fire")
         self.screen.shot("ignition_map")
-        self.menu(EDIT, 3, 4)
+        self.menu("edit_0", "DDDEEDS", "DT_SFT")
         self.wait("shift")
         self.screen.shot("shift_dialog")
         self.screen.keys("Return")
@@ -248,25 +264,25 @@ class Tour:
         self.car.shift_left("TP_SCALE_FIRE")
 
     def map_copies(self):
-        self.menu(EDIT, 2, 0)
+        self.menu("edit_0", "dt_cpy", "F_F")
         self.wait("maps")
         self.screen.shot("map_copy_dialog")
         self.screen.keys("Return")
         self.gone("maps")
         self.car.copy_entry("HIGH_FUEL", "REG_FUEL")
         self.car.copy_entry("HIGH_FIRE", "REG_FIRE")
-        self.menu(EDIT, 2, 1)
+        self.menu("edit_0", "dt_cpy", "T_R")
         self.wait("scales")
         self.screen.shot("scale_copy_dialog")
         self.screen.keys("Return")
         self.gone("scales")
         self.car.copy_entry("TP_SCALE_FUEL", "TP_SCALE_FIRE")
         self.car.copy_entry("RPM_SCALE_FUEL", "RPM_SCALE_FIRE")
-        self.tab(4)
+        self.tab("regular_fire")
         self.screen.shot("copied_map")
 
     def address_editor(self):
-        self.menu(EDIT, 3, 3)
+        self.menu("edit_0", "DDDEEDS", "ADR_EDIT")
         self.wait("address")
         for text in ("1100", "16", "16"):
             self.screen.keys("ctrl+a")
@@ -274,8 +290,7 @@ class Tour:
             self.screen.keys("Tab")
         self.screen.shot("address_dialog")
         self.screen.keys("Return")
-        self.screen.settle(0.5)
-        self.wait("address")
+        self.door.find("grid", **MAP)
         self.screen.keys("plus", "plus")
         self.screen.shot("address_editor")
         self.screen.keys("Return")
@@ -284,18 +299,22 @@ class Tour:
         self.car.put_bytes(0x1100, bytes([min(255, byte + 2)]))
 
     def airflow(self):
-        bnr32 = 2
-        for table in [index for index in range(9) if index != bnr32] + [bnr32]:
-            self.menu(EDIT, 3, 5, table)
-        self.tab(5)
+        for table in ("use_z32_vq", "use_hcr32_vq", "user_ecr33_vq", "use_y32_vq", "use_s13_vq",
+                      "use_ps13_vq", "use_s14_vq", "use_s15_vq", "use_bnr32_vq"):
+            self.menu("edit_0", "DDDEEDS", "vq_chan", table)
+            if table == "use_s13_vq":  # shorter than the demo car's curve
+                self.wait("too_long")
+                self.screen.keys("Return")
+                self.gone("too_long")
+        self.tab("airflow")
         with open(os.path.join(self.folder, "vqmap", "bnr32_vq_map.bin"), "rb") as file:
             self.car.put_bytes(self.car.entries["VQ_MAP"].address, file.read())
         self.screen.shot("airflow_map")
 
     def surface(self):
-        self.tab(1)
+        self.tab("high_fuel")
         self.screen.keys("ctrl+g")
-        self.wait_title("3D GRAPH EDIT")
+        self.screen.wait_for("3D GRAPH EDIT")
         self.screen.shot("surface")
         self.screen.keys("Up", "Up", "Right", "plus", "plus", "plus")
         self.screen.shot("surface_edited")
@@ -303,14 +322,10 @@ class Tour:
         self.screen.wait_until_gone("3D GRAPH EDIT")
         self.car.step("HIGH_FUEL", [(3, 2)], 3)
 
-    def wait_title(self, title):
-        self.screen.wait_for(title)
-        self.screen.settle(0.3)
-
     def curve(self):
         title = "load scale|TPスケール"
-        self.menu(EDIT, 4, 1)
-        self.wait_title(title)
+        self.menu("edit_0", "G_EDIT_RR", "TP_2D")
+        self.screen.wait_for(title)
         self.screen.keys("Right", "Right", "plus", "plus")
         self.screen.shot("tp_curve")
         self.screen.keys("Return")
@@ -318,7 +333,7 @@ class Tour:
         self.car.step("TP_SCALE_FUEL", [(1, 3)], 2)
 
     def read_outs(self):
-        self.menu(EDIT, 5)
+        self.menu("edit_0", "AF_DISP_FORM")
         self.wait("af")
         self.screen.shot("af_table")
         self.screen.keys("Escape")
@@ -326,38 +341,36 @@ class Tour:
         self.screen.keys("ctrl+r", "ctrl+n")
 
     def parameters(self):
-        self.tab(14)
+        self.tab("global")
         self.screen.shot("global_parameters")
-        self.tab(6)
+        self.tab("additional")
         self.screen.shot("additional_map")
 
     def settings(self):
-        self.menu(SETUP, 1)
+        self.menu("S___", "set_spl")
         self.dialog("engine", ["2498", "440", "6"], "engine_dialog")
-        self.menu(SETUP, 2)
+        self.menu("S___", "SET_DEFAULT_FOLDER")
         self.wait("environment")
         self.screen.shot("environment_dialog")
         self.screen.keys("Return")
         self.gone("environment")
-        self.menu(HELP, 0)
+        self.menu("HLP777", "ver_displ")
         self.wait("about")
         self.screen.shot("version_window")
         self.screen.keys("Return")
         self.gone("about")
-        self.menu(SETUP, 0)
+        self.menu("S___", "load_map_addr")
         name = f"demo_{self.language}.adr"
         self.choose_file("map", os.path.join(self.folder, "demo", name))
 
     def save(self):
-        self.tab(1)
+        self.tab("high_fuel")
         self.screen.keys("ctrl+s")
-        self.screen.settle(0.6)
         self.expect_file("edited.bin", self.car.image)
 
     def intel_hex(self):
-        self.menu(FILE, 2, 1)
+        self.menu("file_load", "any_anme_save", "ANY_NAME_SAVE_IntelHEX")
         self.choose_file("save_hex", self.saved("edited.hex"))
-        self.screen.settle(0.6)
         with open(self.saved("edited.hex"), "rb") as file:
             self.expect("edited.hex", hex_bytes(file.read()), bytes(self.car.image))
         self.screen.keys("ctrl+h")
@@ -365,7 +378,7 @@ class Tour:
         self.screen.wait_for("edited.hex - ZELKOVA")
 
     def pairs(self):
-        self.menu(FILE, 3)
+        self.menu("file_load", "odd_even_file")
         self.wait("pair")
         self.screen.shot("pair_dialog")
         self.press_in_dialog("save")
@@ -375,7 +388,7 @@ class Tour:
         filler = b"\xff" * (len(self.car.image) // 2)
         self.expect_file("odd.bin", self.car.image[0::2] + filler)
         self.expect_file("even.bin", self.car.image[1::2] + filler)
-        self.menu(FILE, 3)
+        self.menu("file_load", "odd_even_file")
         self.wait("pair")
         self.press_in_dialog("load")
         self.choose_file("odd_load", self.saved("odd.bin"))
@@ -384,37 +397,38 @@ class Tour:
         self.screen.wait_for("even.bin - ZELKOVA")
 
     def comparison(self):
-        self.menu(FILE, 4, 1)
+        self.menu("file_load", "Norika", "comp_intelHex")
         self.choose_file("compare_hex", self.saved("edited.hex"))
-        self.menu(FILE, 4, 0)
+        self.menu("file_load", "Norika", "comp_bin")
         self.choose_file("compare", os.path.join(self.folder, "demo", "demo.bin"))
         self.screen.keys("ctrl+g")
-        self.wait_title("3D GRAPH EDIT")
-        window = self.show_comparison()
+        self.screen.wait_for("3D GRAPH EDIT")
+        self.screen.click_on("QCheckBox", text=COMPARISON_BOX)
         self.screen.shot("surface_with_comparison")
-        self.screen.click_in(window, 452, -104)
+        self.screen.click_on("QRadioButton", text=FROM_THE_LEFT)
         self.screen.shot("surface_from_the_left_with_comparison")
-        self.screen.click_in(window, 517, -108)
+        self.screen.click_on("QCheckBox", text=COMPARISON_BOX)
         self.screen.shot("surface_from_the_left")
         self.screen.keys("Escape")
         self.screen.wait_until_gone("3D GRAPH EDIT")
 
     def recent_file(self):
-        self.screen.click(*MENU)
+        self.menu("file_load")
         self.screen.shot("recent_files")
-        self.screen.keys("Escape", "Escape")
-        self.menu(FILE, 6)
+        self.screen.keys("Escape")
+        self.menu("file_load", "mnuRecentFile1")
         self.screen.wait_for("edited.hex - ZELKOVA|edited.bin - ZELKOVA")
 
     def quit(self):
-        self.tab(1)
-        self.screen.click(*self.cell(2, 2))
+        self.tab("high_fuel")
+        self.screen.click(self.cell(2, 2))
         self.screen.keys("minus", "ctrl+q")
         self.wait("quit")
         self.screen.shot("unsaved_question")
         self.screen.keys("Escape")
         self.gone("quit")
-        self.screen.keys("plus", "ctrl+q")
+        self.screen.keys("plus")
+        self.screen.uncounted_keys("ctrl+q")
         if self.process.wait(20) != 0:
             raise SystemExit("the program ended with a failure")
         with open(os.path.join(self.folder, "error.log"), "rb") as file:
@@ -439,19 +453,18 @@ def hex_bytes(text):
 
 
 def main():
-    portable, pictures, language = sys.argv[1:4]
-    scale = float(sys.argv[4]) if len(sys.argv) > 4 else 1.0
+    portable, door_folder, pictures, language = sys.argv[1:]
     with tempfile.TemporaryDirectory() as place:
         folder = os.path.join(place, "zelkova")
         shutil.copytree(portable, folder)
-        tour = Tour(folder, pictures, language, scale)
+        tour = Tour(folder, door_folder, pictures, language)
         try:
             tour.run()
         except BaseException:
             tour.screen.shot("stopped_here")
             raise
         finally:
-            if tour.process.poll() is None:
+            if tour.process and tour.process.poll() is None:
                 tour.process.kill()
 
 
