@@ -1,12 +1,16 @@
 // Makes the program's pictures: the splash picture, the banner of the version window and the icon
 // in its sizes, all drawn by code. Writes PNG files into the folder given.
-#include <QFont>
+#include <QBuffer>
+#include <QDataStream>
+#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
 #include <QRadialGradient>
+#include <QTransform>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <numbers>
@@ -20,6 +24,7 @@ const QColor wireRed(226, 74, 62);
 const QColor leafLight(150, 214, 96);
 const QColor leafDark(46, 120, 58);
 const QColor lettering(236, 244, 232);
+constexpr std::array iconSizes{16, 24, 32, 48, 64, 128, 256};
 
 // A fuel map's usual shape over load `u` and engine speed `v`, both 0 to 1: 0 to 1.
 double surfaceHeight(double u, double v, double lift) {
@@ -109,16 +114,82 @@ void drawGround(QPainter& painter, const QRectF& area) {
   painter.fillRect(area, glow);
 }
 
-void drawName(QPainter& painter, QPointF foot, int pixels) {
-  QFont font(QStringLiteral("DejaVu Sans"));
-  font.setPixelSize(pixels);
-  font.setBold(true);
-  font.setLetterSpacing(QFont::PercentageSpacing, 112);
-  painter.setFont(font);
-  painter.setPen(QColor(0, 0, 0, 150));
-  painter.drawText(foot + QPointF(pixels / 18.0, pixels / 18.0), QStringLiteral("ZELKOVA"));
-  painter.setPen(lettering);
-  painter.drawText(foot, QStringLiteral("ZELKOVA"));
+// The letters of the name, drawn here because a build may run where there are no fonts. Corners in
+// shares of the letters' height, from the upper left; odd-even filling leaves the holes free.
+struct Letter {
+  double width;
+  QList<QPolygonF> outlines;
+};
+
+QPolygonF ring(double width, double height, QPointF middle) {
+  QPainterPath path;
+  path.addEllipse(middle, width / 2, height / 2);
+  return path.toFillPolygon(QTransform::fromScale(100, 100)) * QTransform::fromScale(0.01, 0.01);
+}
+
+QList<Letter> nameLetters() {
+  return {
+      {0.78,
+       {QPolygonF({{0, 0},
+                   {.76, 0},
+                   {.76, .18},
+                   {.28, .8},
+                   {.78, .8},
+                   {.78, 1},
+                   {0, 1},
+                   {0, .82},
+                   {.48, .2},
+                   {0, .2}})}},
+      {0.68,
+       {QPolygonF({{0, 0},
+                   {.68, 0},
+                   {.68, .2},
+                   {.24, .2},
+                   {.24, .39},
+                   {.64, .39},
+                   {.64, .59},
+                   {.24, .59},
+                   {.24, .8},
+                   {.68, .8},
+                   {.68, 1},
+                   {0, 1}})}},
+      {0.66, {QPolygonF({{0, 0}, {.24, 0}, {.24, .8}, {.66, .8}, {.66, 1}, {0, 1}})}},
+      {0.92,
+       {QPolygonF({{0, 0},
+                   {.24, 0},
+                   {.24, .38},
+                   {.6, 0},
+                   {.88, 0},
+                   {.44, .46},
+                   {.92, 1},
+                   {.62, 1},
+                   {.24, .58},
+                   {.24, 1},
+                   {0, 1}})}},
+      {0.98, {ring(0.98, 1.04, {.49, .5}), ring(0.5, 0.64, {.49, .5})}},
+      {0.92, {QPolygonF({{0, 0}, {.25, 0}, {.46, .72}, {.67, 0}, {.92, 0}, {.6, 1}, {.32, 1}})}},
+      {0.92,
+       {QPolygonF(
+            {{.32, 0}, {.6, 0}, {.92, 1}, {.67, 1}, {.61, .81}, {.31, .81}, {.25, 1}, {0, 1}}),
+        QPolygonF({{.46, .24}, {.555, .62}, {.365, .62}})}}};
+}
+
+// `foot` is the lower left corner of the first letter.
+void drawName(QPainter& painter, QPointF foot, double height) {
+  constexpr double gap = 0.16;
+  QPainterPath path;
+  double x = 0;
+  for (const auto& [width, outlines] : nameLetters()) {
+    for (const QPolygonF& outline : outlines) {
+      path.addPolygon(outline.translated(x, -1));
+      path.closeSubpath();
+    }
+    x += width + gap;
+  }
+  const QPainterPath sized = QTransform::fromScale(height, height).map(path);
+  painter.fillPath(sized.translated(foot + QPointF(height / 13, height / 13)),
+                   QColor(0, 0, 0, 150));
+  painter.fillPath(sized.translated(foot), lettering);
 }
 
 QImage canvas(int width, int height) {
@@ -136,7 +207,7 @@ QImage splash(double scale) {
   drawSurface(painter, {60, 110, 540, 235}, wireRed, -0.07);
   drawSurface(painter, {60, 100, 540, 235}, wireGreen, 0.05);
   drawLeaf(painter, {78, 84}, 42, 28);
-  drawName(painter, {140, 104}, 58);
+  drawName(painter, {142, 104}, 43);
   return image;
 }
 
@@ -147,7 +218,7 @@ QImage banner(double scale) {
   painter.scale(scale, scale);
   drawGround(painter, {0, 0, 440, 96});
   drawSurface(painter, {200, 10, 240, 84}, wireGreen, 0.05);
-  drawName(painter, {24, 62}, 36);
+  drawName(painter, {24, 62}, 27);
   return image;
 }
 
@@ -192,6 +263,30 @@ bool save(const QImage& image, const QString& path) {
   return false;
 }
 
+// All sizes in one file, as the resources of a Windows program take them: a directory, then
+// pictures.
+bool saveIcons(const QString& path) {
+  constexpr quint32 headBytes = 6;
+  constexpr quint32 entryBytes = 16;
+  QByteArray pictures;
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  QDataStream head(&file);
+  head.setByteOrder(QDataStream::LittleEndian);
+  head << quint16(0) << quint16(1) << quint16(iconSizes.size());
+  for (const int size : iconSizes) {
+    QBuffer picture;
+    picture.open(QIODevice::WriteOnly);
+    icon(size).save(&picture, "PNG");
+    const quint8 side = size < 256 ? quint8(size) : 0;
+    const quint32 offset = headBytes + entryBytes * quint32(iconSizes.size());
+    head << side << side << quint16(0) << quint16(1) << quint16(32) << quint32(picture.size())
+         << offset + quint32(pictures.size());
+    pictures += picture.data();
+  }
+  return file.write(pictures) == pictures.size() && file.flush();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -207,8 +302,8 @@ int main(int argc, char** argv) {
                save(colourScale(), folder + QStringLiteral("scale.png")) &&
                save(banner(1), folder + QStringLiteral("banner.png")) &&
                save(banner(2), folder + QStringLiteral("banner@2x.png"));
-  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+  for (const int size : iconSizes) {
     saved = saved && save(icon(size), folder + QStringLiteral("icon%1.png").arg(size));
   }
-  return saved ? 0 : 1;
+  return saved && saveIcons(folder + QStringLiteral("../zelkova.ico")) ? 0 : 1;
 }
