@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <fstream>
+
 #include "failing_calls_posix.h"
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -91,6 +93,58 @@ TEST(SavesUnderFire, WhatCannotBePutBackIsNotThrownAway) {
         kept = kept || contentOf(entry.path()) == wanted;
       }
       EXPECT_TRUE(kept) << "calls " << at << " and " << later << " later: " << three.texts();
+    }
+  }
+}
+
+// Killed between its renames, then met by what others did meanwhile.
+TEST(SavesUnderFire, WhatAKillLeftHalfDoneIsCompletedOrTakenBackUnlessOthersChangedIt) {
+  const auto removeBeside = [](const Three& three, std::string_view suffix) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(three.folder.path())) {
+      if (entry.path().extension() == suffix) fs::remove(entry.path());
+    }
+  };
+  struct Row {
+    const char* what;
+    std::function<void(const Three&)> meanwhile;
+    std::string texts;
+  };
+  const Row table[] = {
+      {"nothing", [](const Three&) {}, "new even new odd new last 3"},
+      {"the new files went", [&](const Three& three) { removeBeside(three, ".zelkova-new"); },
+       "old 1"},
+      {"both went",
+       [&](const Three& three) {
+         removeBeside(three, ".zelkova-new");
+         removeBeside(three, ".zelkova-old");
+       },
+       "new even 4"},
+      {"a target changed", [](const Three& three) { std::ofstream(three.last) << "foreign"; },
+       "new even foreign 8"},
+      {"a new file was cut",
+       [](const Three& three) {
+         for (const fs::directory_entry& entry : fs::directory_iterator(three.folder.path())) {
+           if (entry.path().extension() == ".zelkova-new") fs::resize_file(entry.path(), 3);
+         }
+       },
+       "old 1"}};
+  for (const auto& [what, meanwhile, texts] : table) {
+    SCOPED_TRACE(what);
+    bool mixed = false;
+    for (int at = 0; !mixed; ++at) {
+      const Three three;
+      ASSERT_LT(calls::inChild([&, point = at] {
+                  calls::atThatCall = [] { return raise(SIGKILL); };
+                  calls::callsLeft = point;
+                  return three.save();
+                }),
+                0)
+          << "never between two renames";
+      mixed = three.texts().starts_with("new even ") && !fs::exists(three.odd);
+      if (!mixed) continue;
+      meanwhile(three);
+      finishReplacements(three.last);
+      EXPECT_EQ(three.texts(), texts);
     }
   }
 }

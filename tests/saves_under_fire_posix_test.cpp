@@ -73,11 +73,12 @@ class SavesUnderFire : public ProgramTest {
       SCOPED_TRACE(std::string(way.command) + ", call " + std::to_string(point));
       restore(way, old);
       struck = strike(way, point, error);
+      finishReplacements(path(way.files[static_cast<std::size_t>(point) % way.files.size()]));
       const std::vector<Bytes> now = held(way);
       for (std::size_t i = 0; i < old.size(); ++i) {
         EXPECT_TRUE(old[i] != saved[i] && (now[i] == old[i] || now[i] == saved[i])) << error;
       }
-      EXPECT_TRUE(error == killed || now == old || now == saved) << "halves of two saves";
+      EXPECT_TRUE(now == old || now == saved) << "halves of two saves";
       restore(way, old);
       strike(way, failing_calls::never, 0);
       EXPECT_TRUE(held(way) == saved && fileCount() == filesAtRest) << error;

@@ -2,84 +2,39 @@
 #include <algorithm>
 #include <filesystem>
 #include <optional>
-#include <random>
 #include <system_error>
 
 #include "platform/failure.h"
 #include "platform/file_names.h"
 #include "platform/files.h"
 #include "platform/files_system.h"
-#include "platform/numbers.h"
+#include "platform/replacement_names.h"
+#include "platform/replacement_record.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view suffix = ".zelkova-new";
-constexpr std::size_t longestHead = 64;  // bytes of the target's name, to be known by eye
-constexpr std::size_t freshDigits = 16;  // hexadecimal digits that differ from save to save
 constexpr int longestChainOfLinks = 40;  // as the system itself allows
-constexpr int namesToTry = 100;
+constexpr int numbersToTry = 100;
 
 struct Replacement {
   std::string path;  // as the caller gave it
   fs::path target;   // what the path's links lead to
   std::optional<WaitingFile> waiting;
-  fs::path previous;  // the old file's second name while it may have to come back
+  std::optional<WaitingFile> record;  // of a replacement of several
+  fs::path previous;                  // the old file's second name while it may have to come back
   bool existed = false;
   bool moved = false;
 };
 
-std::string hex64(std::uint64_t value) {
-  const auto half = [](std::uint64_t bits) {
-    return padHex(hexText(static_cast<std::uint32_t>(bits & 0xFFFFFFFF)), 4);
-  };
-  return half(value >> 32) + half(value);
-}
-
-std::string utf8Name(const fs::path& path) {
-  const std::u8string name = path.filename().u8string();
-  return std::string(name.begin(), name.end());
-}
-
-// FNV-1a, which stands for the parts of a long name that the head leaves out.
-std::uint64_t nameHash(std::string_view name) {
-  std::uint64_t hash = 0xCBF29CE484222325;
-  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
-  return hash;
-}
-
-// How the names of all waiting files of a target begin; a length of its own for each target.
-std::string waitingPrefix(const fs::path& target) {
-  const std::string name = utf8Name(target);
-  std::size_t head = std::min(name.size(), longestHead);
-  while (head > 0 && head < name.size() && (name[head] & 0xC0) == 0x80) --head;
-  return '.' + name.substr(0, head) + '.' + hex64(nameHash(name)) + '-';
-}
-
-fs::path freshPath(const fs::path& target) {
-  static std::mt19937_64 numbers{std::random_device{}()};
-  const std::string name = waitingPrefix(target) + hex64(numbers()) + std::string(suffix);
-  return target.parent_path() / systemPath(name);
-}
-
-bool isWaitingName(std::string_view name, std::string_view prefix) {
-  if (name.size() != prefix.size() + freshDigits + suffix.size()) return false;
-  const std::string_view fresh = name.substr(prefix.size(), freshDigits);
-  const bool hex = fresh.find_first_not_of("0123456789ABCDEF") == std::string_view::npos;
-  return hex && name.starts_with(prefix) && name.ends_with(suffix);
-}
-
-// A folder that can't be listed, or a neighbour with an unreadable name, hinders no save.
+// A record that nobody holds goes first; the old file of a record that stays is still needed.
 void removeAbandonedBeside(const fs::path& target) {
-  const std::string prefix = waitingPrefix(target);
-  try {
-    const fs::path folder = target.parent_path();
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder.empty() ? "." : folder)) {
-      if (isWaitingName(utf8Name(entry.path()), prefix)) removeIfAbandoned(entry.path());
-    }
-  } catch (const std::system_error&) {
-    return;
+  for (const FoundBeside& found : findBeside(target)) {
+    std::error_code unknown;
+    const fs::path record = besidePath(target, found.number, Beside::record);
+    if (found.kind == Beside::previous && fs::exists(record, unknown)) continue;
+    removeIfAbandoned(found.path);
   }
 }
 
@@ -90,13 +45,6 @@ fs::path behindLinks(fs::path path) {
     path = path.parent_path() / fs::read_symlink(path);
   }
   throw std::system_error(std::make_error_code(std::errc::too_many_symbolic_link_levels));
-}
-
-WaitingFile makeWaiting(const fs::path& target) {
-  for (int i = 0; i < namesToTry; ++i) {
-    if (auto file = WaitingFile::create(freshPath(target), target)) return std::move(*file);
-  }
-  throw std::system_error(std::make_error_code(std::errc::file_exists));
 }
 
 // Runs `step`; errors become the Failure that fits the replacement's path.
@@ -115,12 +63,60 @@ void resolve(Replacement& replacement) {
   requireReplaceable(replacement.target);
 }
 
+// False if the name is taken.
+bool makes(std::optional<WaitingFile>& file, const Replacement& replacement,
+           const std::string& number, Beside kind) {
+  failingAt(replacement, [&] {
+    const fs::path path = besidePath(replacement.target, number, kind);
+    if (auto made = WaitingFile::create(path, replacement.target)) file.emplace(std::move(*made));
+  });
+  return file.has_value();
+}
+
+bool makesFilesBeside(std::vector<Replacement>& replacements, const std::string& number) {
+  const bool recorded = replacements.size() > 1;
+  return std::ranges::all_of(replacements, [&](Replacement& each) {
+    return makes(each.waiting, each, number, Beside::waiting) &&
+           (!recorded || makes(each.record, each, number, Beside::record));
+  });
+}
+
+// Gives the replacement's number.
+std::string makeFilesBeside(std::vector<Replacement>& replacements) {
+  for (int i = 0; i < numbersToTry; ++i) {
+    const std::string number = freshNumber();
+    if (makesFilesBeside(replacements, number)) return number;
+    for (Replacement& each : replacements) {
+      each.waiting.reset();
+      each.record.reset();
+    }
+  }
+  throw Failure(pathFileAccess);
+}
+
+// From here on a replacement that is broken off can be finished by others.
+void writeRecords(std::vector<Replacement>& replacements, std::span<const FileContent> files) {
+  std::vector<ReplacedFile> replaced;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    failingAt(replacements[i], [&] {
+      const fs::path target = fs::absolute(replacements[i].target);
+      replaced.push_back({target, markOfFile(target), markOf(files[i].bytes)});
+    });
+  }
+  const std::string text = recordText(replaced);
+  const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+  for (Replacement& each : replacements) {
+    failingAt(each, [&] { each.record->write(bytes); });
+    flushFolder(each.target.parent_path());
+  }
+}
+
 // Some file systems hold no second names; there the old file is copied.
-void keepPrevious(Replacement& replacement) {
+void keepPrevious(Replacement& replacement, const std::string& number) {
   std::error_code error;
   replacement.existed = fs::exists(replacement.target, error) || error;
   if (!replacement.existed) return;
-  replacement.previous = freshPath(replacement.target);
+  replacement.previous = besidePath(replacement.target, number, Beside::previous);
   fs::create_hard_link(replacement.target, replacement.previous, error);
   if (error)
     failingAt(replacement, [&] { fs::copy_file(replacement.target, replacement.previous); });
@@ -149,14 +145,26 @@ void moveAll(std::vector<Replacement>& replacements) {
   }
 }
 
-void moveAllOrNone(std::vector<Replacement>& replacements) {
+// The records stay where something could not be put back.
+void takeBack(std::vector<Replacement>& replacements) noexcept {
+  bool all = true;
+  for (auto last = replacements.rbegin(); last != replacements.rend(); ++last) {
+    const bool back = !last->moved || putBack(*last);
+    if (back) dropPrevious(*last);
+    all = all && back;
+  }
+  if (all) return;
+  for (Replacement& each : replacements) {
+    if (each.record) each.record->leave();
+  }
+}
+
+void moveAllOrNone(std::vector<Replacement>& replacements, const std::string& number) {
   try {
-    for (std::size_t i = 0; i + 1 < replacements.size(); ++i) keepPrevious(replacements[i]);
+    for (std::size_t i = 0; i + 1 < replacements.size(); ++i) keepPrevious(replacements[i], number);
     moveAll(replacements);
   } catch (...) {
-    for (auto last = replacements.rbegin(); last != replacements.rend(); ++last) {
-      if (!last->moved || putBack(*last)) dropPrevious(*last);
-    }
+    takeBack(replacements);
     throw;
   }
   for (const Replacement& replacement : replacements) dropPrevious(replacement);
@@ -175,13 +183,15 @@ void replaceFiles(std::span<const FileContent> files) {
     replacements[i].path = files[i].path;
     failingAt(replacements[i], [&] { resolve(replacements[i]); });
   }
-  for (const Replacement& replacement : replacements) removeAbandonedBeside(replacement.target);
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    failingAt(replacements[i], [&] {
-      replacements[i].waiting.emplace(makeWaiting(replacements[i].target));
-      replacements[i].waiting->write(files[i].bytes);
-    });
+  for (const Replacement& replacement : replacements) {
+    finishReplacementsBeside(replacement.target);
+    removeAbandonedBeside(replacement.target);
   }
-  moveAllOrNone(replacements);
+  const std::string number = makeFilesBeside(replacements);
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    failingAt(replacements[i], [&] { replacements[i].waiting->write(files[i].bytes); });
+  }
+  if (files.size() > 1) writeRecords(replacements, files);
+  moveAllOrNone(replacements, number);
   for (const Replacement& replacement : replacements) flushFolder(replacement.target.parent_path());
 }

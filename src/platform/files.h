@@ -34,8 +34,13 @@ bool fileExists(std::string path) noexcept;
 void replaceFile(const std::string& path, std::span<const std::uint8_t> bytes);
 
 // replaceFile for several: all are complete on disk before the first takes its target's place; a
-// failure at a later one puts the earlier targets back.
+// failure at a later one puts the earlier targets back. What can't be put back, and what a killed
+// process left half done, lies beside the targets until finishReplacements or the next replacement.
 void replaceFiles(std::span<const FileContent> files);
+
+// Completes a replacement of several files that was broken off with `path` among them, or takes it
+// back where its new files are gone; files that were changed since are left alone. Never throws.
+void finishReplacements(const std::string& path) noexcept;
 
 // What stands behind the last "\" or "/".
 std::string fileNameOf(std::string_view path);

@@ -196,11 +196,27 @@ void flushFolder(const fs::path& folder) noexcept {
   if (opened.number() >= 0) fsync(opened.number());
 }
 
-void removeIfAbandoned(const fs::path& path) noexcept {
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+void WaitingFile::leave() noexcept {
+  path_.clear();
+  close(static_cast<int>(std::exchange(handle_, -1)));
+}
+
+std::optional<HeldFile> HeldFile::ifAbandoned(const fs::path& path) noexcept {
+  const int file = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (file < 0) return std::nullopt;
+  HeldFile held(file);
   struct stat status {};
-  if (file.number() < 0 || fstat(file.number(), &status) != 0) return;
-  if (S_ISREG(status.st_mode) && flock(file.number(), LOCK_EX | LOCK_NB) == 0) {
-    unlink(path.c_str());
-  }
+  const bool regular = fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+  if (!regular || flock(file, LOCK_EX | LOCK_NB) != 0) return std::nullopt;
+  return held;
+}
+
+HeldFile::HeldFile(HeldFile&& other) noexcept : handle_(std::exchange(other.handle_, -1)) {}
+
+HeldFile::~HeldFile() {
+  if (handle_ >= 0) close(static_cast<int>(handle_));
+}
+
+void removeIfAbandoned(const fs::path& path) noexcept {
+  if (HeldFile::ifAbandoned(path)) unlink(path.c_str());
 }

@@ -45,11 +45,28 @@ class WaitingFile {
   void write(std::span<const std::uint8_t> bytes);
   // Takes the place of `target`, at once.
   void moveTo(const std::filesystem::path& target);
+  // Lets go of the file and leaves it where it is.
+  void leave() noexcept;
 
  private:
   WaitingFile(std::filesystem::path path, std::intptr_t handle);
 
   std::filesystem::path path_;  // empty once moved
+  std::intptr_t handle_;
+};
+
+// A file left by a process that ended; while it is held here, others leave it alone.
+class HeldFile {
+ public:
+  // Nothing if it isn't there, is no regular file or is held by a living process.
+  static std::optional<HeldFile> ifAbandoned(const std::filesystem::path& path) noexcept;
+  HeldFile(HeldFile&& other) noexcept;
+  HeldFile& operator=(HeldFile&&) = delete;
+  ~HeldFile();
+
+ private:
+  explicit HeldFile(std::intptr_t handle) : handle_(handle) {}
+
   std::intptr_t handle_;
 };
 

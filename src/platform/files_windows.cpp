@@ -235,4 +235,23 @@ void WaitingFile::moveTo(const fs::path& target) {
 // MOVEFILE_WRITE_THROUGH has done it.
 void flushFolder(const fs::path&) noexcept {}
 
+void WaitingFile::leave() noexcept {
+  path_.clear();
+  CloseHandle(toHandle(std::exchange(handle_, noHandle)));
+}
+
+// Open without leave to read it: a second one can't hold it too. It may be deleted meanwhile.
+std::optional<HeldFile> HeldFile::ifAbandoned(const fs::path& path) noexcept {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return std::nullopt;
+  return HeldFile(reinterpret_cast<std::intptr_t>(file));
+}
+
+HeldFile::HeldFile(HeldFile&& other) noexcept : handle_(std::exchange(other.handle_, noHandle)) {}
+
+HeldFile::~HeldFile() {
+  if (handle_ != noHandle) CloseHandle(toHandle(handle_));
+}
+
 void removeIfAbandoned(const fs::path& path) noexcept { DeleteFileW(path.c_str()); }
