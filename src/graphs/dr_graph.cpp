@@ -8,7 +8,7 @@ namespace {
 
 constexpr Colour lightOrange = rgb(255, 192, 128);
 constexpr Colour orange = rgb(255, 128, 0);
-constexpr Colour red = rgb(255, 0, 0);
+constexpr Colour red = rgb(255, 72, 72);
 constexpr Colour axisGreen = rgb(0, 192, 0);
 constexpr Colour editedGreen = rgb(0, 255, 0);
 constexpr Colour comparedRed = rgb(192, 0, 0);
@@ -68,7 +68,7 @@ DrGraph::DrGraph()
     axis->setColour(axisGreen);
   }
   Label19.setColour(editedGreen);
-  Label20.setColour(comparedRed);
+  Label20.setColour(red);
   Label17.setColour(red);
   Label13.setColour(lightOrange);
   Text2.keyFilter = digitKey;

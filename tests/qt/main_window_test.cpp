@@ -8,6 +8,7 @@
 #include "core/form1.h"
 #include "core/map_display.h"
 #include "frontend/qt/grid_view.h"
+#include "frontend/qt/look.h"
 #include "frontend/qt/windows/make_window.h"
 
 namespace {
@@ -31,7 +32,7 @@ struct MainWindowTest : testing::Test {
     }
     return found;
   }
-  const GridView& view(const char* name) const {
+  GridView& view(const char* name) const {
     return *window->findChild<QStackedWidget*>()->currentWidget()->findChild<GridView*>(name);
   }
 
@@ -78,6 +79,45 @@ TEST_F(MainWindowTest, EachScaleCellStandsBesideItsRowOrAboveItsColumnAtEverySiz
       }
     }
   }
+}
+
+TEST_F(MainWindowTest,
+       ASelectedMapCellLightsUpItsScaleCellsAndScalesShowACursorOfTheirOwnOnlyWithFocus) {
+  Grid& map = form1().Grid1;
+  map.resize(9, 6);
+  window->resize(1060, 680);
+  form1().RPM_FUEL.setSelection({0, 0, 0, 0});
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  GridView& speed = view("speed");
+  GridView& load = view("load");
+  // The colour at a cell's side towards the map, and where its own border would run.
+  const auto side = [&](const GridView& scale, int row, int column, bool below) {
+    const QPoint corner(scale.columnViewportPosition(column) + scale.columnWidth(column) - 2,
+                        scale.rowViewportPosition(row) + scale.rowHeight(row) - 2);
+    const QPoint middle =
+        below ? QPoint(corner.x() - 12, corner.y()) : QPoint(corner.x(), corner.y() - 6);
+    return scale.viewport()->grab().toImage().pixelColor(middle * scale.devicePixelRatioF());
+  };
+  const auto lit = [&] {
+    QCoreApplication::processEvents();
+    std::string rows, columns;
+    for (int row = 0; row < 16; ++row)
+      rows += side(speed, row, 0, false) == accentColour ? '1' : '0';
+    for (int c = 0; c < 16; ++c) columns += side(load, 0, c, true) == accentColour ? '1' : '0';
+    return rows + " " + columns;
+  };
+  window->findChild<QStackedWidget*>()->setFocus();
+  map.setSelection({3, 2, 5, 2});
+  EXPECT_EQ(lit(), "0011100000000000 0100000000000000");
+  map.setSelection({8, 5, 8, 4});
+  EXPECT_EQ(lit(), "0000000100000000 0001100000000000");
+  const QImage resting = speed.grab().toImage();
+  form1().RPM_FUEL.setFocus();
+  EXPECT_NE(speed.grab().toImage(), resting) << "its own cursor";
+  map.setFocus();
+  EXPECT_EQ(speed.grab().toImage(), resting);
+  map.setEnabled(false);
+  EXPECT_EQ(lit(), "0000000000000000 0000000000000000");
 }
 
 }  // namespace

@@ -153,6 +153,7 @@ void selectAllAtClick(QLineEdit* line) {
 void showProgress(QProgressBar* widget, int value) {
   const QSignalBlocker quiet(widget);
   widget->setValue(value);
+  widget->setVisible(value > 0);
 }
 
 }  // namespace

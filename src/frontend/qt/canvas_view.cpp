@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "frontend/qt/bind_controls.h"
+#include "frontend/qt/event_tap.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/text.h"
 
@@ -163,6 +164,39 @@ void CanvasView::focusOutEvent(QFocusEvent* event) {
   releaseHeldKey();
   QWidget::focusOutEvent(event);
   forwardFocusOut(record_, event->reason());
+}
+
+CanvasFrame::CanvasFrame(CanvasView* canvas) {
+  constexpr int width = 2;
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setLineWidth(width);
+  setFocusPolicy(Qt::NoFocus);
+  setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+  setWidget(canvas);
+  tapEvents(canvas, [this](QEvent* event) {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
+    return false;
+  });
+}
+
+QSize CanvasFrame::sizeHint() const {
+  return widget()->size() + QSize(frameWidth(), frameWidth()) * 2;
+}
+
+QSize CanvasFrame::minimumSizeHint() const {
+  constexpr QSize smallest(160, 80);
+  return smallest;
+}
+
+bool CanvasFrame::event(QEvent* event) {
+  if (event->type() != QEvent::Paint) return QScrollArea::event(event);
+  if (widget()->hasFocus()) {
+    const int width = frameWidth();
+    QPainter painter(this);
+    painter.setPen(QPen(accentColour, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.drawRect(rect().adjusted(width / 2, width / 2, -width / 2, -width / 2));
+  }
+  return true;
 }
 
 QLabel* labelOn(CanvasView* canvas, Label& record, int x, int y) {

@@ -2,6 +2,7 @@
 // and presses. Labels may be placed on it as children.
 #pragma once
 
+#include <QScrollArea>
 #include <QTimer>
 #include <QWidget>
 #include <cstdint>
@@ -38,6 +39,18 @@ class CanvasView : public QWidget {
   std::optional<HeldKey> heldKey_;
   QTimer release_;
   unsigned long long releasedAt_ = 0;  // time stamp of the event
+};
+
+// A frame around a canvas. It shows whether the canvas has the focus, and scrolls the canvas where
+// the window has less room than that.
+class CanvasFrame : public QScrollArea {
+ public:
+  explicit CanvasFrame(CanvasView* canvas);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  bool event(QEvent* event) override;
 };
 
 // Places a label on the canvas; presses go through it to the canvas.

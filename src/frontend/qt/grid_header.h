@@ -5,13 +5,16 @@
 
 #include "controls/grid.h"
 
+class GridView;
+
 class GridHeader : public QHeaderView {
  public:
-  GridHeader(Qt::Orientation orientation, const Grid& record, QWidget* parent);
+  GridHeader(Qt::Orientation orientation, const Grid& record, GridView* view);
 
  protected:
   void paintSection(QPainter* painter, const QRect& area, int section) const override;
 
  private:
   const Grid& record_;
+  const GridView& view_;
 };

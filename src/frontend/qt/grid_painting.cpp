@@ -5,6 +5,7 @@
 #include <QStaticText>
 #include <QWidget>
 #include <unordered_map>
+#include <utility>
 
 #include "frontend/qt/look.h"
 #include "frontend/qt/text.h"
@@ -14,10 +15,11 @@ namespace {
 constexpr int textMargin = 3;  // pixels to the left and right of a cell's text
 constexpr std::size_t keptTexts = 4096;
 constexpr double selectionShare = 0.72;  // of the tint in a selected cell's colour
-constexpr double disabledShare = 0.75;   // of the window's ground in a disabled cell's colour
+constexpr double disabledShare = 0.93;   // of the window's ground in a disabled cell's colour
+constexpr double lineShare = 0.75;       // the same of its lines
+constexpr int touchedShade = 110;
+constexpr int edgeWidth = 2;
 constexpr QColor selectionTint(206, 228, 255);
-constexpr QColor focusedBorder(255, 191, 0);
-constexpr QColor restingBorder(110, 116, 128);
 
 // Texts as they were laid out, since maps show the same few numbers again and again.
 struct LaidOut {
@@ -61,21 +63,33 @@ QColor mixed(const QColor& one, const QColor& other, double share) {
                 part(one.blue(), other.blue()));
 }
 
+bool contains(int low, int high, int value) { return value >= low && value <= high; }
+
+// Whether the block touches the row or the column of a cell.
+bool touches(const GridBlock& block, int row, int column) {
+  return contains(block.top, block.bottom, row) || contains(block.left, block.right, column);
+}
+
 }  // namespace
 
-CellPainter::CellPainter(QPainter& painter, const Grid& record, const QWidget& view)
+QColor fadedCell(const QColor& ground) { return mixed(ground, groundColour, disabledShare); }
+
+QColor touchedCell(const QColor& ground) { return ground.darker(touchedShade); }
+
+CellPainter::CellPainter(QPainter& painter, const Grid& record, const QWidget& view,
+                         CellMarks marks)
     : painter_(painter),
       record_(record),
       view_(view),
-      block_(record.block()),
+      marks_(marks),
+      block_(marks.selection ? record.block() : GridBlock{0, 0, -1, -1}),
       textHeight_(view.fontMetrics().height()) {
   painter.setFont(view.font());
   startLaidOutTexts(view.font());
 }
 
 bool CellPainter::inSelection(int row, int column) const {
-  return row >= block_.top && row <= block_.bottom && column >= block_.left &&
-         column <= block_.right;
+  return contains(block_.top, block_.bottom, row) && contains(block_.left, block_.right, column);
 }
 
 QColor CellPainter::groundOf(int row, int column) const {
@@ -97,8 +111,14 @@ void CellPainter::drawText(const QRect& area, const std::string& text, Side side
 
 void CellPainter::paintLines(const QRect& area) {
   const QColor lines = shown(record_.look().lines);
-  const QColor window = view_.palette().color(QPalette::Window);
-  painter_.fillRect(area, view_.isEnabled() ? lines : mixed(lines, window, disabledShare));
+  painter_.fillRect(area, view_.isEnabled() ? lines : mixed(lines, groundColour, lineShare));
+}
+
+void CellPainter::lineEdge(const QRect& area, Qt::Edge edge) {
+  QRect line = area;
+  edge == Qt::BottomEdge ? line.setTop(area.bottom() - edgeWidth + 1)
+                         : line.setLeft(area.right() - edgeWidth + 1);
+  painter_.fillRect(line, accentColour);
 }
 
 // The current cell keeps its own colours inside the border of the selection.
@@ -106,37 +126,44 @@ void CellPainter::paintCell(const QRect& area, int row, int column) {
   QColor ground = groundOf(row, column);
   QColor ink = shown(record_.look().text);
   const bool current = row == record_.row() && column == record_.column();
+  const bool litRow = contains(marks_.lit.top, marks_.lit.bottom, row);
+  const bool lit = view_.isEnabled() && touches(marks_.lit, row, column);
   if (!view_.isEnabled()) {
-    ground = mixed(ground, view_.palette().color(QPalette::Window), disabledShare);
-    ink = view_.palette().color(QPalette::Text);
+    ground = fadedCell(ground);
+    ink = faintColour;
+  } else if (lit) {
+    ground = touchedCell(ground);
   } else if (!current && inSelection(row, column)) {
     ground = mixed(ground, selectionTint, selectionShare);
     ink = Qt::black;
   }
   const QRect inside = area.adjusted(0, 0, -1, -1);
   painter_.fillRect(inside, ground);
+  if (lit) lineEdge(inside, litRow ? Qt::RightEdge : Qt::BottomEdge);
   painter_.setPen(ink);
   drawText(inside, record_.text(row, column), Side::right);
 }
 
 void CellPainter::paintHeaderCell(const QRect& area, int row, int column) {
-  constexpr int touchedShade = 110;
   constexpr int lineShade = 125;
-  const bool touched = (row >= block_.top && row <= block_.bottom) ||
-                       (column >= block_.left && column <= block_.right);
+  const bool touched =
+      view_.isEnabled() && (touches(block_, row, column) || touches(marks_.lit, row, column));
   const QColor ground = view_.palette().color(QPalette::Button);
   const QRect inside = area.adjusted(0, 0, -1, -1);
   painter_.fillRect(area, ground.darker(lineShade));
-  painter_.fillRect(inside, touched && view_.isEnabled() ? ground.darker(touchedShade) : ground);
+  painter_.fillRect(inside, touched ? touchedCell(ground) : ground);
+  if (touched) lineEdge(inside, row < record_.fixedRows() ? Qt::BottomEdge : Qt::RightEdge);
   if (row >= record_.rows() || column >= record_.columns()) return;
   painter_.setPen(view_.palette().color(QPalette::ButtonText));
   drawText(inside, record_.text(row, column), Side::middle);
 }
 
 void CellPainter::paintSelectionBorder(const QRect& area, bool focused) {
-  constexpr int width = 2;
-  painter_.setPen(QPen(focused ? focusedBorder : restingBorder, width, Qt::SolidLine, Qt::FlatCap,
-                       Qt::MiterJoin));
+  const BorderLook& look = focused ? focusedBorder : restingBorder;
   painter_.setBrush(Qt::NoBrush);
-  painter_.drawRect(area);
+  for (const auto& [colour, width] :
+       {std::pair(look.edge, look.wholeWidth), std::pair(look.line, look.lineWidth)}) {
+    painter_.setPen(QPen(colour, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter_.drawRect(area);
+  }
 }

@@ -92,6 +92,9 @@ void GridView::applyChanges() {
   shapeChanged_ = false;
   showCurrentCell();
   showValues();
+  for (const Direction* direction : {&across_, &down_}) {
+    if (direction->follower) direction->follower->updateAll();
+  }
 }
 
 void GridView::showShape() {
@@ -137,6 +140,26 @@ void GridView::updateAll() {
   verticalHeader()->viewport()->update();
 }
 
+// A scale shows where its map's selection is, and its own while the user works on it.
+CellMarks GridView::marks() const {
+  CellMarks marks;
+  const GridView* const map = across_.leader ? across_.leader : down_.leader;
+  if (!map) return marks;
+  marks.selection = hasFocus();
+  if (!map->isEnabled()) return marks;
+  const GridBlock block = map->record_.block();
+  const int across = record_.fixedColumns() - map->record_.fixedColumns();
+  const int down = record_.fixedRows() - map->record_.fixedRows();
+  if (across_.leader) {
+    marks.lit.left = block.left + across;
+    marks.lit.right = block.right + across;
+  } else {
+    marks.lit.top = block.top + down;
+    marks.lit.bottom = block.bottom + down;
+  }
+  return marks;
+}
+
 QSize GridView::contentSize() const {
   const QHeaderView& across = *horizontalHeader();
   const QHeaderView& down = *verticalHeader();
@@ -173,6 +196,12 @@ void GridView::noteBars() {
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   noteBars();
+}
+
+int GridView::Direction::partnersBeyond() const {
+  if (!partner()) return 0;
+  const bool across = bar->orientation() == Qt::Horizontal;
+  return across ? partner()->across_.beyond : partner()->down_.beyond;
 }
 
 void GridView::follow(GridView* leader, Direction GridView::*direction) {
@@ -213,11 +242,15 @@ void GridView::updateGeometries() {
   shareRange(&GridView::down_);
 }
 
-// Puts back what the toolkit set.
+// Puts back what the toolkit set. It doesn't know of a bar that the partner alone needs, and of the
+// cells that such a bar covers.
 void GridView::settle(Direction GridView::*direction, int maximum, int value) {
   Direction& own = this->*direction;
   if (!own.partner()) return;
-  own.beyond = own.bar->maximum();
+  const bool across = direction == &GridView::across_;
+  const int covered = own.header->length() - (across ? viewport()->width() : viewport()->height());
+  const bool barForPartner = across ? down_.partnersBeyond() > 0 : across_.partnersBeyond() > 0;
+  own.beyond = std::max(own.bar->maximum(), barForPartner ? covered : 0);
   own.bar->setRange(0, maximum);
   own.bar->setValue(value);
   own.bar->blockSignals(false);
@@ -228,7 +261,7 @@ void GridView::shareRange(Direction GridView::*direction) {
   GridView* const partner = own.partner();
   if (!partner) return;
   const Direction& other = partner->*direction;
-  own.bar->setMaximum(std::max(own.beyond, other.beyond));
+  own.bar->setMaximum(std::max(own.beyond, own.partnersBeyond()));
   own.header->setOffset(own.bar->value());
   if (other.bar->maximum() != own.bar->maximum()) partner->updateGeometries();
   if (own.follower) noteBars();
@@ -248,7 +281,7 @@ void GridView::paintEvent(QPaintEvent* event) {
   const int lastColumn =
       columnAt(area.right()) < 0 ? columns - 1 : std::min(columnAt(area.right()), columns - 1);
   QPainter painter(viewport());
-  CellPainter cells(painter, record_, *this);
+  CellPainter cells(painter, record_, *this, marks());
   cells.paintLines(placeOf(firstRow, firstColumn) | placeOf(lastRow, lastColumn));
   for (int row = firstRow; row <= lastRow; ++row) {
     for (int column = firstColumn; column <= lastColumn; ++column) {
@@ -270,7 +303,8 @@ void GridView::paintSelection(CellPainter& cells) const {
   const int left = block.left - record_.fixedColumns();
   const int bottom = block.bottom - record_.fixedRows();
   const int right = block.right - record_.fixedColumns();
-  if (!isEnabled() || top < 0 || left < 0 || !model_->hasIndex(bottom, right)) return;
+  if (!isEnabled() || !marks().selection || top < 0 || left < 0 || !model_->hasIndex(bottom, right))
+    return;
   cells.paintSelectionBorder(placeOf(top, left) | placeOf(bottom, right), hasFocus());
 }
 
@@ -281,7 +315,7 @@ void GridView::tapCorner() {
   tapEvents(corner, [this, corner](QEvent* event) {
     if (event->type() != QEvent::Paint) return false;
     QPainter painter(corner);
-    CellPainter(painter, record_, *this).paintHeaderCell(corner->rect(), 0, 0);
+    CellPainter(painter, record_, *this, marks()).paintHeaderCell(corner->rect(), 0, 0);
     return true;
   });
 }

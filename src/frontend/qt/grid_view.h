@@ -11,6 +11,7 @@
 #include "controls/grid.h"
 
 class CellPainter;
+struct CellMarks;
 class GridModel;
 
 class GridView : public QTableView {
@@ -22,9 +23,13 @@ class GridView : public QTableView {
   // as far as the longer one needs.
   void followColumnsOf(GridView* leader);
   void followRowsOf(GridView* leader);
+  // What is marked in the view beside the colours of its cells.
+  CellMarks marks() const;
   // Shows at once what waits for the end of the event.
   void applyChanges();
 
+  // All cells and headers.
+  QSize contentSize() const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
   // Selects all data cells.
@@ -60,6 +65,7 @@ class GridView : public QTableView {
     GridView* follower = nullptr;
     int beyond = 0;  // pixels of this view's own cells that its viewport doesn't show
     GridView* partner() const { return leader ? leader : follower; }
+    int partnersBeyond() const;
   };
 
   // Set-up, observing and sizes: grid_view.cpp
@@ -72,7 +78,6 @@ class GridView : public QTableView {
   void showCurrentCell();
   void updateCell(int row, int column);
   void updateAll();
-  QSize contentSize() const;
   void noteBars();
   void follow(GridView* leader, Direction GridView::*direction);
   void settle(Direction GridView::*direction, int maximum, int value);

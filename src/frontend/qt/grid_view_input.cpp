@@ -219,12 +219,12 @@ void GridView::keyReleaseEvent(QKeyEvent* event) {
 
 void GridView::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
-  viewport()->update();
+  updateAll();
   forwardFocusIn(record_);
 }
 
 void GridView::focusOutEvent(QFocusEvent* event) {
   QTableView::focusOutEvent(event);
-  viewport()->update();
+  updateAll();
   forwardFocusOut(record_, event->reason());
 }

@@ -48,8 +48,9 @@ class Look : public QProxyStyle {
 };
 
 QPalette calmPalette() {
-  const QColor ground(243, 244, 247), ink(32, 36, 44), faint(150, 155, 165), accent(38, 104, 199);
-  QPalette palette(QColor(232, 234, 239), ground);
+  constexpr QColor ground = groundColour, ink = inkColour, faint = faintColour;
+  constexpr QColor accent = accentColour;
+  QPalette palette(buttonColour, ground);
   palette.setColor(QPalette::Base, Qt::white);
   palette.setColor(QPalette::AlternateBase, QColor(248, 249, 251));
   palette.setColor(QPalette::WindowText, ink);

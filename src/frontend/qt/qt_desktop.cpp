@@ -19,6 +19,7 @@
 #include "frontend/qt/grid_view.h"
 #include "frontend/qt/sound.h"
 #include "frontend/qt/text.h"
+#include "frontend/qt/window_room.h"
 #include "frontend/qt/windows/make_window.h"
 
 namespace {
@@ -40,14 +41,19 @@ bool written(QSettings& store) {
   return store.status() == QSettings::NoError;
 }
 
+// Brings the grids up to date, and what the layouts around them know of their sizes.
+void applyGridChanges(QWidget* window) {
+  for (GridView* grid : window->findChildren<GridView*>()) {
+    grid->applyChanges();
+    for (QWidget* each = grid; each != window; each = each->parentWidget()) each->updateGeometry();
+  }
+}
+
 // In the middle of the other window, or of the screen as long as that window isn't shown.
 void centre(QWidget* widget, const QWidget* other) {
-  for (GridView* grid : widget->findChildren<GridView*>()) grid->applyChanges();
-  // At 150 % a window can end up a part of a pixel smaller than is asked for, and a grid that lacks
-  // that part shows both scroll bars.
-  constexpr QSize reserve(1, 1);
-  widget->adjustSize();
-  widget->resize(widget->size() + reserve);
+  applyGridChanges(widget);
+  widget->ensurePolished();
+  widget->resize(openingSize(widget));
   const QRect frame =
       other && other->isVisible() ? other->frameGeometry() : widget->screen()->availableGeometry();
   widget->move(frame.center() - QPoint(widget->width() / 2, widget->height() / 2));

@@ -55,7 +55,7 @@ void SideTabs::paintTab(QPainter& painter, int index) const {
   }
   const QRect text = area.adjusted(textMargin, 0, 0, 0);
   style()->drawItemText(&painter, text, Qt::AlignVCenter | Qt::TextShowMnemonic, palette(),
-                        isEnabled(), tabText(index), QPalette::WindowText);
+                        isEnabled() && !absent_(index), tabText(index), QPalette::WindowText);
   if (chosen && hasFocus()) {
     painter.setPen(QPen(palette().highlight(), 1));
     painter.setBrush(Qt::NoBrush);

@@ -4,10 +4,14 @@
 
 #include <QTabBar>
 #include <QWheelEvent>
+#include <functional>
+#include <utility>
 
 class SideTabs : public QTabBar {
  public:
   explicit SideTabs(QWidget* parent = nullptr);
+  // Tells which tabs stand for something that isn't there; they can be chosen, but are faint.
+  void setAbsent(std::function<bool(int index)> absent) { absent_ = std::move(absent); }
 
  protected:
   QSize tabSizeHint(int index) const override;
@@ -19,4 +23,6 @@ class SideTabs : public QTabBar {
 
  private:
   void paintTab(QPainter& painter, int index) const;
+
+  std::function<bool(int)> absent_ = [](int) { return false; };
 };

@@ -61,7 +61,7 @@ CanvasView* makeCanvas(DrGraph& form) {
   }
   for (const Place& place : places) labelOn(canvas, form.*place.label, place.x, place.y);
   boxOn(canvas, form.Label7, loadAxis);
-  paintGround(boxOn(canvas, form.Label17, busyNotice), QColor(64, 64, 64));
+  paintGround(boxOn(canvas, form.Label17, busyNotice), QColor(32, 32, 32));
   QLabel* const help = boxOn(canvas, form.Label13, tip);
   help->setWordWrap(true);
   paintGround(help, QColor(32, 32, 32));
@@ -160,9 +160,8 @@ QWidget* makeDrGraphWindow() {
   DrGraph& form = DR_GRAPH;
   QDialog* const window = newDialog();
   auto* const rows = new QVBoxLayout(window);
-  rows->setSizeConstraint(QLayout::SetFixedSize);
   rows->setContentsMargins(10, 10, 10, 10);
-  rows->addWidget(makeCanvas(form), 0, Qt::AlignHCenter);
+  rows->addWidget(new CanvasFrame(makeCanvas(form)), 1, Qt::AlignHCenter);
   rows->addWidget(makeParameters(form));
   rows->addLayout(makeButtons(form));
   bind(new QTimer(window), form.Timer1);

@@ -115,7 +115,7 @@ GridView* addAirflow(QGridLayout* cells, Grid& map) {
   labelOn(picture, form.Label14, 32, 48);
   labelOn(picture, form.Label21, 30, 6);
   labelOn(picture, form.Label17, 32, 8);
-  cells->addWidget(picture, 1, 0);
+  cells->addWidget(new CanvasFrame(picture), 1, 0, corner);
   return view;
 }
 

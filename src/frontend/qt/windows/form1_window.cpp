@@ -5,17 +5,18 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QProgressBar>
-#include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 
 #include "core/form1.h"
+#include "core/map_kinds.h"
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/bind_menu.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/side_tabs.h"
+#include "frontend/qt/window_room.h"
 #include "frontend/qt/windows/dialog_parts.h"
 #include "frontend/qt/windows/form1_panels.h"
 
@@ -23,7 +24,7 @@ QWidget* makeForm1Window();
 
 namespace {
 
-constexpr QSize openingSize(1060, 680);
+constexpr QSize usualSize(1060, 680);
 constexpr QSize smallestSize(800, 420);  // the airflow view fits beside the tabs
 constexpr int progressWidth = 220;
 constexpr int progressHeight = 14;
@@ -50,8 +51,14 @@ QLayout* makeHeadline(Form1& form) {
   return line;
 }
 
+bool isAbsent(int tabIndex) {
+  const MapKind* const kind = mapKindOfTab(tabIndex + 1);
+  return kind && !gridOf(*kind).enabled();
+}
+
 QTabBar* makeTabs(Form1& form) {
   auto* const tabs = new SideTabs;
+  tabs->setAbsent(isAbsent);
   tabs->setObjectName(QStringLiteral("TabStrip1"));
   bind(tabs, form.TabStrip1);
   return tabs;
@@ -83,12 +90,6 @@ void showFrontPanel(QStackedWidget* stack, QTabBar* tabs, const Form1& form) {
   QWidget* const map = tabs->hasFocus() ? nullptr : mapOf(panel);
   stack->setCurrentWidget(panel);
   (map ? map : tabs)->setFocus();
-}
-
-// What the screen has beside its bars, less the window's frame.
-QSize roomFor(const QWidget* window) {
-  constexpr QSize frame(16, 48);
-  return window->screen()->availableSize() - frame;
 }
 
 QStatusBar* makeStatusBar(Form1& form) {
@@ -123,8 +124,8 @@ QWidget* makeForm1Window() {
   rows->addLayout(panels, 1);
   window->setCentralWidget(centre);
   window->setStatusBar(makeStatusBar(form));
-  window->setMinimumSize(smallestSize);
-  window->resize(openingSize.boundedTo(roomFor(window)));
+  window->setMinimumSize(smallestSize.boundedTo(roomFor(window)));
+  window->resize(usualSize.boundedTo(roomFor(window)));
   const auto showPanel = [stack, tabs, &form] { showFrontPanel(stack, tabs, form); };
   showPanel();
   bindWindow(window, form, showPanel);
