@@ -162,6 +162,29 @@ TEST(SavesUnderFire, OnlyAbandonedFilesOfTheSameTargetAreRemoved) {
   EXPECT_EQ(folder.count(), 5U);
 }
 
+// The superuser may do everything: the saves run as nobody.
+TEST(SavesUnderFire, AFolderThatMayNotBeWrittenKeepsItsFilesAndGetsNoOther) {
+  const ScratchFolder folder;
+  const std::string locked = folder / "locked";
+  fs::create_directory(locked);
+  replaceFile(locked + "/there", bytesOf("old"));
+  fs::permissions(locked + "/there", fs::perms(0666));
+  fs::permissions(folder.path(), fs::perms::all);
+  fs::permissions(locked, fs::perms(0555));
+  const int wrong = calls::inChild([&] {
+    int count = geteuid() == 0 ? seteuid(65534) : 0;
+    for (const char* name : {"/there", "/new"}) {
+      const int number = trapFailure([&] { replaceFile(locked + name, bytesOf("new")); });
+      count += number != pathFileAccess;
+    }
+    return count;
+  });
+  fs::permissions(locked, fs::perms::all);  // so that the folder can go
+  EXPECT_EQ(wrong, 0);
+  EXPECT_EQ(contentOf(locked + "/there"), "old");
+  EXPECT_FALSE(fs::exists(locked + "/new"));
+}
+
 TEST(SavesUnderFire, ADiskThatFillsUpLeavesTheOldFileAndNoOther) {
   const ScratchFolder folder;
   replaceFile(folder / "a", bytesOf("old"));

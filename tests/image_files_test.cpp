@@ -96,6 +96,31 @@ TEST_F(ImageFiles, CancelsLeaveEverythingAsItWasAndTheDeclinedFileAlone) {
   }
 }
 
+TEST_F(ImageFiles, ALoadAsksInTheLanguageWhileAByteDiffersAndCancelledItKeepsTheEdits) {
+  loadImage(image);
+  const auto type = [](int column, const std::string& text) {
+    return [column, text] { form1().Grid1.setText(1, column, text); };
+  };
+  const std::tuple<const char*, std::function<void()>, int, std::string> table[] = {
+      {"nothing edited", [] {}, 1, ""},
+      {"a cell", type(1, "9"), 1, unsaved},
+      {"asked again", [] {}, 0, "データを保存しないで新しいデータを読み込みますか？"},
+      {"changed back", type(1, std::to_string(image[0x100])), 1, ""},
+      {"a byte that no map shows", [] { editorState.image[0x3FF] ^= 1; }, 1, unsaved},
+      {"saved", [this] { pick("update_bin_file"); }, 1, ""},
+      {"not to be stored", type(2, "256"), 1, "ERROR (Function:SET_MEMORY)"},
+      {"beside another", type(1, "9"), 1, "ERROR (Function:SET_MEMORY)|" + unsaved}};
+  for (const auto& [what, edit, english, question] : table) {
+    edit();
+    editorState.english = english;
+    desk.boxAnswers.assign(1, BoxAnswer::yes);
+    run("load_bin_file", "");
+    EXPECT_EQ(told(), question) << what;
+    desk.boxAnswers.clear();
+  }
+  EXPECT_EQ(form1().Grid1.text(1, 1), "9");
+}
+
 TEST_F(ImageFiles, SavingReplacesTheWholeFileAndTheImageTakesItsNameAndForm) {
   writeText("error.log", "");
   for (const Form& form : forms) {

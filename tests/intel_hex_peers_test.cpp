@@ -1,11 +1,10 @@
-// Intel HEX and pairs against the tools that tuners and EPROM programmers use: what is written here
+// Intel HEX against the tools that tuners and EPROM programmers use: what is written here
 // they read byte for byte, what they write is read here. A missing tool fails.
 #include <cstdlib>
 #include <map>
 
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
-#include "imagefiles/odd_even.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "support.h"
@@ -24,7 +23,6 @@ Bytes firmwareImage(std::size_t size) {
 
 class Peers : public ProgramTest {
  protected:
-  ~Peers() override { oddeven.unload(); }
   void run(const std::string& command) {
     ASSERT_EQ(std::system(("cd '" + folder + "' && " + command).c_str()), 0) << command;
   }
@@ -71,31 +69,6 @@ TEST_F(Peers, ReadWhatWeWriteAndWriteWhatIsReadHere) {
     } else {
       EXPECT_TRUE(readIntelHex(theirs, size) == Bytes(bytes.begin(), bytes.end() - passedOver));
     }
-  }
-}
-
-TEST_F(Peers, SplitAsWeSplitAndWhatTheySplitIsJoined) {
-  startWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("HIGH_FUEL", "&H100", 16, 16, 256));
-  const Bytes image = firmwareImage(131072);
-  loadImage(image);
-  const auto press = [&](Button& button, const std::string& ending) {
-    pick("odd_even_file");
-    oddeven.List1.userSelect(4);
-    desk.openAnswers = desk.saveAnswers = {path("0" + ending), path("1" + ending)};
-    button.userClick();
-  };
-  press(oddeven.Command2, ".ours");
-  run("set -e; for n in 0 1; do objcopy -I binary -O binary -i 2 -b $n image.bin $n.objcopy; "
-      "srec_cat image.bin -binary -split 2 $n -o $n.srec -binary; done");
-  for (const std::string tool : {".srec", ".objcopy"}) {
-    for (const std::string half : {"0", "1"}) {
-      Bytes ours = readBytes(half + ".ours");
-      ours.resize(image.size() / 2);
-      EXPECT_TRUE(ours == readBytes(half + tool)) << half << tool;
-    }
-    editorState.imageSize = 0;
-    press(oddeven.Command1, tool);
-    EXPECT_TRUE(editorState.image == image) << tool;
   }
 }
 

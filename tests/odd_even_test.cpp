@@ -136,6 +136,24 @@ TEST_F(OddEvenPairs, RefusalsDeclinesAndCancelsChangeNothingAndNoBoxStandsBehind
   EXPECT_FALSE(std::filesystem::exists(path("new")));
 }
 
+TEST_F(OddEvenPairs, EachSizeComesBackByteForByteInEachForm) {
+  startAnewWithMap("TYPE_UNIT\nANY\n");
+  const Bytes image = patternImage(2048 * 128 + 9);
+  std::size_t bytes = 64 * 128;
+  for (int size = 0; size < 6; ++size, bytes *= 2) {
+    for (const bool hex : {false, true}) {
+      SCOPED_TRACE((hex ? "hex " : "raw ") + std::to_string(bytes));
+      for (const char* half : {"odd", "even"}) std::filesystem::remove(path(half));
+      loadImage(image);
+      press(save, size, hex, "odd", "even");
+      loadImage({1});
+      press(load, size, hex, "odd", "even");
+      EXPECT_EQ(told(), "");
+      EXPECT_TRUE(editorState.image == Bytes(image.begin(), image.begin() + std::ptrdiff_t(bytes)));
+    }
+  }
+}
+
 TEST_F(OddEvenPairs, ASaveLeavesTheImageItsNameAndALoadTakesOneThatIsNotSimplyOverwritten) {
   const Bytes image = patternImage(16384);
   loadImage(image);
