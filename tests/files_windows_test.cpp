@@ -86,6 +86,19 @@ TEST(FilesOnWindows, AFileThatAnotherProgramLetsGoForAMomentIsSaved) {
   scanner.join();
 }
 
+TEST(FilesOnWindows, WhatIsRefusedForGoodIsToldAtOnce) {
+  const ScratchFolder folder;
+  const std::string file = folder / "read-only.bin";
+  ASSERT_EQ(saved(file, "old"), 0);
+  SetFileAttributesW(wide(file).c_str(), FILE_ATTRIBUTE_READONLY);
+  const auto start = std::chrono::steady_clock::now();
+  for (const std::string& path : {file, folder.path().string(), std::string("Q:\\no\\file")}) {
+    EXPECT_NE(saved(path, "new"), 0) << path;
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
+  SetFileAttributesW(wide(file).c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
 TEST(FilesOnWindows, APairWhoseLastFileIsHeldStandsAsItWas) {
   for (const bool old : {true, false}) {
     const ScratchFolder folder;
@@ -178,7 +191,7 @@ TEST(FilesOnWindows, DevicesAndFoldersAreNoFiles) {
   const ScratchFolder folder;
   for (const std::string& path :
        {std::string("NUL"), folder / "NUL", folder.path().string(), folder / "bad<name>",
-        folder / "bad|name", folder / "question?"}) {
+        folder / "bad|name", folder / "question?", std::string("COM1"), folder / "file:stream"}) {
     EXPECT_EQ(trapFailure([&] { readFile(path); }), pathFileAccess) << path;
     EXPECT_EQ(saved(path, "x"), pathFileAccess) << path;
     EXPECT_FALSE(fileExists(path)) << path;
@@ -196,6 +209,7 @@ TEST(FilesOnWindows, NamesThatDifferInCaseOrSeparatorsAloneAreOneFile) {
     EXPECT_TRUE(nameSameFile(folder / "odd.bin", folder / "ODD.BIN")) << "there: " << i;
     EXPECT_TRUE(nameSameFile(folder.path().string() + "/odd.bin", folder / "odd.bin"));
     EXPECT_TRUE(nameSameFile(folder / ".\\odd.bin", folder / "odd.bin"));
+    EXPECT_TRUE(nameSameFile(folder / "odd.bin. ", folder / "odd.bin"));
     EXPECT_FALSE(nameSameFile(folder / "odd.bin", folder / "even.bin"));
     ASSERT_EQ(saved(folder / "odd.bin", "x"), 0);
     ASSERT_EQ(saved(folder / "even.bin", "x"), 0);

@@ -21,7 +21,7 @@ std::filesystem::path systemPath(std::string_view path) {
   if (path.find('\0') != std::string_view::npos) {
     throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory));
   }
-  return unchecked(path);
+  return callablePath(unchecked(path));
 }
 
 int failureNumberAt(const std::string& path, std::error_code error) {

@@ -108,6 +108,8 @@ const char pathSeparator = '/';
 
 bool isSeparator(char c) { return c == '/'; }
 
+fs::path callablePath(const fs::path& path) { return path; }
+
 bool nameSameEntry(const fs::path& one, const fs::path& other) { return one == other; }
 
 std::size_t rootLength(std::string_view path) { return path.starts_with('/') ? 1 : 0; }

@@ -14,6 +14,10 @@
 extern const char pathSeparator;
 bool isSeparator(char c);
 
+// `path` in the form in which calls take it at any length. Throws for a name that leads to
+// something else than a file of that name: a device, a second stream of another file.
+std::filesystem::path callablePath(const std::filesystem::path& path);
+
 // Whether two canonical paths name one entry of a folder, be it there or not.
 bool nameSameEntry(const std::filesystem::path& one, const std::filesystem::path& other);
 

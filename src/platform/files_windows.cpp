@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -14,7 +15,10 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t smallestStep = 65536;      // bytes by which a growing file is followed
 constexpr std::size_t largestStep = 0x40000000;  // bytes in one call
-constexpr DWORD diskQuotaExceeded = 1295;        // unnamed in some headers
+constexpr std::size_t longestPlainPath = 120;    // leaves room for names beside a file within 260
+constexpr const wchar_t* deviceRoot = L"\\\\.\\";
+const std::wstring verbatim = L"\\\\?\\";  // what follows is taken as it stands, at any length
+constexpr DWORD diskQuotaExceeded = 1295;  // unnamed in some headers
 constexpr DWORD keptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                                  FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -121,6 +125,15 @@ void takeAttributesAndAccess(const fs::path& path, const fs::path& from) {
   }
 }
 
+// With the current folder before it, separators alike, and without the dots and blanks that the
+// system drops at its end.
+std::wstring fullPath(const fs::path& path) {
+  const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+  std::wstring full(size, L'\0');
+  full.resize(GetFullPathNameW(path.c_str(), size, full.data(), nullptr));
+  return full;
+}
+
 bool isDriveLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 }  // namespace
@@ -129,8 +142,19 @@ const char pathSeparator = '\\';
 
 bool isSeparator(char c) { return c == '\\' || c == '/'; }
 
+fs::path callablePath(const fs::path& path) {
+  if (path.empty() || path.native().starts_with(verbatim)) return path;
+  constexpr std::size_t behindDrive = 2;
+  if (path.native().find(L':', behindDrive) != std::wstring::npos) fail(ERROR_INVALID_NAME);
+  const std::wstring full = fullPath(path);
+  if (full.starts_with(deviceRoot)) fail(ERROR_ACCESS_DENIED);
+  if (full.size() < longestPlainPath) return path;
+  return full.starts_with(L"\\\\") ? verbatim + (L"UNC" + full.substr(1)) : verbatim + full;
+}
+
 bool nameSameEntry(const fs::path& one, const fs::path& other) {
-  return CompareStringOrdinal(one.c_str(), -1, other.c_str(), -1, TRUE) == CSTR_EQUAL;
+  const std::wstring a = fullPath(one), b = fullPath(other);
+  return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
 std::size_t rootLength(std::string_view path) {

@@ -1,7 +1,7 @@
 """Loading, editing, saving, saving under a name with characters of three scripts, and the exit guard,
 all in Japanese folders, under wine on the display in force.
 
-Usage: japanese_folders.py PORTABLE_FOLDER PICTURES_FOLDER SCRATCH_FOLDER   (WINEPREFIX in force)
+Usage: japanese_folders.py PORTABLE_FOLDER DOOR_FOLDER PICTURES_FOLDER SCRATCH_FOLDER
 """
 
 import os
@@ -10,18 +10,21 @@ import subprocess
 import sys
 import time
 
-from tour_under_wine import pass_splash, start
-from screen import Screen, run
+from tour_under_wine import open_program, windows_path
+from door import middle
+from screen import Screen
+from tour import MAP
 
-FIRST_CELL = (303 - 52, 160)
 FIRST_BYTE = 0x1000  # of the demo car's first map
 NEW_VALUE = 77
 LOADED = "日本車 ソ表.bin"
+SAVE_AS = ("file_load", "any_anme_save", "write_bin_file")  # rows of the menu
 SAVED = "保存 ελλ🚗é.bin"
 
 
 class Walk:
-    def __init__(self, portable, pictures, scratch):
+    def __init__(self, portable, door_folder, pictures, scratch):
+        self.door_folder = door_folder
         self.data = os.path.join(scratch, "試験 フォルダ", "データ 表示")
         self.folder = os.path.join(scratch, "試験 フォルダ", "車 zelkova")
         self.screen = Screen(pictures, "folders")
@@ -38,15 +41,11 @@ class Walk:
         path = os.path.join(self.folder, "zelkova.ini")
         with open(path, "rb") as file:
             lines = file.read().split(b"\r\n")
-        lines[1] = (self.windows(self.data) + "\\地図 ソ.adr").encode("cp932")
-        lines[6] = self.windows(self.data).encode("cp932")
+        lines[1] = (windows_path(self.data) + "\\地図 ソ.adr").encode("cp932")
+        lines[6] = windows_path(self.data).encode("cp932")
         lines[16] = b" 0 "
         with open(path, "wb") as file:
             file.write(b"\r\n".join(lines))
-
-    @staticmethod
-    def windows(path):
-        return "Z:" + path.replace("/", "\\")
 
     def paste(self, text):
         """Keys can't type these characters."""
@@ -67,8 +66,8 @@ class Walk:
         self.screen.keys("Return")
         self.screen.wait_until_gone(title)
 
-    def refuse_to_quit(self, *keys):
-        run("xdotool", "key", *keys)
+    def refuse_to_quit(self, key):
+        self.screen.uncounted_keys(key)
         self.screen.wait_for("保存確認")
         self.screen.keys("Escape")
         self.screen.wait_until_gone("保存確認")
@@ -80,12 +79,15 @@ class Walk:
 
     def run(self):
         screen = self.screen
-        self.process = start(self.folder)
-        pass_splash(screen)
+        door = screen.door = open_program(self.folder, self.door_folder)
+        self.process = door.process
+        door.wait("the splash window", lambda seen: seen["window"] == "frmSplash")
+        screen.click_on("QWidget", object="frmSplash")
+        screen.wait_for("^ZELKOVA$")
         screen.keys("ctrl+o")
         self.answer("BIN Image 読み込み", LOADED)
         screen.wait_for(LOADED + " - ZELKOVA")
-        screen.click(*FIRST_CELL, times=2)
+        screen.click(middle(door.cell(door.find("grid", **MAP), 1, 1)), times=2)
         screen.wait_for("データ変更")
         screen.keys("ctrl+a")
         screen.type(str(NEW_VALUE))
@@ -99,13 +101,13 @@ class Walk:
         screen.keys("ctrl+s")
         screen.settle(1.0)
         self.expect(LOADED, bytes(wanted))
-        screen.click(20, 9)
-        screen.keys("Down", "Down", "Down", "Right", "Return")
-        self.answer("BIN Image 書き込み", self.windows(os.path.join(self.data, SAVED)))
+        for row in SAVE_AS:
+            screen.click_on("row", object=row)
+        self.answer("BIN Image 書き込み", windows_path(os.path.join(self.data, SAVED)))
         screen.settle(1.0)
         screen.shot("saved")
         self.expect(SAVED, bytes(wanted))
-        screen.keys("ctrl+q")
+        screen.uncounted_keys("ctrl+q")
         if self.process.wait(20) != 0:
             raise SystemExit("the program ended with an error")
         print("Japanese folders: all saved files equal")
@@ -118,7 +120,7 @@ class Walk:
             clip.kill()
 
 
-walk = Walk(*sys.argv[1:4])
+walk = Walk(*sys.argv[1:])
 try:
     walk.run()
 finally:

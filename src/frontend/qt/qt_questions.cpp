@@ -118,6 +118,9 @@ void nameParts(QFileDialog& box, QFileDialog::AcceptMode mode) {
   box.setLabelText(QFileDialog::Reject, text("キャンセル", "Cancel"));
 }
 
+// The program's own dialogs are the ones that were seen, in both languages.
+bool systemDialogsWanted() { return qEnvironmentVariableIsSet("ZELKOVA_SYSTEM_DIALOGS"); }
+
 // Wide enough for names, sizes and dates.
 void sizeParts(QFileDialog& box) {
   constexpr int nameWidth = 250, sizeWidth = 90, typeWidth = 90, dateWidth = 150;
@@ -147,7 +150,7 @@ void propose(QFileDialog& box, const FileDialog& dialog) {
 std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::AcceptMode mode) {
   const bool opening = mode == QFileDialog::AcceptOpen;
   QFileDialog box(askingWindow(), shown(dialog.title));
-  box.setOption(QFileDialog::DontUseNativeDialog);
+  box.setOption(QFileDialog::DontUseNativeDialog, !systemDialogsWanted());
   box.setOption(QFileDialog::DontConfirmOverwrite);
   box.setAcceptMode(mode);
   box.setFileMode(opening ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -230,7 +233,7 @@ std::optional<ChosenFile> QtDesktop::doChooseFileToSave(const FileDialog& dialog
 
 std::string QtDesktop::doChooseFolder(const std::string& title) {
   QFileDialog box(askingWindow(), shown(title));
-  box.setOption(QFileDialog::DontUseNativeDialog);
+  box.setOption(QFileDialog::DontUseNativeDialog, !systemDialogsWanted());
   box.setOption(QFileDialog::ShowDirsOnly);
   box.setFileMode(QFileDialog::Directory);
   nameParts(box, QFileDialog::AcceptOpen);
