@@ -5,7 +5,6 @@
 #include <random>
 #include <system_error>
 
-#include "platform/file_names.h"
 #include "platform/numbers.h"
 
 namespace {
@@ -64,7 +63,8 @@ std::string freshNumber() {
 
 fs::path besidePath(const fs::path& target, const std::string& number, Beside kind) {
   const std::string_view suffix = suffixes[static_cast<std::size_t>(kind)];
-  return target.parent_path() / systemPath(prefixOf(target) + number + std::string(suffix));
+  const std::string name = prefixOf(target) + number + std::string(suffix);
+  return target.parent_path() / fs::path(std::u8string(name.begin(), name.end()));
 }
 
 std::vector<FoundBeside> findBeside(const fs::path& target) {
