@@ -4,7 +4,6 @@
 #include <cstdint>
 
 #include "controls/handler.h"
-#include "platform/failure.h"
 
 Grid::Grid(Window& owner, int rows, int columns, int fixedRows, int fixedColumns, Look look)
     : Control(owner),
@@ -35,33 +34,6 @@ void Grid::resize(int rows, int columns) {
   changed(Change::shape);
 }
 
-void Grid::checkRow(int row) const {
-  if (row < 0 || row >= rows_) throw Failure(badSubscript);
-}
-
-void Grid::checkColumn(int column) const {
-  if (column < 0 || column >= columns_) throw Failure(badSubscript);
-}
-
-const Grid::Cell& Grid::cell(int row, int column) const {
-  checkRow(row);
-  checkColumn(column);
-  return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
-                static_cast<std::size_t>(column)];
-}
-
-Grid::Cell& Grid::cell(int row, int column) {
-  return const_cast<Cell&>(static_cast<const Grid*>(this)->cell(row, column));
-}
-
-void Grid::cellChanged(int row, int column) {
-  if (!redraw_) {
-    dirty_ = true;
-  } else {
-    tell({Change::cell, row, column});
-  }
-}
-
 void Grid::changed(Change::Kind kind) {
   // A shape or a selection is told at once, so that a view never reads outside the cells.
   if (kind == Change::cells && !redraw_) {
@@ -71,21 +43,8 @@ void Grid::changed(Change::Kind kind) {
   }
 }
 
-void Grid::setText(int row, int column, std::string_view text) {
-  cell(row, column).text = text;
-  cellChanged(row, column);
-}
-
 void Grid::setBackground(int row, int column, Colour colour) {
   Cell& target = cell(row, column);
-  target.background = colour;
-  target.painted = true;
-  cellChanged(row, column);
-}
-
-void Grid::setCell(int row, int column, std::string_view text, Colour colour) {
-  Cell& target = cell(row, column);
-  target.text = text;
   target.background = colour;
   target.painted = true;
   cellChanged(row, column);

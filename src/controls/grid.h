@@ -11,6 +11,7 @@
 
 #include "controls/colour.h"
 #include "controls/control.h"
+#include "platform/failure.h"
 
 // Four corners as the user made them: `row`, `column` is the current cell, the other pair the
 // opposite corner, which may be smaller or greater.
@@ -62,9 +63,18 @@ class Grid : public Control {
   Colour background(int row, int column) const { return cell(row, column).background; }
   // False for a cell that was never painted.
   bool painted(int row, int column) const { return cell(row, column).painted; }
-  void setText(int row, int column, std::string_view text);
+  void setText(int row, int column, std::string_view text) {
+    cell(row, column).text = text;
+    cellChanged(row, column);
+  }
   void setBackground(int row, int column, Colour colour);
-  void setCell(int row, int column, std::string_view text, Colour colour);
+  void setCell(int row, int column, std::string_view text, const Colour& colour) {
+    Cell& target = cell(row, column);
+    target.text = text;
+    target.background = colour;
+    target.painted = true;
+    cellChanged(row, column);
+  }
   // Takes all texts and colours away; the size stays.
   void clear();
 
@@ -109,11 +119,28 @@ class Grid : public Control {
     Colour background;
     bool painted = false;
   };
-  void checkRow(int row) const;
-  void checkColumn(int column) const;
-  const Cell& cell(int row, int column) const;
-  Cell& cell(int row, int column);
-  void cellChanged(int row, int column);
+  void checkRow(int row) const {
+    if (row < 0 || row >= rows_) throw Failure(badSubscript);
+  }
+  void checkColumn(int column) const {
+    if (column < 0 || column >= columns_) throw Failure(badSubscript);
+  }
+  const Cell& cell(int row, int column) const {
+    checkRow(row);
+    checkColumn(column);
+    return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+                  static_cast<std::size_t>(column)];
+  }
+  Cell& cell(int row, int column) {
+    return const_cast<Cell&>(static_cast<const Grid*>(this)->cell(row, column));
+  }
+  void cellChanged(int row, int column) {
+    if (!redraw_) {
+      dirty_ = true;
+    } else {
+      tell({Change::cell, row, column});
+    }
+  }
   void selectionChanged(const GridSelection& selection);
   void changed(Change::Kind kind);
 

@@ -1,7 +1,7 @@
 #include "core/map_cells.h"
 
 #include <algorithm>
-#include <charconv>
+#include <array>
 #include <cstddef>
 
 #include "core/airflow_view.h"
@@ -11,20 +11,29 @@
 
 namespace {
 
-class NumberText {
- public:
-  explicit NumberText(std::int64_t number)
-      : end_(std::to_chars(digits_, digits_ + sizeof digits_, number).ptr) {}
-  std::string_view view() const { return {digits_, static_cast<std::size_t>(end_ - digits_)}; }
-
- private:
-  char digits_[24];
-  char* end_;
+// Nearly all cells hold a number of up to three digits: those texts are there once and for all.
+struct ShortText {
+  std::array<char, 3> digits;
+  std::uint8_t length;
 };
+
+constexpr std::int32_t shortTextCount = 1000;
+
+constexpr std::array<ShortText, shortTextCount> shortTexts = [] {
+  std::array<ShortText, shortTextCount> texts{};
+  for (int number = 0; number < shortTextCount; ++number) {
+    ShortText& text = texts[static_cast<std::size_t>(number)];
+    for (int part = 100; part > 0; part /= 10) {
+      if (number < part && part > 1) continue;
+      text.digits[text.length++] = static_cast<char>('0' + number / part % 10);
+    }
+  }
+  return texts;
+}();
 
 }  // namespace
 
-Colour colourOf(const MapKind& kind, std::int64_t number) {
+const Colour& colourOf(const MapKind& kind, std::int32_t number) {
   return kind.rules().colour == ColourRule::wordShade ? airflowCellColour(number)
                                                       : cellColour(number);
 }
@@ -43,12 +52,17 @@ std::int32_t MapCells::number(int row, int column) const {
   return cellNumber(grid_.text(row, column));
 }
 
-void MapCells::set(int row, int column, std::int64_t number) {
+void MapCells::set(int row, int column, std::int32_t number) {
   set(row, column, number, colourOf(kind_, number));
 }
 
-void MapCells::set(int row, int column, std::int64_t number, Colour colour) {
-  put(row, column, NumberText(number).view(), painted_ ? &colour : nullptr);
+void MapCells::set(int row, int column, std::int32_t number, const Colour& colour) {
+  const Colour* const background = painted_ ? &colour : nullptr;
+  if (number < 0 || number >= shortTextCount) {
+    return put(row, column, decimalText(number), background);
+  }
+  const ShortText& text = shortTexts[static_cast<std::size_t>(number)];
+  put(row, column, {text.digits.data(), text.length}, background);
 }
 
 void MapCells::setText(int row, int column, std::string_view text) {

@@ -11,7 +11,7 @@
 #include "core/map_kinds.h"
 
 // The background of a cell that shows `number`, by the rule of its map.
-Colour colourOf(const MapKind& kind, std::int64_t number);
+const Colour& colourOf(const MapKind& kind, std::int32_t number);
 
 // `number` as far as the map's cells hold it: 0 to their limit, its fraction cut off.
 std::int32_t limitedTo(const MapKind& kind, double number);
@@ -26,9 +26,9 @@ class MapCells {
   // The number that stands in a cell, read leniently.
   std::int32_t number(int row, int column) const;
   // The number's text, and its colour by the rule of the map.
-  void set(int row, int column, std::int64_t number);
+  void set(int row, int column, std::int32_t number);
   // The same in another colour, for what paints by a rule of its own. A scale stays unpainted.
-  void set(int row, int column, std::int64_t number, Colour colour);
+  void set(int row, int column, std::int32_t number, const Colour& colour);
   // A text that is no whole number, unpainted.
   void setText(int row, int column, std::string_view text);
   // Takes all texts and colours of the map's grid away, headers included.

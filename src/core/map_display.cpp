@@ -23,12 +23,19 @@ std::string addressHeader(std::int64_t address) {
   return padHex(hexText(static_cast<std::uint32_t>(address)), 2);
 }
 
-std::int64_t shownValue(const MapKind& kind, int byte) {
-  if (!kind.scaled()) return byte;
-  const std::int64_t shown = std::int64_t{byte} * entryOf(kind).scale;
-  if (shown != static_cast<std::int32_t>(shown)) throw Failure(overflow);
-  return shown;
-}
+// What stands for a byte of the map: the byte, or its product with the file's scale.
+class ShownValue {
+ public:
+  explicit ShownValue(const MapKind& kind) : scale_(kind.scaled() ? entryOf(kind).scale : 1) {}
+  std::int32_t operator()(int byte) const {
+    const std::int64_t shown = byte * scale_;
+    if (shown != static_cast<std::int32_t>(shown)) throw Failure(overflow);
+    return static_cast<std::int32_t>(shown);
+  }
+
+ private:
+  std::int64_t scale_;
+};
 
 void drawColumnHeaders(Grid& grid, int columns) {
   for (int c = 0; c < columns; ++c) {
@@ -39,22 +46,25 @@ void drawColumnHeaders(Grid& grid, int columns) {
 void drawBytes(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
   MapCells cells(extent.kind);
   if (!extent.kind.isScale()) drawColumnHeaders(grid, extent.columns);
+  const ShownValue shown(extent.kind);
+  const bool counts = extent.kind.countsProgress();
   std::int64_t next = extent.address;
   for (int r = 1; r <= extent.rows; ++r) {
     grid.setText(r, 0, addressHeader(next));
     for (int c = 1; c <= extent.columns; ++c) {
       const int byte = imageByte(next++);
-      cells.set(r, c, shownValue(extent.kind, byte), cellColour(byte));
+      cells.set(r, c, shown(byte), cellColour(byte));
       ++drawn;
-      if (extent.kind.countsProgress()) countProgress();
+      if (counts) countProgress();
     }
   }
 }
 
 void drawRpmScale(const MapExtent& extent, std::int32_t& drawn) {
   MapCells cells(extent.kind);
+  const ShownValue shown(extent.kind);
   for (int i = 0; i < extent.columns; ++i) {
-    cells.set(i, 0, shownValue(extent.kind, imageByte(extent.address + i)));
+    cells.set(i, 0, shown(imageByte(extent.address + i)));
     ++drawn;
     countProgress();
   }

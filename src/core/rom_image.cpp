@@ -31,26 +31,37 @@ std::int32_t unscaled(double number, double scale) {
   return roundToLong(std::floor(number / scale));
 }
 
-std::uint8_t storedByte(const MapKind& kind, std::string_view text) {
+// The byte that a cell's text stands for, which is the byte times `scale` in a scaled map.
+std::uint8_t storedByte(std::string_view text, bool scaled, std::int32_t scale) {
+  if (const auto whole = bareNumber(text); whole && (!scaled || scale > 0)) {
+    return asByte(scaled ? *whole / scale : *whole);
+  }
   const double number = parseNumber(text);
-  if (!kind.scaled()) return asByte(roundToLong(number));
-  return asByte(unscaled(number, entryOf(kind).scale));
+  return asByte(scaled ? unscaled(number, scale) : roundToLong(number));
 }
 
 // Walks the cells of a grid in storing order and refuses those that no draw has filled.
 class StoringWalk {
  public:
   explicit StoringWalk(const MapKind& kind)
-      : grid_(gridOf(kind)), drawn_(editorState.cellsDrawn[static_cast<std::size_t>(kind.id)]) {}
-  const std::string& next(int row, int column) {
+      : grid_(gridOf(kind)),
+        drawn_(editorState.cellsDrawn[static_cast<std::size_t>(kind.id)]),
+        scaled_(kind.scaled()),
+        scale_(entryOf(kind).scale) {}
+  const std::string& nextText(int row, int column) {
     if (stored_++ >= drawn_) throw Failure(badSubscript);
     return grid_.text(row, column);
+  }
+  std::uint8_t nextByte(int row, int column) {
+    return storedByte(nextText(row, column), scaled_, scale_);
   }
 
  private:
   const Grid& grid_;
   std::int32_t drawn_;
   std::int32_t stored_ = 0;
+  bool scaled_;
+  std::int32_t scale_;
 };
 
 // Rows without cells are none, so that a file can't ask for billions of empty ones.
@@ -58,11 +69,12 @@ int rowsWith(int cells, const MapExtent& extent) { return cells > 0 ? extent.row
 
 void storeBytes(const MapExtent& extent) {
   StoringWalk walk(extent.kind);
+  const bool counts = extent.kind.countsProgress();
   std::int64_t place = extent.address;
   for (int r = 1; r <= rowsWith(extent.columns, extent); ++r) {
     for (int c = 1; c <= extent.columns; ++c) {
-      setImageByte(place++, storedByte(extent.kind, walk.next(r, c)));
-      if (extent.kind.countsProgress()) countProgress();
+      setImageByte(place++, walk.nextByte(r, c));
+      if (counts) countProgress();
     }
   }
 }
@@ -70,7 +82,7 @@ void storeBytes(const MapExtent& extent) {
 void storeRpmScale(const MapExtent& extent) {
   StoringWalk walk(extent.kind);
   for (int i = 0; i < extent.columns; ++i) {
-    setImageByte(extent.address + i, storedByte(extent.kind, walk.next(i, 0)));
+    setImageByte(extent.address + i, walk.nextByte(i, 0));
     countProgress();
   }
 }
@@ -87,7 +99,7 @@ void storeAirflow(const MapExtent& extent) {
   std::int64_t place = extent.address;
   for (int r = 1; r <= rowsWith(words, extent); ++r) {
     for (int word = 1; word <= words; ++word) {
-      const std::int32_t value = roundToLong(parseNumber(walk.next(r, word)));
+      const std::int32_t value = roundToLong(parseNumber(walk.nextText(r, word)));
       const std::string digits = padHex(hexText(static_cast<std::uint32_t>(value)), 2);
       setImageByte(place++, digitPair(digits, 0));
       setImageByte(place++, digitPair(digits, 1));

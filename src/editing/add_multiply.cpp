@@ -35,21 +35,22 @@ const BulkChange multiplication{
     "",
     multiplyData};
 
-using NewValue = double (*)(double by, std::int32_t number);
-
-void changeCells(const MapKind& kind, std::int32_t threshold, double by, NewValue newValue) {
+// `newValue` makes a cell's new number from its old one.
+template <class NewValue>
+void changeCells(const MapKind& kind, std::int32_t threshold, NewValue newValue) {
   MapCells cells(kind);
   walkSelection(gridOf(kind), [&](int row, int column) {
     const std::int32_t number = cells.number(row, column);
-    if (number < threshold) cells.set(row, column, limitedTo(kind, newValue(by, number)));
+    if (number < threshold) cells.set(row, column, limitedTo(kind, newValue(number)));
   });
   showAfterEffect(kind);
 }
 
-void changeOnTab(std::int32_t tab, std::int32_t threshold, float by, NewValue newValue,
+template <class NewValue>
+void changeOnTab(std::int32_t tab, std::int32_t threshold, NewValue newValue,
                  const Wording& refusalOnGlobal) {
   if (const MapKind* const kind = mapKindOfTab(tab)) {
-    changeCells(*kind, threshold, by, newValue);
+    changeCells(*kind, threshold, newValue);
   } else if (tab == globalTab) {
     showRefusal(refusalOnGlobal);
   } else {
@@ -100,15 +101,15 @@ void BulkChangeDialog::accept() {
 }
 
 void DEC_DATA(std::int32_t tab, std::int32_t threshold, float amount) {
-  changeOnTab(tab, threshold, amount,
-              [](double by, std::int32_t number) { return std::floor(by) + number; },
+  changeOnTab(tab, threshold,
+              [by = std::floor(double{amount})](std::int32_t number) { return by + number; },
               {"この画面(GLOBAL)で、この機能(増減)は使用できません。",
                "With this screen(GLOBAL), this function(addition and reduction) can be useful."});
 }
 
 void multiplyData(std::int32_t tab, std::int32_t threshold, float factor) {
-  changeOnTab(tab, threshold, factor,
-              [](double by, std::int32_t number) { return std::floor(by * number) + 1; },
+  changeOnTab(tab, threshold,
+              [by = double{factor}](std::int32_t number) { return std::floor(by * number) + 1; },
               {"この画面(GLOBAL)で、この機能(乗算)は使用できません。",
                "With this screen(GLOBAL), this function(multiplication) can be useful."});
 }

@@ -37,14 +37,14 @@ double limited(double answer, const CellRules& rules) {
 }
 
 // An answer paints by what was typed, not by what it is rounded to.
-Colour enteredColour(const MapKind& kind, double value) {
+const Colour& enteredColour(const MapKind& kind, double value) {
   const bool word = kind.rules().colour == ColourRule::wordShade;
   return shadeColour(word ? static_cast<std::int64_t>(std::floor(value / 256))
                           : std::llrint(value * editorState.gridColorRate));
 }
 
 // A stepped word paints by the nearest shade.
-Colour steppedColour(const MapKind& kind, std::int32_t value) {
+const Colour& steppedColour(const MapKind& kind, std::int32_t value) {
   const bool word = kind.rules().colour == ColourRule::wordShade;
   return word ? shadeColour(roundToLong(value / 256.0)) : cellColour(value);
 }

@@ -167,20 +167,17 @@ float realClamped(double value) {
 }
 
 double parseNumber(std::string_view text) {
-  // Cells are nearly always a few bare digits, and thousands of them are read at a time.
-  if (!text.empty() && text.size() <= 9) {
-    std::int32_t value = 0;
-    std::size_t at = 0;
-    for (; at < text.size() && isDigit(text[at]); ++at) value = value * 10 + (text[at] - '0');
-    if (at == text.size()) return value;
-  }
+  if (const auto bare = bareNumber(text)) return *bare;
   const std::string_view decimal = decimalPrefix(withoutLeadingBlanks(text));
   if (decimal.empty()) return 0;
   constexpr double largest = std::numeric_limits<double>::max();
   return std::clamp(realOf<double>(decimal), -largest, largest);
 }
 
-std::int32_t cellNumber(std::string_view text) { return roundClamped(parseNumber(text)); }
+std::int32_t cellNumber(std::string_view text) {
+  const auto bare = bareNumber(text);
+  return bare ? *bare : roundClamped(parseNumber(text));
+}
 
 std::int32_t parseLong(std::string_view text) {
   text = withoutBlanks(text);

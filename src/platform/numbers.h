@@ -22,6 +22,17 @@ float realClamped(double value);
 // sign.
 double parseNumber(std::string_view text);
 
+// The value of a text of one to nine bare digits, as nearly all cells hold; nothing for any other.
+inline std::optional<std::int32_t> bareNumber(std::string_view text) {
+  if (text.empty() || text.size() > 9) return std::nullopt;
+  std::int32_t value = 0;
+  for (const char c : text) {
+    if (c < '0' || c > '9') return std::nullopt;
+    value = value * 10 + (c - '0');
+  }
+  return value;
+}
+
 // The lenient reader of whole numbers in cells and boxes: parseNumber, roundClamped.
 std::int32_t cellNumber(std::string_view text);
 
