@@ -54,8 +54,11 @@ void SideTabs::paintTab(QPainter& painter, int index) const {
     painter.drawRoundedRect(area, rounding, rounding);
   }
   const QRect text = area.adjusted(textMargin, 0, 0, 0);
-  style()->drawItemText(&painter, text, Qt::AlignVCenter | Qt::TextShowMnemonic, palette(),
-                        isEnabled() && !absent_(index), tabText(index), QPalette::WindowText);
+  const bool present = isEnabled() && !absent_(index);
+  QPalette inks = palette();
+  inks.setCurrentColorGroup(present ? QPalette::Active : QPalette::Disabled);
+  style()->drawItemText(&painter, text, Qt::AlignVCenter | Qt::TextShowMnemonic, inks, present,
+                        tabText(index), QPalette::WindowText);
   if (chosen && hasFocus()) {
     painter.setPen(QPen(palette().highlight(), 1));
     painter.setBrush(Qt::NoBrush);
