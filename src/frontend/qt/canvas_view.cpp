@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QVarLengthArray>
+#include <cmath>
 #include <vector>
 
 #include "frontend/qt/bind_controls.h"
@@ -61,14 +61,26 @@ void paintRectangle(QPainter& painter, const CanvasItem& item) {
   painter.drawRect(area.adjusted(0, 0, -1, -1));
 }
 
+// Where a pixel of the canvas is no whole number of the screen's, a line of that width would change
+// its own width from step to step; it is smoothed, through the middle of its pixels.
+void paintLines(QPainter& painter, const std::vector<QLine>& lines, Colour colour) {
+  const double ratio = painter.device()->devicePixelRatio();
+  painter.save();
+  if (ratio != std::floor(ratio)) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(0.5, 0.5);
+  }
+  painter.setPen(QPen(shown(colour), 1));
+  painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+  painter.restore();
+}
+
 // Lines that follow one another in one colour are drawn in one call.
 void paintItems(QPainter& painter, const std::vector<CanvasItem>& items) {
   std::vector<QLine> lines;
   Colour colour;
   const auto drawLines = [&] {
-    if (lines.empty()) return;
-    painter.setPen(QPen(shown(colour), 1));
-    painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+    if (!lines.empty()) paintLines(painter, lines, colour);
     lines.clear();
   };
   for (const CanvasItem& item : items) {
@@ -171,7 +183,12 @@ CanvasFrame::CanvasFrame(CanvasView* canvas) {
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(width);
   setFocusPolicy(Qt::NoFocus);
-  setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+  setAlignment(Qt::AlignCenter);
+  // A frame that is wider than the canvas looks like more of it.
+  QPalette palette = viewport()->palette();
+  palette.setColor(QPalette::Window, Qt::black);
+  viewport()->setPalette(palette);
   setWidget(canvas);
   tapEvents(canvas, [this](QEvent* event) {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();

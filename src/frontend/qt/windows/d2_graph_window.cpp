@@ -26,7 +26,7 @@ QWidget* makeD2GraphWindow() {
   axis->setFixedSize(axisText.size());
   axis->setAlignment(Qt::AlignCenter);
   auto* const rows = new QVBoxLayout(window);
-  rows->addWidget(new CanvasFrame(canvas), 1, Qt::AlignHCenter);
+  rows->addWidget(new CanvasFrame(canvas), 1);
   rows->addLayout(buttonRow({&form.Command1, &form.Command2}));
   bindWindow(window, form);
   return window;

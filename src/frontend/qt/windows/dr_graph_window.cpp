@@ -161,7 +161,7 @@ QWidget* makeDrGraphWindow() {
   QDialog* const window = newDialog();
   auto* const rows = new QVBoxLayout(window);
   rows->setContentsMargins(10, 10, 10, 10);
-  rows->addWidget(new CanvasFrame(makeCanvas(form)), 1, Qt::AlignHCenter);
+  rows->addWidget(new CanvasFrame(makeCanvas(form)), 1);
   rows->addWidget(makeParameters(form));
   rows->addLayout(makeButtons(form));
   bind(new QTimer(window), form.Timer1);
