@@ -79,7 +79,7 @@ TEST(LookTest, ACanvasShowsThatItHasTheFocusAndScrollsInAWindowThatIsTooSmall) {
   window.show();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   const auto edge = [frame] { return frame->grab().toImage().pixelColor(0, 40); };
-  EXPECT_EQ(frame->viewport()->size(), view->size());
+  EXPECT_TRUE(frame->viewport()->rect().contains(view->geometry()));
   view->setFocus();
   EXPECT_EQ(edge(), accentColour);
   other->setFocus();

@@ -121,6 +121,7 @@ TEST_F(MainWindowTest,
 }
 
 TEST_F(MainWindowTest, TheTabOfAnAbsentMapIsFaint) {
+  window->resize(1060, 680);
   auto* const tabs = window->findChild<QTabBar*>();
   const auto shownTab = [tabs](int tab) { return tabs->grab(tabs->tabRect(tab - 1)).toImage(); };
   for (const auto& [tab, map] : {std::pair(3, &form1().Grid3), std::pair(13, &form1().AddGrid14)}) {
