@@ -51,29 +51,6 @@ TEST_F(CopyPaste, TakesWhateverTheClipboardHolds) {
   }
 }
 
-// The rule on matrices: a target cell takes the block's cell at its own place where both exist.
-TEST_F(CopyPaste, PropertyAnyBlockOverAnySelectionOnAnyTab) {
-  const RomImage image = editorState.image;
-  for (int trial = 0; trial < 400; ++trial) {
-    Scrambled source = scrambleAnyTab();
-    pick("CPY");
-    ASSERT_EQ(source.grid.selection(), ordered(source.block));
-    Scrambled target = scrambleAnyTab();
-    pick("PST");
-    for (int r = 0; r < std::min(source.block.rows(), target.block.rows()); ++r) {
-      for (int c = 0; c < std::min(source.block.columns(), target.block.columns()); ++c) {
-        const int value = cellOf(source.cells, source.block.top + r, source.block.left + c);
-        const int row = target.block.top + r, column = target.block.left + c;
-        cellOf(target.cells, row, column) = value;
-        ASSERT_EQ(target.grid.background(row, column), cellColour(value));
-      }
-    }
-    ASSERT_EQ(numbers(target.grid), target.cells) << "trial " << trial << " tab " << target.tab;
-    ASSERT_EQ(target.grid.selection(), ordered(target.block));
-  }
-  EXPECT_EQ(editorState.image, image);
-}
-
 TEST_F(CopyPaste, ABlockBeyondTheBufferIsCutAndTheSelectionShowsIt) {
   startAnewWithMap("TYPE_UNIT\nCAR\n" + mapBlock("HIGH_FUEL", "0", 520, 45, 23400, "1"));
   loadImage(patternImage(30000));

@@ -17,10 +17,6 @@ inline int& cellOf(Matrix& cells, int row, int column) {
   return cells.at(static_cast<std::size_t>(row - 1)).at(static_cast<std::size_t>(column - 1));
 }
 
-inline GridSelection ordered(const GridBlock& block) {
-  return {block.top, block.left, block.bottom, block.right};
-}
-
 class LoadedCarTest : public ProgramTest {
  protected:
   static constexpr int columns = 8;
@@ -95,27 +91,16 @@ class LoadedCarTest : public ProgramTest {
     fill(grid, cells);
     return cells;
   }
-  // A drag between two random cells, in any of the four directions.
-  GridBlock dragAtRandom(Grid& grid) {
-    drag(grid, random(1, grid.rows() - 1), random(1, grid.columns() - 1),
-         random(1, grid.rows() - 1), random(1, grid.columns() - 1));
-    return grid.block();
-  }
-  // A random tab's map, brought to the front with random numbers and a random selection.
-  struct Scrambled {
-    int tab;
-    Grid& grid;
-    Matrix cells;
-    GridBlock block;
-    GridSelection selection;
-  };
-  Scrambled scrambleAnyTab() {
-    const int tab = random(1, globalTab - 1);
-    selectTab(tab);
-    Grid& grid = tabGrid(tab);
-    Matrix cells = scramble(grid, tab == airflowTab ? 65535 : tab == doubledTab ? 510 : 255);
-    const GridBlock block = dragAtRandom(grid);
-    return {tab, grid, cells, block, grid.selection()};
+  // "1 2|3" as the cells of a whole map, zeros behind.
+  static Matrix matrix(const std::string& text) {
+    Matrix cells(rows, std::vector<int>(columns));
+    std::istringstream lines(text);
+    std::string line;
+    for (int r = 0; std::getline(lines, line, '|'); ++r) {
+      std::istringstream numbers(line);
+      for (int c = 0, cell = 0; numbers >> cell; ++c) cellOf(cells, r + 1, c + 1) = cell;
+    }
+    return cells;
   }
 
   std::mt19937 engine{20};
