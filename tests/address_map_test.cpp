@@ -56,7 +56,8 @@ TEST_F(AddressMapFile, EachMapKeywordReachesItsGridAlone) {
     useMap(mapBlock(keyword, "&H1A0", 5, 3, 20, "1", "\"名前, it\""));
     const Grid& grid = form1().*member;
     EXPECT_TRUE(told().empty() && grid.enabled() && enabled() == 1) << keyword;
-    EXPECT_EQ(grid.rows() * 100 + grid.columns(), *keyword == 'V' ? 211 : 406) << keyword;
+    EXPECT_EQ(grid.rows(), *keyword == 'V' ? 2 : 4) << keyword;
+    EXPECT_EQ(grid.columns(), *keyword == 'V' ? 11 : 6) << keyword;
   }
   EXPECT_EQ(form1().Label18.caption(), "名前, it");
   useMap(mapBlock("ADD_MAP8", "&H1A0", 5, 3, 20, "1", "it"));

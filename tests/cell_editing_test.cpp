@@ -99,18 +99,6 @@ TEST_F(CellEditing, StepsStopAtTheLimits) {
   EXPECT_EQ(stepped(fuel, "255", '='), "254") << "both on one key: up first";
 }
 
-TEST_F(CellEditing, TheKeysStepJustTheSelectionInAnyDirectionAndKeepIt) {
-  for (const GridSelection& selection :
-       {GridSelection{1, 1, 2, 2}, {2, 2, 1, 1}, {1, 2, 2, 1}, {2, 1, 1, 2}}) {
-    for (int k = 0; k < 16; ++k) fuel.setText(1 + k / 4, 1 + k % 4, "9");
-    fuel.setSelection(selection);
-    fuel.userKey('+');
-    EXPECT_EQ(fuel.selection(), selection);
-    drag(fuel, 1, 1, 3, 3);
-    EXPECT_EQ(fuel.clip(), "10\t10\t9\r10\t10\t9\r9\t9\t9");
-  }
-}
-
 TEST_F(CellEditing, EachCommandTellsTheScreenOnceAndALoadTwice) {
   const std::pair<std::function<void()>, int> commands[] = {
       {[this] { loadImage(patternImage(0x400, 2)); }, 2},  // emptied, filled
@@ -144,15 +132,6 @@ TEST_F(CellEditing, TheBoostRowsFollowEachLoad) {
   drag(tpFuel, 1, 1, 1, 8);
   tpFuel.userKey('+');
   EXPECT_NE(tpFire.text(0, 1), "old");
-}
-
-TEST_F(CellEditing, AnEngineSpeedBetweenTwoStepsIsStoredRoundedDown) {
-  enterCell(rpmFuel, 3, 0, "1234");
-  enterCell(rpmFire, 3, 0, "1234");
-  const Bytes saved = saveImage("scaled.bin");
-  EXPECT_EQ(saved[0x193] * 100 + saved[0x1B3], 2441);
-  pickFile("load_bin_file", "scaled.bin");
-  EXPECT_EQ(rpmFuel.text(3, 0) + rpmFire.text(3, 0), "12001230");
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ TEST_F(EngineSpecification, OkStoresKeepsAndShowsTheNewEngine) {
   EXPECT_NE(readText("zelkova.ini").find("\r\n 2568 \r\n 440 \r\n 6 \r\n"), std::string::npos);
   EXPECT_TRUE(form1().enabled() && !form2.loaded());
   pick("set_spl");
-  EXPECT_EQ(form2.Text1.text() + form2.Text2.text() + form2.Text3.text(), "25684406");
+  EXPECT_EQ(form2.Text1.text() + " " + form2.Text2.text() + " " + form2.Text3.text(), "2568 440 6");
   for (TextBox* box : {&form2.Text1, &form2.Text2, &form2.Text3}) {
     typeOver(*box, "1a-.,+E 2\b3");
     EXPECT_EQ(box->text(), "13") << "digits alone";

@@ -16,7 +16,7 @@ TEST_F(EnvironmentTest, ShowsTheSettingsAndTakesThemOverAtOkAlone) {
   editorState.romFolder = "/r";
   pick("SET_DEFAULT_FOLDER");
   EXPECT_EQ(form9.Text1.text() + "|" + form9.Text2.text(), "|/r");
-  EXPECT_EQ(form9.Text3.text() + form9.Text6.text() + form9.Text9.text(), "+302");
+  EXPECT_EQ(form9.Text3.text() + " " + form9.Text6.text() + " " + form9.Text9.text(), "+ 30 2");
   form9.Text1.userEdit("/maps");
   for (const char* rate : {"", "1x", "99999999999"}) {
     form9.Text5.userEdit(rate);

@@ -178,6 +178,11 @@ TEST_F(MapTools, ToolsChangeTheSelectionAloneInAnyDirectionOnEachTab) {
        {2, 2, 3, 1},
        [this] { change(false, "110", "1.5"); },
        "121 0 31 0 51 400 0 400|91 1 121 0 80|8 255 8 0 9|7 7 7 7 7"},
+      {"step",
+       {3, 2, 2, 3},
+       {3, 2, 2, 3},
+       [this] { activeGrid()->userKey(U'-'); },
+       "121 0 31 0 51 400 0 400|60 0 120 0 80|5 254 7 0 9|7 7 7 7 7"},
       // One pass along all rows but the last two, then one along all columns but the last two.
       {"smooth",
        {4, 5, 1, 1},

@@ -37,13 +37,24 @@ TEST_F(SettingsFile, EachLineReachesItsMember) {
   EXPECT_EQ(told() + s.version + s.addressFilePath + s.romFolder + s.plusKey + s.minusKey +
                 s.splitRomKbit + s.splitFormat + s.aboutSound,
             "Version 1.98.48E" + path(map) + "a  b c+-256BINARYTRAN");
-  const std::vector numbers{
-      s.displacement,     s.injectorSize,       s.cylinders,        s.graphFbMask,
-      s.graphFbThreshold, s.graphMagnification, s.addressEditStart, s.addressEditColumns,
-      s.addressEditRows,  s.gridColorRate,      s.english,          s.graphShowCompare,
-      s.graphStepX,       s.graphStepY};
-  EXPECT_EQ(numbers, (std::vector{1998, 370, 4, 128, 125, 1, 4096, 16, 16, 1, 1, 0, 30, 14}));
-  EXPECT_EQ(s.graphRatioX * 10 + s.graphRatioY, 12);
+  const std::tuple<const char*, double, double> numbers[] = {
+      {"displacement", s.displacement, 1998},
+      {"injector size", s.injectorSize, 370},
+      {"cylinders", s.cylinders, 4},
+      {"mask", s.graphFbMask, 128},
+      {"threshold", s.graphFbThreshold, 125},
+      {"magnification", s.graphMagnification, 1},
+      {"editor's start", s.addressEditStart, 4096},
+      {"editor's columns", s.addressEditColumns, 16},
+      {"editor's rows", s.addressEditRows, 17},
+      {"colour rate", s.gridColorRate, 1},
+      {"English", s.english, 1},
+      {"comparison shown", s.graphShowCompare, 0},
+      {"step X", s.graphStepX, 30},
+      {"step Y", s.graphStepY, 14},
+      {"ratio X", s.graphRatioX, 1},
+      {"ratio Y", s.graphRatioY, 2}};
+  for (const auto& [name, number, expected] : numbers) EXPECT_EQ(number, expected) << name;
   EXPECT_EQ(form1().Label34.caption() + form1().Label1.caption(), " 1998/4   Inj.370SMALL");
 }
 

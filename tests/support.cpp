@@ -158,7 +158,7 @@ Bytes patternImage(std::size_t size, std::uint32_t seed) {
 std::string firstSettings(const std::string& addressFile) {
   return "Version\r\n" + addressFile +
          "\r\n 1998 \r\n 370 \r\n 4 \r\n\r\n\r\n 128 \r\n 125 \r\n 1 \r\n+\r\n-\r\n"
-         " 4096 \r\n 16 \r\n 16 \r\n 1 \r\n 1 \r\n256\r\nBINARY\r\nTRAN\r\n 0 \r\n"
+         " 4096 \r\n 16 \r\n 17 \r\n 1 \r\n 1 \r\n256\r\nBINARY\r\nTRAN\r\n 0 \r\n"
          " 30 \r\n 14 \r\n 1 \r\n 2 \r\n";
 }
 
