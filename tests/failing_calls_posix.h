@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 namespace failing_calls {
 
@@ -12,6 +13,8 @@ constexpr int never = -1;
 extern int callsLeft;
 // What happens then: gives the error that the call fails with; 0 lets it pass.
 extern std::function<int()> atThatCall;
+// The call that was struck: its name, or "create" for an open that makes a file.
+extern std::string struckCall;
 
 // Whether files can have second names; some file systems hold none.
 extern bool linksWork;

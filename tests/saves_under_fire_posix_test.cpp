@@ -24,23 +24,32 @@ struct Way {
 
 class SavesUnderFire : public ProgramTest {
  protected:
-  // Runs the command in a process of its own, `calls` system calls before `error` strikes. True if
-  // it was struck.
-  bool strike(const Way& way, int calls, int error) {
+  // What a strike met. Only calls that have a way around them may fail in a save that succeeds.
+  enum Struck { none, afterSaving, avoidable, needed };
+
+  // Runs the command in a process of its own, `calls` system calls before `error` strikes; `saved`
+  // is what its files hold after it.
+  int strike(const Way& way, int calls, int error, const std::vector<Bytes>& saved = {}) {
     return failing_calls::inChild([&] {
-             failing_calls::atThatCall = [error] {
-               if (error == killed) raise(SIGKILL);
-               return error;
-             };
-             failing_calls::callsLeft = calls;
-             for (const char* file : way.files) {
-               desk.saveAnswers.push_back(path(file));
-               desk.boxAnswers.push_back(BoxAnswer::ok);
-             }
-             pick(way.command);
-             way.answer();
-             return failing_calls::callsLeft == failing_calls::never ? 1 : 0;
-           }) != 0;
+      int met = none;
+      failing_calls::atThatCall = [&] {
+        if (error == killed) raise(SIGKILL);
+        const std::string& call = failing_calls::struckCall;
+        const bool retried = error == EINTR && (call == "write" || call == "fsync");
+        met = held(way) == saved                            ? afterSaving
+              : retried || call == "open" || call == "link" ? avoidable
+                                                            : needed;
+        return error;
+      };
+      failing_calls::callsLeft = calls;
+      for (const char* file : way.files) {
+        desk.saveAnswers.push_back(path(file));
+        desk.boxAnswers.push_back(BoxAnswer::ok);
+      }
+      pick(way.command);
+      way.answer();
+      return met;
+    });
   }
 
   // What the command's files hold, but for the log's minute, which runs on.
@@ -68,17 +77,18 @@ class SavesUnderFire : public ProgramTest {
     const std::vector<Bytes> old = held(way);
     strike(way, failing_calls::never, 0);
     const std::vector<Bytes> saved = held(way);
-    bool struck = true;
-    for (int point = 0; struck && !HasFailure(); ++point, points += struck) {
+    int struck = needed;
+    for (int point = 0; struck != none && !HasFailure(); ++point, points += struck != none) {
       SCOPED_TRACE(std::string(way.command) + ", call " + std::to_string(point));
       restore(way, old);
-      struck = strike(way, point, error);
+      struck = strike(way, point, error, saved);
       finishReplacements(path(way.files[static_cast<std::size_t>(point) % way.files.size()]));
       const std::vector<Bytes> now = held(way);
       for (std::size_t i = 0; i < old.size(); ++i) {
         EXPECT_TRUE(old[i] != saved[i] && (now[i] == old[i] || now[i] == saved[i])) << error;
       }
       EXPECT_TRUE(now == old || now == saved) << "halves of two saves";
+      EXPECT_FALSE(struck == needed && now == saved) << error << " was overlooked";
       restore(way, old);
       strike(way, failing_calls::never, 0);
       EXPECT_TRUE(held(way) == saved && fileCount() == filesAtRest) << error;
@@ -110,7 +120,7 @@ TEST_F(SavesUnderFire, LeaveOldOrNewFilesWhole) {
       {"load_map_addr", {"error.log"}, [] {}}};
   desk.openAnswers = {path("missing.adr")};
   for (const Way& way : ways) {
-    for (const int error : {ENOSPC, EIO, EACCES, killed}) strikeEverywhere(way, error);
+    for (const int error : {ENOSPC, EIO, EACCES, EINTR, killed}) strikeEverywhere(way, error);
   }
   failing_calls::linksWork = false;
   strikeEverywhere(ways[2], EIO);

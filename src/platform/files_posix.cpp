@@ -74,11 +74,21 @@ std::size_t readSome(int file, std::span<std::uint8_t> room) {
   }
 }
 
-void flush(int file) {
-  while (fsync(file) != 0) {
-    if (errno == EINVAL || errno == ENOTSUP) return;  // no disk behind this file system
-    if (errno != EINTR) fail(errno);
+void writeAll(int file, std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(file, bytes.data(), std::min(bytes.size(), largestStep));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) fail(count < 0 ? errno : EIO);
+    bytes = bytes.subspan(static_cast<std::size_t>(count));
   }
+}
+
+// False if it was interrupted: what was written may be lost then, and a second flush wouldn't tell.
+bool flushed(int file) {
+  if (fsync(file) == 0) return true;
+  if (errno == EINVAL || errno == ENOTSUP) return true;  // no disk behind this file system
+  if (errno != EINTR) fail(errno);
+  return false;
 }
 
 // False if a removal of abandoned files came between making the file and holding it. A file system
@@ -177,13 +187,10 @@ std::optional<WaitingFile> WaitingFile::create(const fs::path& path, const fs::p
 
 void WaitingFile::write(std::span<const std::uint8_t> bytes) {
   const int file = static_cast<int>(handle_);
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file, bytes.data(), std::min(bytes.size(), largestStep));
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) fail(count < 0 ? errno : EIO);
-    bytes = bytes.subspan(static_cast<std::size_t>(count));
-  }
-  flush(file);
+  do {
+    require(lseek(file, 0, SEEK_SET) == 0);
+    writeAll(file, bytes);
+  } while (!flushed(file));
 }
 
 void WaitingFile::moveTo(const fs::path& target) {
