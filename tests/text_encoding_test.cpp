@@ -25,9 +25,12 @@ TEST(TextEncoding, BytesAreTakenForWhatTheyCanBe) {
         Row{"\xF0\xA0\xAE\x9F", "𠮟"}, Row{"\x94\x52\x97\xBF", "燃料"}, Row{"\x95\x5C", "表"},
         Row{"\xCF\xAF\xCC\xDF", "ﾏｯﾌﾟ"}, Row{"\0a\x82\xA0\0"s, "\0aあ\0"s},
         Row{"a\x82", "a" + unknown}, Row{"\x82\x20\x82\xA0", unknown + " あ"},
-        // UTF-8 that could be a pair of half-width katakana, its limits, and overlong UTF-8
-        Row{"\xC3\xA9", "ﾃｩ"}, Row{"\xC3\xA1", "ﾃ｡"}, Row{"\xC3\xA0", "à"},
-        Row{"\xC3\xA9\xC3\x89", "éÉ"}, Row{"\xC0\xAF", "ﾀｯ"}}) {
+        // UTF-8 that could be half-width katakana, alone or before a whole character, its limits,
+        // and overlong UTF-8
+        Row{"\xC3\x8B\x43", "ﾃ気"}, Row{"\xC3\x8B", "Ë"}, Row{"\xC3\x8B!", "Ë!"},
+        Row{"\xC3\x85s", "Ås"}, Row{"\xC3\x80s", "Às"}, Row{"\xC3\x8B\xC3\x8B\x43", "ﾃ凝気"},
+        Row{"\xC3\x8B\x43燃", "ËC燃"}, Row{"\xC3\xA9", "ﾃｩ"}, Row{"\xC3\xA1", "ﾃ｡"},
+        Row{"\xC3\xA0", "à"}, Row{"\xC3\xA9\xC3\x89", "éÉ"}, Row{"\xC0\xAF", "ﾀｯ"}}) {
     EXPECT_EQ(decodeText(bytes), text) << text;
   }
 }
@@ -35,7 +38,7 @@ TEST(TextEncoding, BytesAreTakenForWhatTheyCanBe) {
 // A yen sign would come back as a backslash and a wave dash as a tilde.
 TEST(TextEncoding, WritesTheCodePageWhereItReadsBackTheSame) {
   EXPECT_EQ(encodeText("a\\b\r\n表示ﾏ"), "a\\b\r\n\x95\x5C\x8E\xA6\xCF");
-  for (const std::string& text : {"表é"s, "¥"s, "〜"s, mark + "a", "ﾃ瑛"s}) {
+  for (const std::string& text : {"表é"s, "¥"s, "〜"s, mark + "a", "辯ア"s}) {
     EXPECT_EQ(encodeText(text), mark + text) << text;
   }
 }

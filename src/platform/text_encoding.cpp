@@ -17,17 +17,21 @@ bool isAscii(std::string_view text) {
 // The text with U+FFFD for each byte that is no UTF-8.
 std::string validated(std::string_view text) { return utf8(utf32(text)); }
 
-// Two half-width katakana are two bytes of A1 to DF. As UTF-8 such a pair is led by C2 to DF and
-// followed by A1 to BF, which makes a character of U+00A1 to U+07FF with 21 to 3F in its low bits.
-bool couldBeKatakanaPair(char32_t character) {
-  return character >= 0x80 && character < 0x800 && (character & 0x3F) >= 0x21;
+bool hasMeaning(char32_t character) {
+  return character < 0x80 || (character > 0xA0 && character != U'\uFFFD');
 }
 
+bool couldBeCodePage(std::string_view bytes) {
+  return std::ranges::all_of(utf32(codePageToUtf8(bytes)), hasMeaning);
+}
+
+// Characters of two bytes alone are seldom meant where the code page has a text for all of them:
+// half-width katakana, and half-width katakana before characters that are led by 81 to 9F.
 bool isUtf8(std::string_view bytes) {
   const std::u32string characters = utf32(bytes);
   if (utf8(characters) != bytes) return false;
-  return std::any_of(characters.begin(), characters.end(),
-                     [](char32_t c) { return c >= 0x80 && !couldBeKatakanaPair(c); });
+  const bool evident = std::ranges::any_of(characters, [](char32_t c) { return c >= 0x800; });
+  return evident || !couldBeCodePage(bytes);
 }
 
 }  // namespace
