@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/loader_tail.h"
+#include "core/loaded_image.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
 #include "platform/failure.h"

@@ -108,10 +108,14 @@ TEST_F(AddressMapFile, KeywordsStandWhereTheyStand) {
 TEST_F(AddressMapFile, FilesThatCannotBeReadKeepTheFormerMap) {
   writeText("long.adr", "TYPE_UNIT,X" + std::string(1001, '\n'));
   std::filesystem::create_directory(path("folder.adr"));
-  writeBytes("big.adr", patternImage(2 << 20));
-  for (const auto& [name, number] :
-       {std::pair("long.adr", "9"), std::pair("folder.adr", "75"), std::pair("gone.adr", "53"),
-        std::pair("no/folder.adr", "76"), std::pair("big.adr", "9")}) {
+  writeText("endless.adr", std::string(1002, ',') + "x");
+  writeText("blank.adr", "x");
+  for (const char* name : {"endless.adr", "blank.adr"}) {
+    std::filesystem::resize_file(path(name), std::uintmax_t{1} << 31);
+  }
+  for (const auto& [name, number] : {std::pair("long.adr", "9"), std::pair("folder.adr", "75"),
+                                     std::pair("gone.adr", "53"), std::pair("no/folder.adr", "76"),
+                                     std::pair("endless.adr", "9"), std::pair("blank.adr", "7")}) {
     pickFile("load_map_addr", name);
     EXPECT_TRUE(told().starts_with("*ERROR = [" + std::string(number) + "]")) << name;
     EXPECT_EQ(editorState.addressFilePath, path(name));
@@ -119,7 +123,7 @@ TEST_F(AddressMapFile, FilesThatCannotBeReadKeepTheFormerMap) {
     EXPECT_EQ(readText("zelkova.ini"), firstSettings("map.adr"));
     EXPECT_TRUE(form1().Grid1.enabled() && !desk.busy);
   }
-  useMap("TYPE_UNIT,X" + std::string(1000, '\n'));
+  useMap("#" + std::string(70000, ' ') + "\nTYPE_UNIT,X" + std::string(1000, '\n'));
   desk.openAnswers.push_back("");
   pick("load_map_addr");
   EXPECT_EQ(form1().Label1.caption() + told(), "X") << "1001 items fit, Cancel changes nothing";

@@ -4,7 +4,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <tuple>
 
+#include "calc/engine_specification.h"
+#include "editing/address_dialog.h"
+#include "editing/address_grid.h"
+#include "frontend/environment.h"
+#include "graphs/dr_graph.h"
+#include "imagefiles/odd_even.h"
 #include "support.h"
 
 namespace {
@@ -28,6 +35,33 @@ TEST_F(ErrorLog, KeepsTwoHundredFortyNineLinesAtMostAndGivesALongFileUp) {
     EXPECT_TRUE(text.starts_with(kept) && (before > 256 || log.find(" 上書き  57 text\r\n") == 14))
         << before;
   }
+}
+
+TEST_F(ErrorLog, SettingsThatCannotBeWrittenAreToldUnderTheCommandsNameAndTheCommandGoesOn) {
+  loadImage(patternImage(8192));
+  writeText("error.log", "");
+  std::filesystem::remove(path("zelkova.ini"));
+  std::filesystem::create_directory(path("zelkova.ini"));
+  editorState.splitRomKbit = "64";
+  editorState.splitFormat = "BINARY";
+  desk.saveAnswers = {path("odd"), path("even")};
+  desk.openAnswers = {path("map.adr")};
+  const std::tuple<const char*, std::string, std::function<void()>> table[] = {
+      {"set_spl", "仕様設定", [] { form2.userEnter(); }},
+      {"SET_DEFAULT_FOLDER", "環境設定", [] { form9.userEnter(); }},
+      {"ADR_EDIT", "アドレス指定編集", [] { form13.userEnter(), form6.userClose(); }},
+      {"DISP_3D_Graph", "3Dグラフデータ書込", [] { DR_GRAPH.userEnter(); }},
+      {"odd_even_file", "BIN別名保存", [] { oddeven.Command2.userClick(); }},
+      {"load_map_addr", "ADR File読み込み", [] {}}};
+  for (const auto& [command, name, answer] : table) {
+    pick(command);
+    answer();
+    const std::string log = readText("error.log");
+    EXPECT_EQ(told(), "*ERROR = [75]") << command;
+    EXPECT_EQ(log.find(" " + name + "  75 Path/File access error\r\n"), 14U) << log;
+  }
+  EXPECT_EQ(readBytes("odd").size(), 8192U);
+  EXPECT_EQ(form1().Label1.caption(), "SMALL");
 }
 
 TEST_F(ErrorLog, NeverCreatesTheFileAndKeepsSilent) {

@@ -52,9 +52,11 @@ TEST_F(ImageFiles, NothingIsLoadedWithoutAMapNorSavedWithoutAnImage) {
 
 TEST_F(ImageFiles, AFailedSaveLosesNothingAndAFailedLoadLeavesNothingThatASaveCouldWrite) {
   writeBytes("empty", {});
+  writeBytes("huge", {});
+  std::filesystem::resize_file(path("huge"), (std::uintmax_t{1} << 30) + 1);
   std::filesystem::create_directory(path("folder"));
   const std::pair<const char*, std::string> loads[] = {
-      {"no/folder", "76"}, {"folder", "75"}, {"gone", "53"}, {"empty", "9"}};
+      {"no/folder", "76"}, {"folder", "75"}, {"gone", "53"}, {"empty", "9"}, {"huge", "7"}};
   for (const Form& form : forms) {
     editorState.imageSize = 0;
     loadImage(image);

@@ -5,6 +5,7 @@
 #include <deque>
 #include <filesystem>
 #include <optional>
+#include <span>
 
 #include "imagefiles/intel_hex_writer.h"
 #include "support.h"
@@ -152,6 +153,25 @@ TEST_F(OddEvenPairs, EachSizeComesBackByteForByteInEachForm) {
       EXPECT_TRUE(editorState.image == Bytes(image.begin(), image.begin() + std::ptrdiff_t(bytes)));
     }
   }
+}
+
+// The choice counts for Intel HEX from then on.
+TEST_F(OddEvenPairs, APairOfAPartCutsNoRawFile) {
+  Bytes image = patternImage(20001);
+  loadImage(image);
+  press(save, 0, false, "odd", "even");
+  for (const char* value : {"7", "9"}) {
+    form1().Grid1.setText(1, 1, value);
+    image[0x100] = static_cast<std::uint8_t>(value[0] - '0');
+    editorState.image.back() ^= 1;
+    image.back() ^= 1;
+    if (value[0] == '7') pick("update_bin_file");
+    EXPECT_EQ(value[0] == '7' ? readBytes("image.bin") : saveImage("saved.bin"), image);
+    EXPECT_EQ(editorState.savedImage, image);
+  }
+  desk.saveAnswers = {path("head.hex")};
+  pick("ANY_NAME_SAVE_IntelHEX");
+  EXPECT_EQ(readBytes("head.hex"), ascii(intelHexText(std::span(image).first(8192))));
 }
 
 TEST_F(OddEvenPairs, ASaveLeavesTheImageItsNameAndALoadTakesOneThatIsNotSimplyOverwritten) {

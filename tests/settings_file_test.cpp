@@ -3,9 +3,12 @@
 
 #include <filesystem>
 
+#include "platform/text_encoding.h"
 #include "support.h"
 
 namespace {
+
+using std::string_literals::operator""s;
 
 class SettingsFile : public ProgramTest {
  protected:
@@ -56,6 +59,23 @@ TEST_F(SettingsFile, EachLineReachesItsMember) {
       {"ratio Y", s.graphRatioY, 2}};
   for (const auto& [name, number, expected] : numbers) EXPECT_EQ(number, expected) << name;
   EXPECT_EQ(form1().Label34.caption() + form1().Label1.caption(), " 1998/4   Inj.370SMALL");
+}
+
+TEST_F(SettingsFile, ADamagedFileIsKeptBesideTheOneThatTakesItsPlace) {
+  startWith(firstSettings("map.adr"));
+  useMap(smallMap());
+  EXPECT_FALSE(std::filesystem::exists(path("zelkova.ini.damaged")));
+  for (const std::string& damaged :
+       {"cut\r\n\xFF"s, with(24, "x"), with(0, std::string(1002, '\n')), with(1, "gone.adr")}) {
+    const Bytes bytes(damaged.begin(), damaged.end());
+    writeBytes("zelkova.ini", bytes);
+    writeBytes("zelkova.ini.damaged", {});
+    startAnew();
+    for (int i = 0; i < 2; ++i) useMap(smallMap());
+    const bool harmless = damaged == with(1, "gone.adr");
+    EXPECT_EQ(readBytes("zelkova.ini.damaged"), harmless ? Bytes{} : bytes) << damaged.size();
+    EXPECT_EQ(splitLines(readText("zelkova.ini")).size(), 25U);
+  }
 }
 
 // What the file says may be refused or shown as nonsense; it never keeps a window from working.

@@ -53,7 +53,7 @@ void Form2::accept() {
   editorState.displacement = cellNumber(Text1.text());
   editorState.injectorSize = cellNumber(Text2.text());
   editorState.cylinders = cellNumber(Text3.text());
-  saveSettingsOrTell();
+  saveSettingsOrTell("仕様設定");
   recalculateBoost();
   showEngineSummary();
   closeDialog(*this);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/address_map.h"
+#include "core/data_replaced.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/error_log.h"
@@ -37,7 +38,7 @@ void keepEdits() {
 // The new map is in force whatever comes of it here: an image that it doesn't fit is told as such.
 // What the grids held under the former map goes in any case.
 void showImageUnderNewMap() {
-  resetPanels();
+  dataReplaced();
   if (editorState.imageSize == 0) return;
   editorState.progressCount = 0;
   const int number = trapFailure(loaderTail);
@@ -61,7 +62,7 @@ void putInForce() {
   keepEdits();
   resetAdditionalCaptions();
   clearParamToolTips();
-  saveSettingsOrTell();
+  saveSettingsOrTell(commandName);
   setGridLayout();
   SET_MAP_ADDR();
   showTypeUnit();

@@ -142,11 +142,20 @@ void parseLines() {
   editorState.probeAddress = editorState.addressMap.param(K_DATA).address;
 }
 
+bool hasTooManyItems(std::string_view bytes) {
+  AddressItems items(bytes);
+  int count = 0;
+  while (const std::optional<std::string> item = items.next()) {
+    if (!item->starts_with('#')) ++count;
+  }
+  return count > maximumLines;
+}
+
 }  // namespace
 
 void readAddressFile(const std::string& path) {
   editorState.lineCount = 0;
-  const std::string text = readTextFile(path);
+  const std::string text = readTextFile(path, hasTooManyItems);
   AddressItems items(text);
   while (const std::optional<std::string> item = items.next()) {
     if (editorState.lineCount == maximumLines) throw Failure(badSubscript);

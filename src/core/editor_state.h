@@ -69,6 +69,7 @@ struct EditorState {
   std::int32_t graphStepY = 0;
   float graphRatioX = 0;
   float graphRatioY = 0;
+  bool settingsDamaged = false;  // the file on disk couldn't be read as settings
 
   AddressMap addressMap;
   // How many cells of each map stand in its grid as the image has them, by MapId; what lies behind

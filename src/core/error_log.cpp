@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <ctime>
+#include <string_view>
 #include <vector>
 
 #include "core/editor_state.h"
@@ -26,9 +27,11 @@ std::string currentTime() {
   return {text, length};
 }
 
+bool hasTooManyLines(std::string_view bytes) { return splitLines(bytes).size() > readableLines; }
+
 void addLine(const std::string& line) {
   const std::string path = joinPath(editorState.appPath, "error.log");
-  std::vector<std::string> lines = splitLines(readTextFile(path));
+  std::vector<std::string> lines = splitLines(readTextFile(path, hasTooManyLines));
   if (lines.size() > readableLines) throw Failure(badSubscript);
   lines.insert(lines.begin(), line);
   lines.resize(std::min(lines.size(), keptLines));

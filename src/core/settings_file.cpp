@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/engine_summary.h"
+#include "core/error_log.h"
 #include "core/text_files.h"
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -33,9 +35,11 @@ const std::array<Member, 25> settings{
 
 std::string settingsPath() { return joinPath(editorState.appPath, "zelkova.ini"); }
 
+bool hasTooManyLines(std::string_view bytes) { return splitLines(bytes).size() > maximumLines; }
+
 void readLines() {
   editorState.lineCount = 0;
-  for (const std::string& line : splitLines(readTextFile(settingsPath()))) {
+  for (const std::string& line : splitLines(readTextFile(settingsPath(), hasTooManyLines))) {
     if (editorState.lineCount == maximumLines) throw Failure(badSubscript);
     editorState.lines[static_cast<std::size_t>(editorState.lineCount++)] = line;
   }
@@ -89,6 +93,15 @@ struct Print {
   }
 };
 
+// What can't be read as settings is somebody's all the same.
+void keepDamaged() {
+  if (!editorState.settingsDamaged) return;
+  if (fileExists(settingsPath())) {
+    replaceFile(settingsPath() + ".damaged", readFile(settingsPath()));
+  }
+  editorState.settingsDamaged = false;
+}
+
 bool passesSilently(int number) {
   return number == fileNotFound || number == pathFileAccess || number == pathNotFound;
 }
@@ -97,8 +110,10 @@ bool passesSilently(int number) {
 
 void readSettings() {
   const int number = trapFailure([] {
+    editorState.settingsDamaged = fileExists(settingsPath());
     readLines();
     assignSettings();
+    editorState.settingsDamaged = false;
     showEngineSummary();
     resetAdditionalCaptions();
     editorState.lineCount = 0;
@@ -112,11 +127,13 @@ void readSettings() {
 void writeSettings() {
   std::string text;
   for (const Member& member : settings) text += std::visit(Print{}, member) + "\r\n";
+  keepDamaged();
   replaceTextFile(settingsPath(), text);
 }
 
-void saveSettingsOrTell() {
+void saveSettingsOrTell(const std::string& operation) {
   const int number = trapFailure(writeSettings);
+  logError(operation, number, failureText(number));
   if (number != 0) showFailure(number);
 }
 

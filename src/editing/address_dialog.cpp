@@ -75,7 +75,7 @@ void Form13::accept() {
                         "An address value will exceed ROM DATA size."});
   }
   unload();
-  saveSettingsOrTell();
+  saveSettingsOrTell("アドレス指定編集");
   writeBackAll();
   setProgress(-1);
   openDialog(form6);

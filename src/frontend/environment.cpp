@@ -102,7 +102,7 @@ void Form9::takeOver() {
   editorState.graphStepY = wholeNumber(Text7);
   editorState.graphRatioX = realNumber(Text8);
   editorState.graphRatioY = realNumber(Text9);
-  saveSettingsOrTell();
+  saveSettingsOrTell("環境設定");
   closeDialog(*this);
 }
 

@@ -112,7 +112,7 @@ void giveUpComparison() {
   desktop().showBox(
       {BoxIcon::information, BoxButtons::ok, worded(warningTitle), worded(compareMissing)});
   editorState.graphShowCompare = 0;
-  saveSettingsOrTell();
+  saveSettingsOrTell("3D グラフ編集");
 }
 
 void readHeights(Grid& grid, const std::string& caption) {

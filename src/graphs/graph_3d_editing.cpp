@@ -18,6 +18,8 @@
 
 namespace {
 
+const char* const operation = "3Dグラフデータ書込";
+
 std::int32_t& heightAtCursor() {
   return graphState.heights[static_cast<std::size_t>(graphState.cursorColumn)]
                            [static_cast<std::size_t>(graphState.cursorRow)];
@@ -118,20 +120,20 @@ void writeGraphToGrid(const MapKind& kind, std::int32_t columns, std::int32_t ro
   const int shownColumns = std::min(columns, graphState.columns);
   const int shownRows = std::min(rows, graphState.rows);
   const int number = trapFailure([&] { writeCells(kind, shownColumns, shownRows); });
-  logError("3Dグラフデータ書込", number, failureText(number));
+  logError(operation, number, failureText(number));
 }
 
 void saveGraphEdits() {
   writeMapOnShow();
   takeParameters();
-  saveSettingsOrTell();
+  saveSettingsOrTell(operation);
 }
 
 void okGraph3D() {
   writeMapOnShow();
   takeParameters();
   editorState.graphShowCompare = DR_GRAPH.Check3.checked() ? 1 : 0;
-  saveSettingsOrTell();
+  saveSettingsOrTell(operation);
   closeDialog(DR_GRAPH);
 }
 

@@ -9,13 +9,17 @@
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/extensions.h"
 #include "core/file_command.h"
+#include "core/loaded_image.h"
 #include "core/loader_tail.h"
-#include "core/map_display.h"
+#include "core/overwrite_question.h"
+#include "core/refusals.h"
 #include "core/rom_image.h"
 #include "core/settings_file.h"
+#include "core/title_and_size.h"
 #include "core/unsaved_guard.h"
-#include "imagefiles/intel_hex_files.h"
+#include "imagefiles/image_forms.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
 #include "platform/failure.h"
@@ -28,14 +32,14 @@ namespace {
 
 constexpr std::int32_t bytesOfKbit = 128;
 constexpr std::uint8_t unusedByte = 0xFF;
+const char* const loading = "BIN読み込み";
+const char* const saving = "BIN別名保存";
 
 // The two forms of a pair; texts by file, odd then even.
 struct PairForm {
   const char* setting;
   Option OddEven::*option;
-  const char* extension;
-  const char* loadFilter;
-  const char* saveFilter;
+  const ImageForm& image;
   std::array<Wording, 2> loadTitles;
   std::array<Wording, 2> saveTitles;
   RomImage (*decode)(RomImage fileBytes, std::size_t imageBytes);
@@ -63,9 +67,7 @@ std::string encodeIntelHex(const RomImage& half) { return intelHexText(half); }
 const std::array<PairForm, 2> forms = {{
     {"BINARY",
      &OddEven::Option1,
-     "bin",
-     "Bin Image (*.bin)|*.bin",
-     "Bin Image (*.bin)|*.bin",
+     rawImages,
      {{{"奇数 BIN Image 読み込み", "Load ODD BIN Image"},
        {"偶数 BIN Image 読み込み", "Load EVEN BIN Image"}}},
      {{{"奇数　BIN Image 書き込み", "Save ODD BIN Image"},
@@ -74,9 +76,7 @@ const std::array<PairForm, 2> forms = {{
      encodeRaw},
     {"IntelHEX",
      &OddEven::Option2,
-     "hex",
-     intelHexSaveFilter,
-     intelHexSaveFilter,
+     intelHexImages,
      {{{"奇数 IntelHEX Image 読み込み", "Load ODD IntelHEX Image"},
        {"偶数 IntelHEX Image 読み込み", "Load EVEN IntelHEX Image"}}},
      {{{"奇数　IntelHEX Image 書き込み", "Save ODD IntelHEX Image"},
@@ -125,19 +125,19 @@ std::optional<Choice> choiceOrBox() {
 }
 
 // Settings that can't be written take nothing from a pair that was loaded or saved.
-void keepChoice(const Choice& choice) {
+void keepChoice(const Choice& choice, const char* operation) {
   editorState.splitRomKbit = oddeven.List1.text();
   editorState.splitFormat = choice.form.setting;
-  beneath([] { saveSettingsOrTell(); });
+  beneath([&] { saveSettingsOrTell(operation); });
 }
 
 RomImage readHalf(const Choice& choice, const Wording& title) {
   desktop().setBusyPointer(false);
   keepChosen(
-      desktop().chooseFileToOpen({choice.form.loadFilter, worded(title),
+      desktop().chooseFileToOpen({choice.form.image.save.filter, worded(title),
                                   settledPath(editorState.romFolder), editorState.dialogPath}));
   showOperation("READ");
-  return readFile(editorState.dialogPath);
+  return readImageFile(editorState.dialogPath);
 }
 
 RomImage joined(const RomImage& odd, const RomImage& even, std::size_t imageBytes) {
@@ -153,7 +153,6 @@ void loadPair(const Choice& choice) {
   editorState.progressCount = 0;
   RomImage odd = readHalf(choice, choice.form.loadTitles[0]);
   RomImage even = readHalf(choice, choice.form.loadTitles[1]);
-  resetPanels();
   dropImage();
   showOperation("READ");
   odd = choice.form.decode(std::move(odd), choice.imageBytes);
@@ -163,7 +162,7 @@ void loadPair(const Choice& choice) {
   editorState.imageIsOneHalf = true;
   showFileSize();
   loaderTail();
-  keepChoice(choice);
+  keepChoice(choice, loading);
 }
 
 // Every other byte from `first` on; the file is as long as the image, its second half unused.
@@ -178,8 +177,8 @@ RomImage halfFrom(std::size_t first, std::size_t imageBytes) {
 std::optional<std::string> askForTarget(const Choice& choice, const Wording& title,
                                         const std::string& firstHalf) {
   const ChosenFile chosen = desktop().chooseFileToSave(
-      {choice.form.saveFilter, worded(title), settledPath(editorState.romFolder),
-       withExtension(editorState.imagePath, choice.form.extension)});
+      {choice.form.image.save.filter, worded(title), settledPath(editorState.romFolder),
+       withExtension(editorState.imagePath, choice.form.image.extension)});
   const bool agreed = beneath([&] {
     return nameSameFile(chosen.path, firstHalf) ? userOverwrites(chosen.title)
                                                 : mayOverwrite(chosen.path, chosen.title);
@@ -206,7 +205,7 @@ void savePair(const Choice& choice) {
   const std::string even = choice.form.encode(halfFrom(1, choice.imageBytes));
   replaceFiles(
       std::array{FileContent{*oddPath, bytesOf(odd)}, FileContent{*evenPath, bytesOf(even)}});
-  keepChoice(choice);
+  keepChoice(choice, saving);
   updateTitleBar();
 }
 
@@ -236,7 +235,6 @@ void tellSaveFailure(int number) { showFailure(number); }
 // A load that failed leaves nothing loaded.
 void afterLoadFailure(int number) {
   if (number == cancelled) return;
-  resetPanels();
   dropImage();
 }
 
@@ -268,13 +266,9 @@ OddEven::OddEven() : Window("oddeven") {
     }
     formats.select(chosen);
   };
-  const auto load = [] {
-    press(loadCommand, {"BIN読み込み", {}, tellLoadFailure, afterLoadFailure});
-  };
+  const auto load = [] { press(loadCommand, {loading, {}, tellLoadFailure, afterLoadFailure}); };
   wireDialog(*this, {fill, &Command1, load, &Close, &List1});
-  Command2.onClick = [] {
-    press(saveCommand, {"BIN別名保存", {}, tellSaveFailure, afterSaveFailure});
-  };
+  Command2.onClick = [] { press(saveCommand, {saving, {}, tellSaveFailure, afterSaveFailure}); };
 }
 
 void odd_even_file() { openDialog(oddeven); }

@@ -7,10 +7,12 @@
 #include "core/editor_state.h"
 #include "core/file_command.h"
 #include "core/form1.h"
+#include "core/loaded_image.h"
 #include "core/loader_tail.h"
-#include "core/map_display.h"
+#include "core/refusals.h"
+#include "core/title_and_size.h"
 #include "core/unsaved_guard.h"
-#include "imagefiles/intel_hex_reader.h"
+#include "imagefiles/image_forms.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 
@@ -40,20 +42,17 @@ void tellFailure(int number, const std::string& entryName) {
   showFailure(number, "　Ill. DATA? " + entryName, BoxIcon::none);
 }
 
-RomImage readByExtension(const std::string& path, bool hex) {
-  if (hex) return readIntelHex(readFile(path), imageHexCapacity);
-  return readFile(path);
-}
-
-void loadSteps(const std::string& path, bool hex) {
+void loadSteps(const std::string& path, const ImageForm& form) {
   editorState.dialogPath = path;
-  if (hex) editorState.progressCount = 0;
-  if (!hex) desktop().setBusyPointer(true);
-  resetPanels();
+  if (form.recentFillsBar) {
+    editorState.progressCount = 0;
+  } else {
+    desktop().setBusyPointer(true);
+  }
   dropImage();
   form1().Label13.setCaption("READ");
   form1().refresh();
-  takeImage(readByExtension(path, hex));
+  takeImage(form.decode(readImageFile(path)));
   if (path.find_first_of("\\/") != path.npos) editorState.dialogTitle = fileNameOf(path);
   nameImage();
   showFileSize();
@@ -61,10 +60,10 @@ void loadSteps(const std::string& path, bool hex) {
 }
 
 // A load that failed leaves the progress bar where it stood.
-void load(const std::string& path, bool hex) {
+void load(const std::string& path, const ImageForm& form) {
   ProgressBar& bar = form1().ProgressBar1;
   int reached = 0;
-  const int number = runFileCommand({"Recent File読み込み", [&] { loadSteps(path, hex); },
+  const int number = runFileCommand({"Recent File読み込み", [&] { loadSteps(path, form); },
                                      [&](int failure) { tellFailure(failure, fileNameOf(path)); },
                                      [&](int) { reached = bar.value(); }});
   if (number != 0) bar.setValue(reached);
@@ -75,12 +74,12 @@ void load(const std::string& path, bool hex) {
 void mnuRecentFile_Click(int index) {
   if (refusedWithoutAddressMap()) return;
   const std::string path = form1().mnuRecentFile.at(static_cast<std::size_t>(index))->caption();
-  const std::string extension = extensionOf(path);
-  if (extension != "BIN" && extension != "HEX") {
+  const ImageForm* form = imageFormOf(path);
+  if (!form) {
     desktop().showBox(
         {BoxIcon::none, BoxButtons::ok, worded(unknownTitle), worded(unknownExtension)});
     return;
   }
   confirmDiscard();
-  if (editorState.guardAnswer != 0) load(path, extension == "HEX");
+  if (editorState.guardAnswer != 0) load(path, *form);
 }

@@ -41,6 +41,15 @@ std::vector<std::uint8_t> readFile(const std::string& path, std::size_t atMost) 
   }
 }
 
+std::uintmax_t fileSize(const std::string& path) {
+  try {
+    requireReadable(systemPath(path));
+    return std::filesystem::file_size(systemPath(path));
+  } catch (const std::system_error& error) {
+    throw Failure(failureNumberAt(path, error.code()));
+  }
+}
+
 bool fileExists(std::string path) noexcept {
   if (!path.empty() && (path.back() == '\\' || path.back() == '/')) path.pop_back();
   if (path.empty()) return false;

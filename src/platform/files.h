@@ -21,6 +21,9 @@ struct FileContent {
 std::vector<std::uint8_t> readFile(const std::string& path,
                                    std::size_t atMost = std::numeric_limits<std::size_t>::max());
 
+// The size in bytes of the file, without reading it. Throws as readFile does.
+std::uintmax_t fileSize(const std::string& path);
+
 // Whether `path`, less one trailing "\" or "/", opens as a regular file for reading. An empty path
 // is no file. Never throws.
 bool fileExists(std::string path) noexcept;

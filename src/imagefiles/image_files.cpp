@@ -1,0 +1,94 @@
+#include "imagefiles/image_files.h"
+
+#include <string>
+
+#include "core/dialogs.h"
+#include "core/editor_state.h"
+#include "core/file_command.h"
+#include "core/loaded_image.h"
+#include "core/loader_tail.h"
+#include "core/overwrite_question.h"
+#include "core/refusals.h"
+#include "core/rom_image.h"
+#include "core/settings_file.h"
+#include "core/title_and_size.h"
+#include "core/unsaved_guard.h"
+#include "imagefiles/image_forms.h"
+#include "imagefiles/recent_files.h"
+#include "platform/failure.h"
+
+namespace {
+
+const Wording nothingToUpdate{"データが読み込まれていないのに、上書き保存しようとしました。",
+                              "Been crowded as reading data overwrite did to come, preserve it."};
+
+void loadSteps(const ImageForm& form) {
+  if (refusedWithoutAddressMap()) return;
+  confirmDiscard();
+  if (editorState.guardAnswer == 0) return;
+  editorState.progressCount = 0;
+  keepChosen(
+      desktop().chooseFileToOpen({form.load.filter, worded(form.load.title),
+                                  settledPath(editorState.romFolder), form.proposedToLoad()}));
+  desktop().setBusyPointer(true);
+  dropImage();
+  showOperation("READ");
+  takeImage(form.decode(readImageFile(editorState.dialogPath)));
+  nameImage();
+  showFileSize();
+  loaderTail();
+}
+
+void saveSteps(const ImageForm& form) {
+  if (refusedWithoutImage(nothingToSave)) return;
+  editorState.progressCount = 0;
+  keepChosen(
+      desktop().chooseFileToSave({form.save.filter, worded(form.save.title),
+                                  settledPath(editorState.romFolder), form.proposedToSave()}));
+  if (!mayOverwrite(editorState.dialogPath, editorState.dialogTitle)) return;
+  showOperation("WRITE");
+  writeBackAll();
+  form.write(editorState.dialogPath);
+  nameImage();
+  editorState.imageIsOneHalf = false;
+  updateTitleBar();
+  addRecentFile(editorState.dialogPath);
+}
+
+// One half of a pair is not simply overwritten by the whole. A name that tells no form is raw.
+void updateSteps() {
+  if (refusedWithoutImage(nothingToUpdate)) return;
+  const std::string path = editorState.imagePath;
+  if (editorState.imageIsOneHalf && !mayOverwrite(path, editorState.imageTitle)) return;
+  showOperation("WRITE");
+  editorState.progressCount = 0;
+  writeBackAll();
+  const ImageForm* named = imageFormOf(path);
+  const int failed = trapFailure([&] { (named ? *named : rawImages).write(path); });
+  editorState.imageIsOneHalf = editorState.imageIsOneHalf && failed != 0;
+  addRecentFile(path);
+  if (failed != 0) throw Failure(failed);
+}
+
+void loadImage(const ImageForm& form) {
+  runFileCommand(
+      {form.load.location, [&] { loadSteps(form); },
+       [](int number) { showFailure(number, "　Ill. DATA? " + editorState.dialogTitle); }});
+}
+
+void saveImage(const ImageForm& form) {
+  runFileCommand(
+      {form.save.location, [&] { saveSteps(form); }, [](int number) { showFailure(number); }});
+}
+
+}  // namespace
+
+void load_bin_file() { loadImage(rawImages); }
+
+void write_bin_file() { saveImage(rawImages); }
+
+void update_bin_file() { runFileCommand({"上書き", updateSteps, {}}); }
+
+void LOAD_IntelHEX_FILE() { loadImage(intelHexImages); }
+
+void ANY_NAME_SAVE_IntelHEX() { saveImage(intelHexImages); }

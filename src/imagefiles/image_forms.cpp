@@ -1,0 +1,107 @@
+#include "imagefiles/image_forms.h"
+
+#include <algorithm>
+#include <numeric>
+#include <span>
+#include <string_view>
+
+#include "core/extensions.h"
+#include "imagefiles/intel_hex_reader.h"
+#include "imagefiles/intel_hex_writer.h"
+#include "platform/failure.h"
+#include "platform/files.h"
+
+namespace {
+
+constexpr std::size_t largestFile = 0x40000000;
+
+std::string lastChosen() { return editorState.dialogPath; }
+
+std::string ownNameAsRaw() { return withExtension(editorState.imagePath, "bin"); }
+
+std::string lastChosenAsIntelHex() { return withExtension(editorState.dialogPath, "hex"); }
+
+std::string lastChosenAsIntelHexOfImage() {
+  return editorState.imagePath.empty() ? std::string() : lastChosenAsIntelHex();
+}
+
+RomImage takeRaw(RomImage fileBytes) {
+  if (fileBytes.empty()) throw Failure(badSubscript);
+  return fileBytes;
+}
+
+RomImage takeIntelHex(RomImage fileBytes) { return readIntelHex(fileBytes, imageHexCapacity); }
+
+// All bytes of the image, whatever a pair took of it.
+void writeRaw(const std::string& path) {
+  replaceFile(path, editorState.image);
+  editorState.savedImage = readFile(path, editorState.image.size());
+}
+
+void writeAsIntelHex(const std::string& path) {
+  const auto size = static_cast<std::size_t>(editorState.imageSize);
+  const auto image = std::span(editorState.image).first(size);
+  writeIntelHex(path, image);
+  editorState.savedImage.assign(image.begin(), image.end());
+}
+
+std::int32_t always(const RomImage&) { return 1; }
+
+// The sum of bytes 1 to 64.
+std::int32_t sumOfFirstBytes(const RomImage& image) {
+  constexpr std::size_t first = 1, count = 64;
+  if (image.size() < first + count) throw Failure(badSubscript);
+  const auto summed = std::span(image).subspan(first, count);
+  return std::accumulate(summed.begin(), summed.end(), 0);
+}
+
+const char* const rawFilter = "Bin Image (*.bin)|*.bin";
+const char* const hexFilter = "HEX Image (*.hex)|*.hex";
+
+}  // namespace
+
+const std::array<ImageForm, 2> imageForms{{
+    {"bin",
+     {"BIN読み込み", rawFilter, {"BIN Image 読み込み", "Load BIN Image"}},
+     {"BIN別名保存", rawFilter, {"BIN Image 書き込み", "Save BIN Image"}},
+     {"COMP BIN読み込み",
+      rawFilter,
+      {"比較用　BIN Image 読み込み", "Load BIN Image For comparison"}},
+     lastChosen,
+     ownNameAsRaw,
+     takeRaw,
+     writeRaw,
+     always,
+     false},
+    {"hex",
+     {"IntelHEX読み込み", hexFilter, {"IntelHEX Image 読み込み", "Load IntelHEX Image"}},
+     {"IntelHEX別名保存",
+      "IntelHEX Image (*.hex)|*.hex",
+      {"IntelHEX Image 書き込み", "Save IntelHEX Image"}},
+     {"Comp IntelHEX読み込み",
+      hexFilter,
+      {"比較用　IntelHEX Image 読み込み", "Load IntelHEX Image For comparison"}},
+     lastChosenAsIntelHex,
+     lastChosenAsIntelHexOfImage,
+     takeIntelHex,
+     writeAsIntelHex,
+     sumOfFirstBytes,
+     true},
+}};
+
+const ImageForm& rawImages = imageForms[0];
+const ImageForm& intelHexImages = imageForms[1];
+
+const ImageForm* imageFormOf(const std::string& path) {
+  const std::string extension = extensionOf(path);
+  const auto isIt = [&](const ImageForm& form) { return extensionOf(form.extension) == extension; };
+  const auto form = std::ranges::find_if(imageForms, isIt);
+  return form == imageForms.end() ? nullptr : &*form;
+}
+
+RomImage readImageFile(const std::string& path) {
+  if (fileSize(path) > largestFile) throw Failure(outOfMemory);
+  RomImage bytes = readFile(path, largestFile + 1);
+  if (bytes.size() > largestFile) throw Failure(outOfMemory);
+  return bytes;
+}

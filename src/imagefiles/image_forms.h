@@ -1,0 +1,44 @@
+// The forms in which an image stands in files. A row tells all that the commands need: texts, how
+// the file is read and written, and how large it may be.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "core/editor_state.h"
+#include "core/wording.h"
+
+// What one command says about a form: its name in the log, the file dialog's filter and title.
+struct FormTexts {
+  const char* location;
+  const char* filter;
+  Wording title;
+};
+
+struct ImageForm {
+  const char* extension;  // three letters; what a file is taken for by its name
+  FormTexts load, save, compare;
+  // The names that the dialogs of loading and saving propose.
+  std::string (*proposedToLoad)();
+  std::string (*proposedToSave)();
+  // The image of a file's bytes. No byte at all fails with badSubscript.
+  RomImage (*decode)(RomImage fileBytes);
+  // Writes the image to `path`; what the file then holds counts as saved. Throws Failure.
+  void (*write)(const std::string& path);
+  // What a comparison image leaves in `EditorState.compareLoaded`.
+  std::int32_t (*comparable)(const RomImage& image);
+  // Loaded from the recent files: the bar starts anew, or else the pointer is busy.
+  bool recentFillsBar;
+};
+
+extern const std::array<ImageForm, 2> imageForms;
+extern const ImageForm& rawImages;
+extern const ImageForm& intelHexImages;
+
+// The form that the last three characters of `path` name, in whatever case; null if none.
+const ImageForm* imageFormOf(const std::string& path);
+
+// The bytes of an image's file, whatever its form. More than 1 GiB are refused unread with
+// outOfMemory; throws as readFile does.
+RomImage readImageFile(const std::string& path);
