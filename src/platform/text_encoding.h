@@ -7,9 +7,9 @@
 #include <vector>
 
 // The text of a file's bytes, always valid UTF-8. A UTF-8 byte-order mark means UTF-8 (the mark is
-// dropped). Otherwise strictly valid UTF-8 is UTF-8, if it is pure ASCII, holds a character of three
-// or four bytes, or holds a byte that has no meaning in CP932. All else is CP932. A byte without
-// meaning becomes U+FFFD, each for itself; nothing fails, and NULs survive.
+// dropped). Otherwise strictly valid UTF-8 is UTF-8, if it is pure ASCII, holds a character of
+// three or four bytes, or holds a byte that has no meaning in CP932. All else is CP932. A byte
+// without meaning becomes U+FFFD, each for itself; nothing fails, and NULs survive.
 std::string decodeText(std::string_view bytes);
 
 // The bytes for a text: CP932, or UTF-8 with a byte-order mark where CP932 would not be read back
