@@ -65,7 +65,8 @@ ssize_t write(int file, const void* bytes, size_t count) {
 
 // What a failing flush was to bring to disk is lost, and the next one doesn't tell.
 int fsync(int file) {
-  if (!failsNow("fsync")) return original<int(int)>("fsync")(file);
+  const bool folder = (fcntl(file, F_GETFL) & O_DIRECTORY) != 0;
+  if (!failsNow(folder ? "fsync folder" : "fsync")) return original<int(int)>("fsync")(file);
   const int error = errno;
   static_cast<void>(ftruncate(file, 0) == 0);
   return errno = error, -1;

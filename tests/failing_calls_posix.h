@@ -13,7 +13,7 @@ constexpr int never = -1;
 extern int callsLeft;
 // What happens then: gives the error that the call fails with; 0 lets it pass.
 extern std::function<int()> atThatCall;
-// The call that was struck: its name, or "create" for an open that makes a file.
+// The call that was struck: its name, "create" for an open that makes a file, "fsync folder".
 extern std::string struckCall;
 
 // Whether files can have second names; some file systems hold none.
