@@ -19,6 +19,7 @@ class MapTools : public LoadedCarTest {
   BulkChangeDialog& change(bool adds, const std::string& threshold, const std::string& by) {
     pick(adds ? "add_dec" : "kakeru");
     BulkChangeDialog& dialog = adds ? form7 : form8;
+    EXPECT_EQ(dialog.focus(), &dialog.Text2) << "the amount";
     for (const auto& [box, text] : {std::pair(&dialog.Text1, threshold), {&dialog.Text2, by}}) {
       box->userFocus();
       box->userEdit(text);

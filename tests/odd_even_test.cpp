@@ -36,7 +36,7 @@ class OddEvenPairs : public ProgramTest {
     (hex ? oddeven.Option2 : oddeven.Option1).userSelect();
     const auto answer = [this](const std::string& name) { return name.empty() ? "" : path(name); };
     desk.openAnswers = desk.saveAnswers = {answer(odd), answer(even)};
-    button.userClick();
+    &button == &load ? oddeven.userEnter() : button.userClick();
     desk.openAnswers.clear();
     desk.saveAnswers.clear();
     EXPECT_TRUE(!oddeven.loaded() && form1().enabled() && !desk.busy);

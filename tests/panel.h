@@ -48,6 +48,7 @@ struct Panel : Window {
   Option first{*this, group}, second{*this, group};
   ListBox list{*this, {"1", "2", "3"}};
   TabStrip strip{*this, {{"first", "tip"}, {"second & last", ""}}};
+  ProgressBar bar{*this};
   Grid grid{*this, 3, 3, 1, 1, Grid::Look{}};
   Canvas canvas{*this, 40, 30};
 };

@@ -120,10 +120,6 @@ void TabStrip::setTabToolTip(int number, std::string text) {
   assign(tabs_.at(static_cast<std::size_t>(number - 1)).toolTip, std::move(text));
 }
 
-void TabStrip::setTabFaint(int number, bool on) {
-  assign(tabs_.at(static_cast<std::size_t>(number - 1)).faint, on);
-}
-
 void TabStrip::userSelect(int number) {
   if (!takesInput() || number < 1 || number > count()) return tell({Change::values});
   assign(selected_, number);

@@ -151,7 +151,6 @@ class TabStrip : public Control {
   struct Tab {
     std::string caption;
     std::string toolTip;
-    bool faint = false;  // there is nothing behind the tab, which can be selected all the same
     bool operator==(const Tab&) const = default;
   };
   TabStrip(Window& owner, std::vector<Tab> tabs) : Control(owner), tabs_(std::move(tabs)) {}
@@ -160,7 +159,6 @@ class TabStrip : public Control {
   const Tab& tab(int number) const { return tabs_.at(static_cast<std::size_t>(number - 1)); }
   void setCaption(int number, std::string text);
   void setTabToolTip(int number, std::string text);
-  void setTabFaint(int number, bool on);
   int selected() const { return selected_; }
 
   // A click on a tab, on the selected one as well.

@@ -20,6 +20,8 @@ struct MessageBox {
   BoxButtons buttons = BoxButtons::ok;
   std::string title;
   std::string text;
+  std::string name =
+      {};  // a file's name within the text, of which a long one need not be shown whole
 };
 
 struct TextPrompt {

@@ -46,9 +46,9 @@ void showRefusal(const Wording& text) {
   desktop().showBox({BoxIcon::critical, BoxButtons::ok, worded(errorTitle), worded(text)});
 }
 
-void showFailure(int number, const std::string& remark, BoxIcon icon) {
-  const std::string text = "*ERROR = [" + std::to_string(number) + "]" + remark;
-  desktop().showBox({icon, BoxButtons::ok, failureTitle, text});
+void showFailure(int number, const std::string& remark, const std::string& name, BoxIcon icon) {
+  const std::string text = "*ERROR = [" + std::to_string(number) + "]" + remark + name;
+  desktop().showBox({icon, BoxButtons::ok, failureTitle, text, name});
 }
 
 void showRoutineError(const std::string& routine) {

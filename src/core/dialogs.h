@@ -28,8 +28,9 @@ void wireDialog(Window& dialog, DialogParts parts);
 
 // A critical box titled "エラー" or "Error": the refusal of a command.
 void showRefusal(const Wording& text);
-// The box of a command's failure: "*ERROR = [", the number, "]" and `remark`.
-void showFailure(int number, const std::string& remark = {}, BoxIcon icon = BoxIcon::critical);
+// The box of a command's failure: "*ERROR = [", the number, "]", `remark` and the name of the file.
+void showFailure(int number, const std::string& remark = {}, const std::string& name = {},
+                 BoxIcon icon = BoxIcon::critical);
 // The box of a routine without a file: "ERROR (Function:", the name in upper case and ")".
 void showRoutineError(const std::string& routine);
 // The box of an unknown map number.

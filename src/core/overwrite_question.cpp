@@ -17,7 +17,7 @@ const Wording existsQuestion{"そのファイルは既に存在します。上�
 bool userOverwrites(const std::string& title) {
   const BoxAnswer answer =
       desktop().showBox({BoxIcon::question, BoxButtons::okCancel, worded(existsTitle),
-                         title + "\r\n" + worded(existsQuestion)});
+                         title + "\r\n" + worded(existsQuestion), title});
   return answer == BoxAnswer::ok;
 }
 

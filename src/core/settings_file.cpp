@@ -121,7 +121,7 @@ void readSettings() {
     SET_MAP_ADDR();
     showTypeUnit();
   });
-  if (number != 0 && !passesSilently(number)) showFailure(number, {}, BoxIcon::none);
+  if (number != 0 && !passesSilently(number)) showFailure(number, {}, {}, BoxIcon::none);
 }
 
 void writeSettings() {

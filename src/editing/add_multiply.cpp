@@ -66,7 +66,7 @@ BulkChangeDialog form8{multiplication};
 
 BulkChangeDialog::BulkChangeDialog(const BulkChange& design)
     : Window(design.name), design_(design) {
-  wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Text1});
+  wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Text2});
   Text1.keyFilter = digitKey;
   Text2.keyFilter = [extra = design.keyBesideDigits](char32_t key) {
     return digitKey(key) || key == extra;
@@ -84,16 +84,17 @@ void BulkChangeDialog::fill() {
   Text2.setToolTip(design_.amountHint);
 }
 
-bool BulkChangeDialog::entriesAreGood() const {
-  if (Text1.text().empty() || Text2.text().empty()) return false;
+TextBox* BulkChangeDialog::wrongEntry() {
+  if (Text2.text().empty() || parseNumber(Text2.text()) < smallestAmount) return &Text2;
   const double threshold = parseNumber(Text1.text());
-  return threshold >= 0 && threshold <= largestThreshold &&
-         parseNumber(Text2.text()) >= smallestAmount;
+  const bool good = !Text1.text().empty() && threshold >= 0 && threshold <= largestThreshold;
+  return good ? nullptr : &Text1;
 }
 
 void BulkChangeDialog::accept() {
-  if (!entriesAreGood()) {
-    return showRefusal({"不正なデータが入力されています。", "Wrong data are inputed."});
+  if (TextBox* const wrong = wrongEntry()) {
+    showRefusal({"不正なデータが入力されています。", "Wrong data are inputed."});
+    return wrong->setFocus();
   }
   design_.change(editorState.currentTab, cellNumber(Text1.text()),
                  realClamped(parseNumber(Text2.text())));

@@ -31,7 +31,8 @@ struct BulkChangeDialog : Window {
  private:
   void fill();
   void accept();
-  bool entriesAreGood() const;
+  // The first wrong entry; null when both are good.
+  TextBox* wrongEntry();
 
   const BulkChange& design_;
 };

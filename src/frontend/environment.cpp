@@ -90,7 +90,10 @@ void Form9::tellLanguageChange() {
 
 void Form9::takeOver() {
   std::int32_t rate = 0;
-  if (trapFailure([&] { rate = parseLong(Text5.text()); }) != 0) return showRefusal(wrongData);
+  if (trapFailure([&] { rate = parseLong(Text5.text()); }) != 0) {
+    showRefusal(wrongData);
+    return Text5.setFocus();
+  }
   editorState.addressFolder = Text1.text();
   editorState.romFolder = Text2.text();
   editorState.plusKey = Text3.text();

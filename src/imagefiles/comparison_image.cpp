@@ -27,7 +27,7 @@ void loadSteps(const ImageForm& form) {
 void loadComparison(const ImageForm& form) {
   runFileCommand(
       {form.compare.location, [&] { loadSteps(form); },
-       [](int number) { showFailure(number, "　Ill. DATA? " + editorState.compareTitle); }});
+       [](int number) { showFailure(number, "　Ill. DATA? ", editorState.compareTitle); }});
 }
 
 }  // namespace

@@ -73,7 +73,7 @@ void updateSteps() {
 void loadImage(const ImageForm& form) {
   runFileCommand(
       {form.load.location, [&] { loadSteps(form); },
-       [](int number) { showFailure(number, "　Ill. DATA? " + editorState.dialogTitle); }});
+       [](int number) { showFailure(number, "　Ill. DATA? ", editorState.dialogTitle); }});
 }
 
 void saveImage(const ImageForm& form) {

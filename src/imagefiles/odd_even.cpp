@@ -227,7 +227,7 @@ bool saveCommand() {
 }
 
 void tellLoadFailure(int number) {
-  beneath([&] { showFailure(number, "　Ill. DATA? " + editorState.dialogTitle); });
+  beneath([&] { showFailure(number, "　Ill. DATA? ", editorState.dialogTitle); });
 }
 
 void tellSaveFailure(int number) { showFailure(number); }

@@ -39,7 +39,7 @@ void tellFailure(int number, const std::string& entryName) {
   if (number == fileNotFound) return showCritical(worded(isGone) + entryName);
   if (number == diskNotReady) return showCritical(worded(isOutOfReach));
   if (number == badSubscript) showCritical(worded(otherAddressFile));
-  showFailure(number, "　Ill. DATA? " + entryName, BoxIcon::none);
+  showFailure(number, "　Ill. DATA? ", entryName, BoxIcon::none);
 }
 
 void loadSteps(const std::string& path, const ImageForm& form) {

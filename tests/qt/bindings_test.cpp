@@ -56,6 +56,9 @@ TEST_F(BindingsTest, ATextBoxTakesWhatItsFilterLetsThrough) {
   QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(record.box.text(), "3x9") << "pasting isn't filtered";
   EXPECT_EQ(record.told, "text text text text ");
+  QKeyEvent alt(QEvent::KeyPress, Qt::Key_7, Qt::AltModifier, "7");
+  QCoreApplication::sendEvent(box, &alt);
+  EXPECT_EQ(record.box.text(), "3x9") << "Alt is for menus";
   QTest::keyClick(box, Qt::Key_Home);
   QTest::keyClicks(box, "12");
   EXPECT_EQ(record.box.text(), "123x9") << "the cursor stays where the user types";
@@ -101,6 +104,14 @@ TEST_F(BindingsTest, ARefusedChoiceIsNotLeftStanding) {
   EXPECT_TRUE(record.told.ends_with(" tab2 tab2 ")) << "a click on the tab in force tells too";
 }
 
+TEST_F(BindingsTest, AnIdleBarIsOutOfSight) {
+  auto* const bar = bound<QProgressBar>(record.bar);
+  for (const int value : {0, 1, 100, 0}) {
+    record.bar.setValue(value);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->isVisible() == (value > 0); })) << value;
+  }
+}
+
 TEST_F(BindingsTest, AMenuShowsItsItemsAlsoThoseThatComeLater) {
   const auto item = [this](const char* caption, const char* shortcut = "") {
     return std::make_unique<MenuItem>(record, caption, caption, shortcut);
@@ -116,6 +127,11 @@ TEST_F(BindingsTest, AMenuShowsItsItemsAlsoThoseThatComeLater) {
   ASSERT_EQ(actions.size(), 3);
   EXPECT_EQ(actions[0]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_S));
   EXPECT_EQ(actions[2]->text(), "/tmp/a&&b.bin");
+  recent.setChecked(true);
+  EXPECT_TRUE(actions[2]->isCheckable() && actions[2]->isChecked() && !actions[0]->isCheckable());
+  file.onOpen = record.says("opens");
+  emit menuOf(file, &bar)->aboutToShow();
+  EXPECT_EQ(std::exchange(record.told, ""), "opens ");
   recent.setVisible(false);
   EXPECT_FALSE(actions[2]->isVisible());
   for (const bool open : {true, false}) {

@@ -7,6 +7,7 @@
 #include <QtWidgets>
 
 #include "controls/window.h"
+#include "frontend/qt/bind_menu.h"
 
 namespace {
 
@@ -73,11 +74,22 @@ TEST_F(GridViewTest, TheMouseSelectsCellsInAnyDirectionAndWholeRowsAndColumns) {
   EXPECT_EQ(clicked(view.verticalHeader()->viewport(), cell(3, 1)), 3135);
   EXPECT_EQ(clicked(view.childAt(10, 8), {}), 1145) << "the corner";
   grid.setSelection({1, 1, 2, 2});
+  QTest::mousePress(cells, Qt::RightButton, {}, cell(4, 4));
+  EXPECT_EQ(corners(), 1122) << "without a menu a right press keeps the selection";
   std::vector<int> seen;
   grid.onMouseDown = [&](MouseButton) { seen.push_back(corners()); };
   QTest::mousePress(cells, Qt::RightButton, {}, cell(2, 1));
   QTest::mousePress(cells, Qt::RightButton, {}, cell(4, 4));
   EXPECT_EQ(seen, (std::vector{1122, 4444})) << "a right press keeps a selection that it hits";
+  QTest::mousePress(cells, Qt::RightButton, {}, cell(4, 5) + QPoint(100, 100));
+  EXPECT_EQ(corners(), 4444) << "nor does one beside the cells move it";
+  QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, cells->mapToGlobal(QPoint(1, 1)));
+  grid.setSelection({2, 3, 2, 3});
+  QPoint place;
+  grid.onMouseDown = [&](MouseButton) { place = cells->mapFromGlobal(menuPlace()); };
+  QCoreApplication::sendEvent(&view, &menuKey);
+  EXPECT_LT((place - cell(2, 3)).manhattanLength(), 30) << "the menu opens at the cell";
+  grid.setSelection({4, 4, 4, 4});
   window.setEnabled(false);
   EXPECT_EQ(clicked(cells, cell(1, 1)), 4444) << "takes no input";
 }

@@ -47,12 +47,25 @@ TEST_F(QuestionsTest, ABoxShowsItsTextAsItIsAndAnswersWithItsButton) {
       EXPECT_EQ(box->windowTitle() + box->text(), "titlea <b> & \"c\"");
       EXPECT_EQ(box->textFormat(), Qt::PlainText);
       EXPECT_EQ(box->icon(), Box::Critical);
+      for (const auto safe : {Box::Cancel, Box::No}) {
+        EXPECT_TRUE(!box->button(safe) || box->button(safe) == box->defaultButton());
+      }
       if (wanted == Box::NoButton) return escape(box);
       EXPECT_TRUE(wanted != Box::Yes || box->button(wanted)->text() == "はい(&Y)");
       box->button(wanted)->click();
     });
     EXPECT_EQ(desk.showBox({BoxIcon::critical, buttons, "title", "a <b> & \"c\""}), expected);
   }
+}
+
+TEST_F(QuestionsTest, ALongNameIsShortenedInTheMiddleSoThatTheQuestionStaysInSight) {
+  const std::string name = "first " + std::string(255, 'x') + " last.bin";
+  whenAsked<QMessageBox>([](QMessageBox* box) {
+    EXPECT_TRUE(box->text().startsWith("first xx") && box->text().endsWith("x last.bin\r\nsure?"));
+    EXPECT_LT(box->width(), 800);
+    escape(box);
+  });
+  desk.showBox({BoxIcon::question, BoxButtons::okCancel, "t", name + "\r\nsure?", name});
 }
 
 TEST_F(QuestionsTest, AFileDialogProposesItsNameAddsTheEndingAndFailsWhenCancelled) {

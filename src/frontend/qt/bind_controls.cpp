@@ -106,7 +106,8 @@ void forwardPress(QWidget* widget, Press press) {
 bool types(const QEvent& event) {
   if (event.type() != QEvent::KeyPress) return false;
   const auto& key = static_cast<const QKeyEvent&>(event);
-  if (key.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) return false;
+  constexpr auto commands = Qt::ControlModifier | Qt::MetaModifier | Qt::AltModifier;
+  if (key.modifiers() & commands) return false;
   const auto characters = key.text().toUcs4();
   return !characters.isEmpty() && QChar::isPrint(characters.front());
 }
@@ -150,13 +151,27 @@ void selectAllAtClick(QLineEdit* line) {
   });
 }
 
-void showProgress(QProgressBar* widget, int value) {
+// A bar that stands at 0 is out of sight.
+void showProgress(QProgressBar* widget, const ProgressBar& record) {
   const QSignalBlocker quiet(widget);
-  widget->setValue(value);
-  widget->setVisible(value > 0);
+  widget->setValue(record.value());
+  widget->setEnabled(record.enabled());
+  widget->setToolTip(shownTip(record.toolTip()));
+  widget->setVisible(record.visible() && record.value() > 0);
 }
 
 }  // namespace
+
+void leaveAltKeys(QLineEdit* line) {
+  tapEvents(line, [](QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto* const key = static_cast<QKeyEvent*>(event);
+    const auto modifiers = key->modifiers() & (Qt::AltModifier | Qt::ControlModifier);
+    if (modifiers != Qt::AltModifier || key->text().isEmpty()) return false;
+    event->ignore();
+    return true;
+  });
+}
 
 void bind(QLabel* widget, Label& record) {
   widget->setTextFormat(Qt::PlainText);
@@ -195,6 +210,7 @@ void bind(QLineEdit* widget, TextBox& record) {
       [widget] { widget->selectAll(); });
   forwardFocus(widget, record);
   selectAllAtClick(widget);
+  leaveAltKeys(widget);
 }
 
 void bind(QCheckBox* widget, CheckBox& record) {
@@ -274,7 +290,10 @@ void bind(QProgressBar* widget, ProgressBar& record) {
   auto* const rest = new QTimer(widget);
   rest->setSingleShot(true);
   widget->setRange(0, 100);
-  const auto show = [widget, &record] { showProgress(widget, record.value()); };
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
+  const auto show = [widget, &record] { showProgress(widget, record); };
   QObject::connect(rest, &QTimer::timeout, widget, show);
   record.observer = [widget, rest, sinceRepaint, show](const Change&) {
     if (sinceRepaint->isValid() && sinceRepaint->elapsed() < repaintMilliseconds) {

@@ -30,6 +30,9 @@ void bind(QTabBar* widget, TabStrip& record);
 void bind(QProgressBar* widget, ProgressBar& record);
 void bind(QTimer* timer, Timer& record);
 
+// Keeps a character that is typed with Alt out of a line: it is meant for a menu.
+void leaveAltKeys(QLineEdit* line);
+
 // Shows what every control has: enabled, visible, tool tip.
 class SharedValues {
  public:

@@ -2,10 +2,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCursor>
 #include <QFontMetrics>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <optional>
 #include <unordered_map>
 
 #include "frontend/qt/text.h"
@@ -13,6 +15,7 @@
 namespace {
 
 std::unordered_map<const MenuItem*, QMenu*> menus;
+std::optional<QPoint> placeInForce;
 
 QMenu* makeMenu(MenuItem& item, QWidget* parent);
 void addMissing(QWidget* parent, const MenuItem& item);
@@ -90,6 +93,12 @@ QMenu* makeMenu(MenuItem& item, QWidget* parent) {
 }
 
 }  // namespace
+
+QPoint menuPlace() { return placeInForce.value_or(QCursor::pos()); }
+
+MenuPlace::MenuPlace(QPoint onScreen) { placeInForce = onScreen; }
+
+MenuPlace::~MenuPlace() { placeInForce.reset(); }
 
 void bind(QMenuBar* bar, MenuItem& root) {
   root.observer = [bar, &root](const Change& change) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "frontend/qt/bind_controls.h"
+#include "frontend/qt/bind_menu.h"
 #include "frontend/qt/grid_model.h"
 #include "frontend/qt/grid_view.h"
 
@@ -74,8 +75,10 @@ void GridView::mousePressEvent(QMouseEvent* event) {
                                                           : MouseButton::middle);
 }
 
-// A press outside the selection selects the cell first; inside it the selection stays.
+// A press outside the selection selects the cell first; inside it, and where no menu opens, the
+// selection stays.
 void GridView::openMenuAt(QPoint point) {
+  if (!record_.onMouseDown) return;
   const GridBlock block = record_.block();
   const auto cell = cellAt(point);
   if (cell && (cell->row < block.top || cell->row > block.bottom || cell->column < block.left ||
@@ -118,9 +121,14 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   record_.userDoubleClick();
 }
 
-// The mouse opened its menu at the press.
+// The mouse opened its menu at the press; the key opens it at the current cell.
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
-  if (event->reason() == QContextMenuEvent::Keyboard) record_.userMouseDown(MouseButton::right);
+  if (event->reason() != QContextMenuEvent::Keyboard) return;
+  showCell({record_.row(), record_.column()});
+  const QRect cell =
+      placeOf(record_.row() - record_.fixedRows(), record_.column() - record_.fixedColumns());
+  const MenuPlace place(viewport()->mapToGlobal(cell.bottomRight()));
+  record_.userMouseDown(MouseButton::right);
 }
 
 void GridView::pressSection(Qt::Orientation orientation, int section) {

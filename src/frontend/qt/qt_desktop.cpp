@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QCursor>
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QMenu>
@@ -175,7 +174,7 @@ void QtDesktop::bringToFront(Window& window) {
 
 void QtDesktop::popUpMenu(MenuItem& menu) {
   QWidget* const owner = windows_.value(&menu.window());
-  menuOf(menu, owner)->popup(QCursor::pos());
+  menuOf(menu, owner)->popup(menuPlace());
 }
 
 void QtDesktop::quit() {

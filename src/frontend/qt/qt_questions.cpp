@@ -18,6 +18,7 @@
 #include <QVBoxLayout>
 
 #include "core/wording.h"
+#include "frontend/qt/bind_controls.h"
 #include "frontend/qt/qt_desktop.h"
 #include "frontend/qt/text.h"
 
@@ -167,6 +168,16 @@ std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::Acce
   return ChosenFile{stored(path), stored(QFileInfo(path).fileName())};
 }
 
+// A long name keeps its beginning and its end, so that what stands beside it stays in sight.
+QString textOf(const MessageBox& box) {
+  constexpr int longest = 400;  // pixels
+  const QString name = shown(box.name);
+  const QFontMetrics metrics(QApplication::font("QMessageBox"));
+  QString text = shown(box.text);
+  if (name.isEmpty()) return text;
+  return text.replace(name, metrics.elidedText(name, Qt::ElideMiddle, longest));
+}
+
 // Titles are often longer than what they stand over; in bold and beside the frame's own buttons.
 void makeRoomForTitle(QMessageBox& box) {
   constexpr int frameParts = 120;
@@ -181,7 +192,7 @@ void makeRoomForTitle(QMessageBox& box) {
 }  // namespace
 
 BoxAnswer QtDesktop::doShowBox(const MessageBox& box) {
-  QMessageBox window(iconOf(box.icon), shown(box.title), shown(box.text), buttonsOf(box.buttons),
+  QMessageBox window(iconOf(box.icon), shown(box.title), textOf(box), buttonsOf(box.buttons),
                      askingWindow());
   window.setTextFormat(Qt::PlainText);
   window.setWindowModality(Qt::ApplicationModal);
@@ -190,8 +201,9 @@ BoxAnswer QtDesktop::doShowBox(const MessageBox& box) {
       button->setText(shown(worded(each.caption)));
     }
   }
+  // OK beside Cancel, and Yes, give data up: that takes more than a hasty Enter.
+  if (box.buttons == BoxButtons::okCancel) window.setDefaultButton(QMessageBox::Cancel);
   if (box.buttons == BoxButtons::yesNo) {
-    // Yes gives data up: it takes more than a hasty Enter.
     window.setDefaultButton(QMessageBox::No);
     window.setEscapeButton(QMessageBox::No);
   }
@@ -210,6 +222,7 @@ std::string QtDesktop::doAskText(const TextPrompt& prompt) {
   text->setTextFormat(Qt::PlainText);
   auto* const entry = new QLineEdit(shown(prompt.answer));
   entry->selectAll();
+  leaveAltKeys(entry);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   buttons->button(QDialogButtonBox::Ok)->setText(shown(worded(okCaption)));
   buttons->button(QDialogButtonBox::Cancel)->setText(shown(worded(cancelCaption)));

@@ -1,4 +1,4 @@
-// The dialogs of add/reduce and multiply: threshold and amount, each explained by a note.
+// The dialogs of add/reduce and multiply: amount and threshold, each explained by a note.
 #include <QDialog>
 #include <QGridLayout>
 #include <QLabel>
@@ -16,10 +16,10 @@ QWidget* makeBulkChangeWindow(BulkChangeDialog& form) {
   QDialog* const window = newDialog();
   auto* const cells = new QGridLayout;
   cells->setColumnStretch(2, 1);
-  addField(cells, form.Label1, form.Text1);
-  cells->addWidget(noteFor(form.Label3), cells->rowCount(), 0, 1, 3);
   addField(cells, form.Label2, form.Text2);
   cells->addWidget(noteFor(form.Label4), cells->rowCount(), 0, 1, 3);
+  addField(cells, form.Label1, form.Text1);
+  cells->addWidget(noteFor(form.Label3), cells->rowCount(), 0, 1, 3);
   QBoxLayout* const rows = rowsOf(window);
   rows->addLayout(cells);
   rows->addLayout(buttonRow({&form.Command1, &form.Command2}));

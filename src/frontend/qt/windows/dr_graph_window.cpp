@@ -149,8 +149,8 @@ QLayout* makeButtons(DrGraph& form) {
   auto* const row = new QHBoxLayout;
   row->addWidget(buttonFor(form.Command3));
   row->addStretch();
-  row->addWidget(buttonFor(form.Command1));
   row->addWidget(buttonFor(form.Command2));
+  row->addWidget(buttonFor(form.Command1));
   return row;
 }
 

@@ -93,12 +93,12 @@ void showFrontPanel(QStackedWidget* stack, QTabBar* tabs, const Form1& form) {
 }
 
 QStatusBar* makeStatusBar(Form1& form) {
-  auto* const progress = new QProgressBar;
+  auto* const bar = new QStatusBar;
+  auto* const progress = new QProgressBar(bar);
   progress->setFixedWidth(progressWidth);
   progress->setTextVisible(false);
   progress->setFixedHeight(progressHeight);
   bind(progress, form.ProgressBar1);
-  auto* const bar = new QStatusBar;
   bar->setContentsMargins(6, 0, 6, 0);
   bar->addWidget(labelFor(form.Label13), 1);
   bar->addPermanentWidget(progress);

@@ -61,6 +61,7 @@ QWidget* makeOddEvenWindow() {
   cells->addWidget(noteFor(form.Label1), 1, 1);
   cells->addWidget(buttonFor(form.Command2), 2, 0);
   cells->addWidget(noteFor(form.Label2), 2, 1);
+  cells->addLayout(buttonRow({&form.Close}), 3, 0, 1, 2);
   bindWindow(window, form);
   return window;
 }
