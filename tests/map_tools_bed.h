@@ -21,9 +21,7 @@ class LoadedCarTest : public ProgramTest {
  protected:
   static constexpr int columns = 8;
   static constexpr int rows = 6;
-  static constexpr int airflowTab = 5;
   static constexpr int doubledTab = 7;
-  static constexpr int globalTab = 14;
 
   // 8 x 6 maps from &H100 on, 64 bytes apart; 16 airflow words; the eight additional maps.
   LoadedCarTest() {

@@ -4,6 +4,7 @@
 
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/map_kinds.h"
 #include "core/wording.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
@@ -20,9 +21,10 @@ float quotient(double dividend, double divisor) {
   return static_cast<float>(dividend / divisor);
 }
 
-void showBoostRow(Grid& grid, const MapEntry& scale) {
+void showBoostRow(const MapKind& scale) {
+  Grid& grid = gridOf(scale);
   const GridPause pause(grid);
-  for (int c = 1; c <= columnsOf(scale); ++c) {
+  for (int c = 1; c <= columnsOf(entryOf(scale)); ++c) {
     grid.setText(0, c, formatFixed(boostFromTp(parseLong(grid.text(1, c))), 2));
   }
   grid.setText(0, 0, worded({"加給圧", "Boost"}));
@@ -42,8 +44,9 @@ float boostFromTp(std::int32_t tp) {
 
 void recalculateBoost() {
   trapFailure([] {
-    showBoostRow(form1().TP_FUEL, editorState.addressMap.map(TP_SCALE_FUEL));
-    showBoostRow(form1().TP_FIRE, editorState.addressMap.map(TP_SCALE_FIRE));
+    for (const MapKind& kind : mapKinds()) {
+      if (kind.rules().after == AfterEffect::boostRow) showBoostRow(kind);
+    }
   });
 }
 

@@ -37,6 +37,7 @@ struct CellRules {
 constexpr std::int32_t byteLimit = 255;
 constexpr std::int32_t wordLimit = 65535;
 
+constexpr int airflowTab = 5;
 // The tab of the single parameters, which shows no one map.
 constexpr int globalTab = 14;
 constexpr MapId noMap{};

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/image_bytes.h"
+#include "core/map_cells.h"
 #include "core/map_display.h"
 #include "core/progress.h"
 #include "core/rom_image.h"
@@ -22,8 +22,7 @@ const MapCopy fuelAndIgnition{"Form3",
                                 {"レギュラー → ハイオク", "Low octane to High octane"}}},
                               {{{"燃料", "Fuel"}, {"点火", "Ignition time"}}},
                               {{{"", "I copy a fuel map."}, {"", "I copy an ignition time map."}}},
-                              true,
-                              false};
+                              true};
 
 const MapCopy scales{
     "Form4",
@@ -34,8 +33,7 @@ const MapCopy scales{
     {{{"燃料 → 点火", "Fuel to Ignition time"}, {"点火 → 燃料", "Ignition time to Fuel"}}},
     {{{"TP スケール", "TP scale"}, {"回転 スケール", "RPM scale"}}},
     {{{"", "TP scale also copies it together."}, {"", "RPM scale also copies it together."}}},
-    false,
-    true};
+    false};
 
 bool isPresent(MapId id) { return editorState.addressMap.map(id).present(); }
 
@@ -90,8 +88,9 @@ void MapCopyDialog::copyPairs() {
     if (!checks[i]->checked() || !checks[i]->enabled()) continue;
     const auto [first, second] = design_.pairs[i];
     const bool forward = Option1.selected();
-    copyMap(forward ? first : second, forward ? second : first);
-    if (i == 0 && design_.movesLoads) recalculateBoost();
+    const MapId target = forward ? second : first;
+    copyMap(forward ? first : second, target);
+    showAfterEffect(*findMapKind(target));
   }
 }
 

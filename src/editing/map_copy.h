@@ -26,7 +26,6 @@ struct MapCopy {
   std::array<Wording, 2> checks;
   std::array<Wording, 2> hints;
   bool needsBothMaps;  // a pair with an absent map can't be ticked
-  bool movesLoads;     // the first pair decides the boost rows
 };
 
 // `Option1` and `Option2` are the directions, `Check1` and `Check2` the pairs to copy.

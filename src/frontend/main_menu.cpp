@@ -33,7 +33,7 @@ namespace {
 
 constexpr Tabs tab(int number) { return Tabs{1} << number; }
 
-constexpr Tabs airflow = tab(5);
+constexpr Tabs airflow = tab(airflowTab);
 constexpr Tabs parameters = tab(globalTab);
 
 constexpr CommandGuard copying{{"ROM DATAが読み込まれていないのに、データのコピーはできません。",

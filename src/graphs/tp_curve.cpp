@@ -107,9 +107,10 @@ void openTpGraph() {
 }
 
 void okTpGraph() {
-  const MapKind* kind = scaleOfTab();
-  if (kind && entryOf(*kind).present()) writeTpGraphToGrid(*kind, entryOf(*kind).columns);
-  recalculateBoost();
+  if (const MapKind* const scale = scaleOfTab()) {
+    writeTpGraphToGrid(*scale, entryOf(*scale).columns);
+    showAfterEffect(*scale);
+  }
   closeDialog(D2_GRAPH);
 }
 

@@ -20,19 +20,6 @@ constexpr int boxWidth = 84;
 constexpr Qt::Alignment corner = Qt::AlignTop | Qt::AlignLeft;
 const QString mapName = QStringLiteral("map");
 
-// The scales beside a map: load above it, engine speed at its side under a heading.
-struct Scales {
-  int tab;
-  Grid Form1::*load;
-  Grid Form1::*speed;
-  Label Form1::*heading;
-};
-
-constexpr Scales scalesOfTabs[] = {
-    {1, &Form1::TP_FUEL, &Form1::RPM_FUEL, &Form1::Label15},
-    {2, &Form1::TP_FIRE, &Form1::RPM_FIRE, &Form1::Label16},
-};
-
 // A cell of a map's parameters: label, box and, where it has one, unit.
 struct Row {
   Label Form1::*label;
@@ -82,17 +69,19 @@ GridView* addMap(QGridLayout* cells, Grid& map) {
   return view;
 }
 
-// Each scale cell stands over the map's column or beside the map's row that it belongs to.
-GridView* addMapWithScales(QGridLayout* cells, Grid& map, const Scales& scales) {
+// The load scale above the map, engine speed at its side under a heading: each scale cell stands
+// over the map's column or beside the map's row that it belongs to.
+GridView* addMapWithScales(QGridLayout* cells, const MapKind& kind) {
   Form1& form = form1();
-  auto* const load = new GridView(form.*scales.load);
-  auto* const speed = new GridView(form.*scales.speed);
+  Grid& map = gridOf(kind);
+  auto* const load = new GridView(gridOf(*loadScaleOf(kind)));
+  auto* const speed = new GridView(gridOf(*speedScaleOf(kind)));
   auto* const view = new GridView(map);
   load->setObjectName(QStringLiteral("load"));
   speed->setObjectName(QStringLiteral("speed"));
   load->followColumnsOf(view);
   speed->followRowsOf(view);
-  auto* const heading = labelFor(form.*scales.heading);
+  auto* const heading = labelFor(kind.id == HIGH_FUEL ? form.Label15 : form.Label16);
   heading->setFont(gridFont());
   heading->setAlignment(Qt::AlignCenter);
   heading->setFixedHeight(pixels(map.rowHeight(0)));
@@ -174,9 +163,7 @@ void addGlobals(QGridLayout* cells) {
 GridView* fillPanel(QGridLayout* cells, int tab) {
   const MapKind& kind = *mapKindOfTab(tab);
   Grid& map = gridOf(kind);
-  for (const Scales& scales : scalesOfTabs) {
-    if (scales.tab == tab) return addMapWithScales(cells, map, scales);
-  }
+  if (loadScaleBeside(tab)) return addMapWithScales(cells, kind);
   return kind.rules().after == AfterEffect::airflowView ? addAirflow(cells, map)
                                                         : addMap(cells, map);
 }
