@@ -5,6 +5,7 @@
 #include <string>
 
 #include "controls/canvas.h"
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/grid.h"
 

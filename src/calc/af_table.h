@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/grid.h"
 #include "controls/window.h"

@@ -2,6 +2,7 @@
 // them. They only feed the boost figures; nothing here touches the image.
 #pragma once
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/window.h"
 

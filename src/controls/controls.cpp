@@ -26,20 +26,20 @@ std::string TextBox::edited(std::string_view text, By by) const {
   const std::u32string before = utf32(text_);
   const std::u32string after = utf32(text);
   const auto [oldPart, newPart] = std::ranges::mismatch(before, after);
-  const auto same =
-      std::ranges::mismatch(std::ranges::subrange(before.rbegin(), std::reverse_iterator(oldPart)),
-                            std::ranges::subrange(after.rbegin(), std::reverse_iterator(newPart)));
-  std::u32string entered(newPart, same.in2.base());
+  const auto sameEnd = std::mismatch(before.rbegin(), std::reverse_iterator(oldPart),
+                                     after.rbegin(), std::reverse_iterator(newPart))
+                           .second.base();
+  std::u32string entered(newPart, sameEnd);
   const bool enters = !entered.empty();
   if (by == By::keys && keyFilter) std::erase_if(entered, std::not_fn(keyFilter));
-  const std::size_t kept = after.size() - static_cast<std::size_t>(same.in2.base() - newPart);
+  const std::size_t kept = after.size() - static_cast<std::size_t>(sameEnd - newPart);
   if (maxLength_ > 0) {
     const std::size_t limit = std::max(static_cast<std::size_t>(maxLength_), before.size());
     entered.resize(std::min(entered.size(), limit - std::min(limit, kept)));
   }
   if (enters && entered.empty()) return text_;
   return utf8(std::u32string(after.begin(), newPart) + entered +
-              std::u32string(same.in2.base(), after.end()));
+              std::u32string(sameEnd, after.end()));
 }
 
 void TextBox::userEdit(std::string_view text, By by) {

@@ -12,7 +12,6 @@
 #include <utility>
 #include <vector>
 
-#include "controls/button.h"
 #include "controls/colour.h"
 #include "controls/control.h"
 #include "controls/window.h"

@@ -3,7 +3,6 @@
 #include <string>
 #include <utility>
 
-#include "core/editor_state.h"
 #include "core/form1.h"
 
 const char* const failureTitle = "Detected error.This error is not fatal.";

@@ -87,7 +87,8 @@ struct EditorState {
   std::string compareTitle;
 
   // The block that was copied last, by column and row.
-  std::vector<std::int32_t> copyBuffer = std::vector<std::int32_t>(copyColumns * copyRows);
+  std::vector<std::int32_t> copyBuffer =
+      std::vector<std::int32_t>(std::size_t{copyColumns} * copyRows);
   std::int32_t copyLastColumn = 0;
   std::int32_t copyLastRow = 0;
 };

@@ -9,7 +9,6 @@
 #include "controls/controls.h"
 #include "controls/grid.h"
 #include "controls/window.h"
-#include "core/map_entries.h"
 
 struct Form1 : Window {
   Form1();

@@ -8,7 +8,6 @@
 #include "core/form1.h"
 #include "core/image_bytes.h"
 #include "core/map_kinds.h"
-#include "platform/failure.h"
 #include "platform/numbers.h"
 
 namespace {

@@ -8,7 +8,6 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
-#include "core/global_parameters.h"
 #include "core/image_bytes.h"
 #include "core/map_display.h"
 #include "core/map_extent.h"

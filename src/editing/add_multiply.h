@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/window.h"
 #include "core/wording.h"

@@ -11,7 +11,6 @@
 #include "core/rom_image.h"
 #include "core/settings_file.h"
 #include "editing/address_grid.h"
-#include "editing/entry.h"
 #include "platform/numbers.h"
 
 namespace {

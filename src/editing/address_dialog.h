@@ -3,6 +3,7 @@
 // shown.
 #pragma once
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/window.h"
 

@@ -2,6 +2,7 @@
 // reach the image only at OK; then all maps and parameters are drawn again from the image.
 #pragma once
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/grid.h"
 #include "controls/window.h"

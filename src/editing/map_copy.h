@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/window.h"
 #include "core/map_entries.h"

@@ -3,6 +3,7 @@
 // move along.
 #pragma once
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/window.h"
 #include "core/map_kinds.h"

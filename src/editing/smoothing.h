@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/window.h"
 #include "core/map_kinds.h"

@@ -2,6 +2,7 @@
 // sound.
 #pragma once
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/window.h"
 

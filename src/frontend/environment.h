@@ -2,6 +2,7 @@
 // deletion of the recent-files list.
 #pragma once
 
+#include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/window.h"
 

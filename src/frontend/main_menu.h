@@ -35,9 +35,9 @@ struct MenuRow {
 
 std::span<const MenuRow> menuRows();
 
-// Adds the records of `rows` below `bar`, with their Japanese captions. A menu that opens lets its
+// Adds the records of `shown` below `bar`, with their Japanese captions. A menu that opens lets its
 // rows follow the state in force first.
-void addMenuRows(MenuItem& bar, std::span<const MenuRow> rows);
+void addMenuRows(MenuItem& bar, std::span<const MenuRow> shown);
 
 // Makes the menu bar's records from the table.
 void makeMainMenu();

@@ -1,6 +1,7 @@
 // The window "3D GRAPH EDIT": canvas, labels and lines on it, and the display parameters below.
 #pragma once
 
+#include "controls/button.h"
 #include "controls/canvas.h"
 #include "controls/controls.h"
 #include "controls/line.h"

@@ -10,6 +10,7 @@
 #include "core/wording.h"
 #include "graphs/dr_graph.h"
 #include "graphs/projection.h"
+#include "graphs/surface_picture.h"
 #include "platform/numbers.h"
 
 GraphState graphState;

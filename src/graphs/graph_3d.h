@@ -10,7 +10,7 @@
 #include "controls/colour.h"
 #include "controls/grid.h"
 #include "core/map_kinds.h"
-#include "graphs/surface_picture.h"
+#include "graphs/projection.h"
 
 // Outlives the window. Cells are counted from 1.
 struct GraphState {
@@ -29,7 +29,7 @@ struct GraphState {
   GraphTable compareScreenY{};
   // For each cell on show in reading order: 1 when it was at or above the threshold at the last
   // reading of the grid.
-  std::array<std::int32_t, graphCells * graphCells> fbFlags{};
+  std::array<std::int32_t, std::size_t{graphCells} * graphCells> fbFlags{};
 };
 
 extern GraphState graphState;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 
+#include "controls/button.h"
 #include "controls/canvas.h"
 #include "controls/controls.h"
 #include "controls/grid.h"

@@ -123,7 +123,7 @@ std::vector<std::uint8_t> readIntelHexOrNothing(std::span<const std::uint8_t> fi
   ProgressSteps progress(barFullAt);
   std::int64_t lines = 0;
   std::size_t start = 0;
-  for (auto end = text.find(carriageReturn); end != text.npos;
+  for (auto end = text.find(carriageReturn); end != std::string_view::npos;
        end = text.find(carriageReturn, start)) {
     if (++lines > maximumLines) throw Failure(badSubscript);
     const std::string_view line = text.substr(start, end - start);

@@ -84,7 +84,7 @@ bool makesFilesBeside(std::vector<Replacement>& replacements, const std::string&
 // Gives the replacement's number.
 std::string makeFilesBeside(std::vector<Replacement>& replacements) {
   for (int i = 0; i < numbersToTry; ++i) {
-    const std::string number = freshNumber();
+    std::string number = freshNumber();
     if (makesFilesBeside(replacements, number)) return number;
     for (Replacement& each : replacements) {
       each.waiting.reset();

@@ -232,7 +232,7 @@ void bind(QRadioButton* widget, Option& record) {
     widget->setAutoExclusive(true);
   });
   forwardPress(widget, [&record] { record.userMouseDown(); });
-  QObject::connect(widget, &QRadioButton::clicked, [widget, &record] {
+  QObject::connect(widget, &QRadioButton::clicked, [&record] {
     record.userSelect();
     for (Option* member : record.group().members()) {
       if (member->observer) member->observer({Change::values});

@@ -3,8 +3,8 @@
 // the widget; its observer is cleared when the widget dies.
 #pragma once
 
+#include "controls/button.h"
 #include "controls/controls.h"
-#include "controls/window.h"
 
 class QCheckBox;
 class QGroupBox;

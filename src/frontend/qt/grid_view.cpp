@@ -7,7 +7,6 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "frontend/qt/bind_controls.h"
 #include "frontend/qt/event_tap.h"
 #include "frontend/qt/grid_header.h"
 #include "frontend/qt/grid_model.h"

@@ -11,7 +11,7 @@ QString shownCaption(const std::string& text) {
 }
 
 QString shownTip(const std::string& text) {
-  const QString tip = shown(text);
+  QString tip = shown(text);
   if (tip.size() <= longTip && !tip.contains(QLatin1Char('<'))) return tip;
   return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(tip.toHtmlEscaped());
 }

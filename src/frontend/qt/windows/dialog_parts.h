@@ -4,6 +4,7 @@
 
 #include <initializer_list>
 
+#include "controls/button.h"
 #include "controls/controls.h"
 
 class QBoxLayout;

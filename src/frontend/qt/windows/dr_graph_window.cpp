@@ -14,7 +14,6 @@
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/canvas_view.h"
 #include "frontend/qt/line_view.h"
-#include "frontend/qt/look.h"
 #include "frontend/qt/windows/dialog_parts.h"
 #include "graphs/dr_graph.h"
 
