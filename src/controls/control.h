@@ -15,7 +15,7 @@ class Window;
 
 // What changed in a record. `row` and `column` count for `cell` only.
 struct Change {
-  enum Kind { values, focus, cell, cells, shape, selection, repaint };
+  enum Kind { values, focus, cell, cells, shape, selection, repaint, light };
   Kind kind = values;
   int row = 0;
   int column = 0;

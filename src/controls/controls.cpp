@@ -5,6 +5,7 @@
 #include <iterator>
 #include <ranges>
 
+#include "controls/gesture.h"
 #include "controls/handler.h"
 #include "platform/utf8.h"
 
@@ -14,6 +15,15 @@ void Label::userClick() {
 
 void Frame::userClick() {
   if (takesInput()) runHandler(onClick);
+}
+
+void TextBox::changing(const std::string& to) {
+  if (watch && to != text_) watch->textChanges(*this);
+}
+
+void TextBox::setText(std::string text) {
+  changing(text);
+  assign(text_, std::move(text));
 }
 
 void TextBox::gotFocus() {
@@ -45,6 +55,8 @@ std::string TextBox::edited(std::string_view text, By by) const {
 void TextBox::userEdit(std::string_view text, By by) {
   std::string left = edited(text, by);
   if (left == text_) return;
+  const Gesture gesture({this});
+  changing(left);
   assign(text_, std::move(left));
   runHandler(onChange);
 }

@@ -38,11 +38,22 @@ class Frame : public Captioned {
   std::function<void()> onClick;
 };
 
+class TextBox;
+
+// Told of a box before its text changes.
+class TextWatch {
+ public:
+  virtual void textChanges(TextBox& box) = 0;
+
+ protected:
+  ~TextWatch() = default;
+};
+
 class TextBox : public Control {
  public:
   explicit TextBox(Window& owner, std::string text = {}) : Control(owner), text_(std::move(text)) {}
   const std::string& text() const { return text_; }
-  void setText(std::string text) { assign(text_, std::move(text)); }
+  void setText(std::string text);
   // The longest text in characters that the user's editing can make; 0: no limit.
   int maxLength() const { return maxLength_; }
   void setMaxLength(int characters) { assign(maxLength_, characters); }
@@ -60,11 +71,15 @@ class TextBox : public Control {
   std::function<bool(char32_t)> keyFilter;
   std::function<void()> onChange;
 
+  TextWatch* watch = nullptr;
+
  protected:
   // A box that gets the focus selects its whole text.
   void gotFocus() override;
 
  private:
+  void changing(const std::string& to);
+
   std::string text_;
   int maxLength_ = 0;
 };

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
+#include "controls/gesture.h"
 #include "controls/handler.h"
 
 Grid::Grid(Window& owner, int rows, int columns, int fixedRows, int fixedColumns, Look look)
@@ -48,6 +50,16 @@ void Grid::setBackground(int row, int column, Colour colour) {
   target.background = colour;
   target.painted = true;
   cellChanged(row, column);
+}
+
+void Grid::swapCell(int row, int column, Cell& other) {
+  std::swap(cell(row, column), other);
+  cellChanged(row, column);
+}
+
+void Grid::lightUp(std::vector<std::int32_t> cells) {
+  litCells_ = std::move(cells);
+  tell({Change::light});
 }
 
 void Grid::clear() {
@@ -154,11 +166,14 @@ void Grid::userDoubleClick() {
 }
 
 void Grid::userKey(char32_t key) {
-  if (takesInput()) runHandler(onKey, key);
+  if (!takesInput()) return;
+  const Gesture gesture({this, key});
+  runHandler(onKey, key);
 }
 
 void Grid::userKeyUp() {
   if (takesInput()) runHandler(onKeyUp);
+  endGestureThread();
 }
 
 void Grid::userMouseDown(MouseButton button) {

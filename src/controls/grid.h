@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -34,6 +35,14 @@ struct GridBlock {
 };
 
 enum class MouseButton { left, right, middle };
+
+// What a cell shows.
+struct GridCell {
+  std::string text;
+  Colour background;
+  bool painted = false;  // false for a cell that was never painted
+  bool operator==(const GridCell&) const = default;
+};
 
 class Grid : public Control {
  public:
@@ -75,8 +84,15 @@ class Grid : public Control {
     target.painted = true;
     cellChanged(row, column);
   }
+  const GridCell& cellAt(int row, int column) const { return cell(row, column); }
+  // Puts `other` into the cell and gives what stood there.
+  void swapCell(int row, int column, GridCell& other);
   // Takes all texts and colours away; the size stays.
   void clear();
+
+  // Draws the eye to cells for a moment, each given as row times columns plus column.
+  void lightUp(std::vector<std::int32_t> cells);
+  const std::vector<std::int32_t>& litCells() const { return litCells_; }
 
   int row() const { return selection_.row; }
   int column() const { return selection_.column; }
@@ -114,11 +130,7 @@ class Grid : public Control {
   std::function<void(MouseButton)> onMouseDown;
 
  private:
-  struct Cell {
-    std::string text;
-    Colour background;
-    bool painted = false;
-  };
+  using Cell = GridCell;
   void checkRow(int row) const {
     if (row < 0 || row >= rows_) throw Failure(badSubscript);
   }
@@ -156,6 +168,7 @@ class Grid : public Control {
   int widthOfAll_ = designColumnWidth;
   std::vector<int> ownWidths_;  // of the first columns; 0: the width of all
   std::vector<int> ownHeights_;
+  std::vector<std::int32_t> litCells_;
 };
 
 // Keeps a grid from repainting, and hides it if told so, until the end of the scope, on every path.

@@ -5,6 +5,7 @@
 #include <functional>
 #include <type_traits>
 
+#include "controls/gesture.h"
 #include "platform/failure.h"
 
 // Told of the number of a failure that no command caught. Where nobody listens, it goes on to the
@@ -15,6 +16,7 @@ template <class... Arguments>
 void runHandler(const std::function<void(Arguments...)>& handler,
                 const std::type_identity_t<Arguments>&... arguments) {
   if (!handler) return;
+  const Gesture gesture;
   if (!onEscapedFailure) return handler(arguments...);
   const int number = trapFailure([&] { handler(arguments...); });
   if (number != 0) onEscapedFailure(number);

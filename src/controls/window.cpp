@@ -2,6 +2,7 @@
 
 #include "controls/button.h"
 #include "controls/desktop.h"
+#include "controls/gesture.h"
 #include "controls/handler.h"
 
 void Window::setCaption(std::string text) {
@@ -56,6 +57,7 @@ void Window::userClose() {
 }
 
 void Window::userEnter() {
+  endGestureThread();
   if (defaultButton) defaultButton->userClick();
 }
 
@@ -71,6 +73,7 @@ void Window::moveFocus(Control* to) {
   if (focus_ == to) return;
   Control* const from = focus_;
   focus_ = to;
+  endGestureThread();
   if (from) runHandler(from->onLostFocus);
   if (focus_ == to && to) to->gotFocus();
 }

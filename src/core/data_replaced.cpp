@@ -1,5 +1,9 @@
 #include "core/data_replaced.h"
 
+#include "core/history.h"
 #include "core/map_display.h"
 
-void dataReplaced() { resetPanels(); }
+void dataReplaced() {
+  forgetHistory();
+  resetPanels();
+}

@@ -3,6 +3,8 @@
 #include <memory>
 #include <utility>
 
+#include "controls/gesture.h"
+
 namespace {
 
 constexpr Colour mapLines = rgb(64, 64, 64);
@@ -83,4 +85,7 @@ Form1& form1() {
   return *mainWindow;
 }
 
-void discardForm1() { mainWindow.reset(); }
+void discardForm1() {
+  watchGestures(nullptr);
+  mainWindow.reset();
+}

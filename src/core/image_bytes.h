@@ -7,6 +7,7 @@
 #include <span>
 
 #include "core/editor_state.h"
+#include "core/step.h"
 #include "platform/failure.h"
 
 // How many bytes lie in the image from `offset` on; none for an offset outside.
@@ -22,7 +23,9 @@ inline int imageByte(std::int64_t offset) {
 }
 inline void setImageByte(std::int64_t offset, std::uint8_t byte) {
   if (imageBytesFrom(offset) < 1) throw Failure(badSubscript);
-  editorState.image[static_cast<std::size_t>(offset)] = byte;
+  std::uint8_t& place = editorState.image[static_cast<std::size_t>(offset)];
+  if (stepNotes.on() && place != byte) stepNotes.byte(offset, place);
+  place = byte;
 }
 
 // Those of `bytes` that lie in the image when the first stands at `offset`; the others are left

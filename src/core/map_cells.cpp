@@ -7,6 +7,7 @@
 #include "core/airflow_view.h"
 #include "core/boost.h"
 #include "core/map_colours.h"
+#include "core/step.h"
 #include "platform/numbers.h"
 
 namespace {
@@ -73,6 +74,7 @@ void MapCells::clear() { grid_.clear(); }
 
 void MapCells::put(int row, int column, std::string_view text, const Colour* colour) {
   if (!present_) return;
+  if (stepNotes.on()) stepNotes.cell(kind_, row, column);
   if (colour) {
     grid_.setCell(row, column, text, *colour);
   } else {

@@ -13,6 +13,7 @@
 #include "core/map_extent.h"
 #include "core/map_kinds.h"
 #include "core/progress.h"
+#include "core/step.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 #include "platform/utf8.h"
@@ -161,6 +162,7 @@ void Set_Memory(int columns, int rows, int address, int bytes, int mapId) {
   int number = 0;
   {
     const GridPause pause(gridOf(*kind), GridPause::Hide::yes);
+    const StepPause following;
     number = trapFailure([&] { storeCells({*kind, columns, rows, address, bytes}); });
   }
   if (number != 0) showRoutineError("SET_MEMORY");
@@ -172,6 +174,7 @@ void writeMapBack(int mapId) {
 }
 
 void ANY_SET_MEMORY() {
+  const StepPause following;
   const int number = trapFailure([] {
     for (const ParamKind& kind : paramKinds()) storeParam(kind);
   });

@@ -1,8 +1,10 @@
 #include "frontend/form1_loading.h"
 
+#include "changes/undo.h"
 #include "core/address_map.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/history.h"
 #include "core/map_display.h"
 #include "core/settings_file.h"
 #include "frontend/languages.h"
@@ -26,4 +28,7 @@ void loadForm1() {
   editorState.image = RomImage(startImageBytes);
   form.bringPanelToFront(1);
   rebuildRecentMenu();
+  onHistoryChange = showHistory;
+  keepHistory();
+  showHistory();
 }

@@ -6,6 +6,7 @@
 
 #include "calc/af_table.h"
 #include "calc/engine_specification.h"
+#include "changes/undo.h"
 #include "core/address_loading.h"
 #include "core/boost.h"
 #include "core/dialogs.h"
@@ -144,6 +145,9 @@ const MenuRow rows[] = {
      load_map_addr},
     {2, "set_spl", "仕様設定", "Engine specification setup", "", set_spl},
     {2, "SET_DEFAULT_FOLDER", "環境設定", "Environment set up", "", SET_DEFAULT_FOLDER},
+    {1, "changes", "変更", "Changes", "", nullptr},
+    {2, "undo", "元に戻す", "Undo", "Ctrl+Z", undoChange},
+    {2, "redo", "やり直し", "Redo", "Ctrl+Y; Ctrl+Shift+Z", redoChange},
     {1, "HLP777", "ヘルプ", "Help", "", nullptr},
     {2, "ver_displ", "バージョン情報", "Veriosn", "", ver_displ},
 };

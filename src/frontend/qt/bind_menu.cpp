@@ -61,7 +61,8 @@ void follow(QAction* action, MenuItem& item, bool isTitle) {
 QAction* makeAction(MenuItem& item, QWidget* parent) {
   if (!item.children().empty()) return makeMenu(item, parent)->menuAction();
   auto* const action = new QAction(parent);
-  action->setShortcut(QKeySequence(shown(item.shortcut()), QKeySequence::PortableText));
+  action->setShortcuts(
+      QKeySequence::listFromString(shown(item.shortcut()), QKeySequence::PortableText));
   QObject::connect(action, &QAction::triggered, [action, &item] {
     action->setChecked(item.checked().value_or(false));  // the record decides
     item.userPick();

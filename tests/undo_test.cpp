@@ -1,0 +1,86 @@
+// Undo and redo: one step for each gesture, whatever it changed.
+#include "core/history.h"
+#include "core/map_kinds.h"
+#include "editing/add_multiply.h"
+#include "editing/map_copy.h"
+#include "support.h"
+
+namespace {
+
+class Undo : public ProgramTest {
+ protected:
+  Undo() { loadSmallCar(); }
+  // All cells, colours and boxes.
+  static std::string all() {
+    std::string texts;
+    for (const MapKind& kind : mapKinds()) {
+      const Grid& grid = gridOf(kind);
+      for (int r = 0; r < grid.rows(); ++r) {
+        for (int c = 0; c < grid.columns(); ++c) {
+          texts += grid.text(r, c) + std::to_string(grid.background(r, c).blue) + '|';
+        }
+      }
+    }
+    for (const ParamKind& kind : paramKinds()) texts += (form1().*kind.box).text() + '|';
+    return texts;
+  }
+};
+
+TEST_F(Undo, EachGestureGoesBackAndComesAgainInOneStep) {
+  Grid& fuel = form1().Grid1;
+  const std::pair<const char*, std::function<void()>> gestures[] = {
+      {"cell", [&] { enterCell(fuel, 1, 1, "9"); }},
+      {"held key",
+       [&] {
+         drag(fuel, 1, 1, 4, 8);
+         for (int i = 0; i < 5; ++i) fuel.userKey('+');
+         fuel.userKeyUp();
+       }},
+      {"scale", [&] { enterCell(form1().TP_FUEL, 1, 1, "7"); }},
+      {"bulk",
+       [&] {
+         drag(fuel, 1, 1, 4, 8);
+         pick("add_dec");
+         typeOver(form7.Text2, "5");
+         form7.userEnter();
+       }},
+      {"paste",
+       [&] {
+         drag(fuel, 1, 1, 2, 2);
+         pick("CPY");
+         drag(fuel, 3, 3, 4, 4);
+         pick("PST");
+       }},
+      {"shift",
+       [&] {
+         pick("DT_SFT");
+         desk.shownWindows.back()->userEnter();
+       }},
+      {"copy",
+       [&] {
+         pick("F_F");
+         form3.userEnter();
+       }},
+      {"airflow", [&] { pick("use_s13_vq"); }},
+      {"box", [&] { typeOver(form1().Text4, "12"); }}};
+  for (const auto& [name, gesture] : gestures) {
+    SCOPED_TRACE(name);
+    const std::string before = all();
+    const std::string file = std::string(name) + ".bin";
+    const Bytes saved = saveImage(file);
+    gesture();
+    const std::string after = all();
+    EXPECT_NE(before, after);
+    const Bytes changed = saveImage("after " + file);
+    pick("undo");
+    EXPECT_EQ(all(), before);
+    EXPECT_EQ(saveImage("undone " + file), saved);
+    pick("redo");
+    EXPECT_EQ(all(), after);
+    EXPECT_EQ(saveImage("redone " + file), changed);
+    pick("undo");
+    EXPECT_EQ(all(), before);
+  }
+}
+
+}  // namespace
