@@ -69,6 +69,14 @@ void Window::userKey() {
   if (takesInput()) runHandler(onKey);
 }
 
+void Window::userUndo() {
+  if (takesInput()) runHandler(onUndo);
+}
+
+void Window::userRedo() {
+  if (takesInput()) runHandler(onRedo);
+}
+
 void Window::moveFocus(Control* to) {
   if (focus_ == to) return;
   Control* const from = focus_;

@@ -56,6 +56,8 @@ class Window {
   // Any key pressed while the window or one of its controls has the focus; runs before the control
   // sees the key.
   void userKey();
+  void userUndo();
+  void userRedo();
 
   Button* defaultButton = nullptr;
   Button* cancelButton = nullptr;
@@ -68,6 +70,9 @@ class Window {
   std::function<void()> onClose;
   std::function<void()> onUnload;
   std::function<void()> onKey;
+  // A window's own steps back and forth, beside those of the main window.
+  std::function<void()> onUndo;
+  std::function<void()> onRedo;
 
  private:
   friend class Control;

@@ -4,6 +4,7 @@
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/history.h"
 #include "core/map_cells.h"
 #include "core/map_kinds.h"
 #include "editing/selection.h"
@@ -23,7 +24,8 @@ const BulkChange addition{
     {"値より大きい値は変更されません。", "A more large value aren't changed than a value."},
     {"-5 したい場合は -5と入力する。", "I input a numerical value that I want to fluctuate."},
     "増減したい値を入力してください。",
-    DEC_DATA};
+    DEC_DATA,
+    {"増減", "addition"}};
 
 const BulkChange multiplication{
     "Form8",
@@ -33,7 +35,8 @@ const BulkChange multiplication{
     {"しきい値より大きい値は変更されません。", "A more large value aren't changed than a value."},
     {"15% 増やしたい場合は1.15と入力する。", "I input a numerical value that I want to fluctuate."},
     "",
-    multiplyData};
+    multiplyData,
+    {"乗算", "multiplication"}};
 
 // `newValue` makes a cell's new number from its old one.
 template <class NewValue>
@@ -98,6 +101,7 @@ void BulkChangeDialog::accept() {
   }
   design_.change(editorState.currentTab, cellNumber(Text1.text()),
                  realClamped(parseNumber(Text2.text())));
+  nameStep(design_.step, Text2.text());
   closeDialog(*this);
 }
 

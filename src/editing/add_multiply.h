@@ -19,6 +19,7 @@ struct BulkChange {
   Wording example;
   const char* amountHint;  // the same in both languages
   void (*change)(std::int32_t tab, std::int32_t threshold, float by);
+  Wording step;  // what the history calls it, before the amount
 };
 
 // `Text1` is the threshold, `Text2` the amount or factor.

@@ -13,6 +13,7 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/global_parameters.h"
+#include "core/history.h"
 #include "core/image_bytes.h"
 #include "core/map_colours.h"
 #include "core/map_display.h"
@@ -187,6 +188,7 @@ void Form6::fill() {
 
 void Form6::accept() {
   storeStretch(eGrid);
+  nameStep({"アドレス指定編集", "address editor"});
   showImageEverywhere();
   setProgress(-1);
   closeDialog(*this);

@@ -7,6 +7,7 @@
 #include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/history.h"
 #include "core/map_cells.h"
 #include "core/map_colours.h"
 #include "editing/entry.h"
@@ -76,6 +77,7 @@ void editCell(const MapKind& kind) {
   editorState.cellValue = roundToLong(value);
   MapCells(kind).set(grid.row(), grid.column(), editorState.cellValue, enteredColour(kind, value));
   showAfterEffect(kind);
+  nameStep({"入力", "entry"}, decimalText(editorState.cellValue));
 }
 
 void stepSelection(const MapKind& kind, char32_t key) {
@@ -85,6 +87,7 @@ void stepSelection(const MapKind& kind, char32_t key) {
   MapCells cells(kind);
   onStepKeys(key, [&](int direction) {
     const GridPause pause(grid);
+    nameStep(direction > 0 ? Wording{"増加キー", "step up"} : Wording{"減少キー", "step down"});
     walkSelection(grid, [&](int row, int column) {
       const std::int32_t value =
           stepped(cells.number(row, column), direction, step, kind.rules().stepLimit);

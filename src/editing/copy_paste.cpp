@@ -8,6 +8,7 @@
 
 #include "controls/desktop.h"
 #include "core/editor_state.h"
+#include "core/history.h"
 #include "core/map_cells.h"
 #include "core/map_colours.h"
 #include "core/map_kinds.h"
@@ -96,6 +97,7 @@ void pasteBlock(const MapKind& kind) {
   editorState.copyLastColumn = block->lastColumn;
   editorState.copyLastRow = block->lastRow;
   const std::int64_t numbers = readCells(*block, grid.block());
+  nameStep({"張り付け", "paste"});
   MapCells cells(kind);
   pasteFromBuffer(grid, numbers, [&cells](int row, int column, std::int32_t number) {
     cells.set(row, column, number, cellColour(number));

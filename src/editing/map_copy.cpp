@@ -5,6 +5,7 @@
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/history.h"
 #include "core/image_bytes.h"
 #include "core/map_cells.h"
 #include "core/map_display.h"
@@ -96,6 +97,7 @@ void MapCopyDialog::copyPairs() {
 
 void MapCopyDialog::accept() {
   copyPairs();
+  nameStep({"データコピー", "data copy"});
   setProgress(-1);
   closeDialog(*this);
 }

@@ -7,6 +7,7 @@
 #include "core/editor_state.h"
 #include "core/file_command.h"
 #include "core/form1.h"
+#include "core/history.h"
 #include "core/map_cells.h"
 #include "core/map_kinds.h"
 #include "platform/failure.h"
@@ -71,6 +72,7 @@ void MAP_SHIFT(const MapKind& kind, int columns, int rows) {
 
 void shiftCommand() {
   showOperation("SHIFT");
+  nameStep({"マップシフト", "shift"});
   trapFailure([] { shiftMapOfTab(editorState.currentTab); });
   recalculateBoost();
   closeDialog(form11);

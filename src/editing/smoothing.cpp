@@ -4,6 +4,7 @@
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/history.h"
 #include "core/map_cells.h"
 #include "core/map_kinds.h"
 #include "platform/numbers.h"
@@ -67,6 +68,7 @@ void Form10::fill() {
 
 void Form10::accept() {
   smoothOnTab(editorState.currentTab, cellNumber(Text1.text()));
+  nameStep({"スムージング", "smoothing"});
   closeDialog(*this);
 }
 

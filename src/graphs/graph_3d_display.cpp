@@ -7,6 +7,7 @@
 #include "graphs/dr_graph.h"
 #include "graphs/graph_3d.h"
 #include "graphs/graph_3d_editing.h"
+#include "graphs/graph_3d_steps.h"
 #include "platform/numbers.h"
 
 namespace {
@@ -14,6 +15,7 @@ namespace {
 void redrawWhenActive(Colour marker) {
   if (DR_GRAPH.formActive) redrawGraph3D();
   markCursor(marker);
+  settleGraphSteps();
 }
 
 void showTip() {
@@ -47,6 +49,7 @@ void showCompareChanged() {
   DR_GRAPH.Label20.setVisible(wanted);
   DR_GRAPH.Line4.setVisible(wanted);
   markCursor(markerYellow);
+  settleGraphSteps();
 }
 
 // A stored mask that no pair of boxes stands for leaves both off.
@@ -89,6 +92,7 @@ void openGraph3D() {
   // The draw gives the comparison up when no comparison image is loaded.
   DR_GRAPH.Check3.setChecked(editorState.graphShowCompare != 0);
   DR_GRAPH.Picture1.repaint();
+  beginGraphSteps();
 }
 
 void wireDisplayControls() {
@@ -119,6 +123,8 @@ void wireGraph3D() {
   window.Picture1.onKeyDown = graphKeyDown;
   window.Picture1.onKey = graphKey;
   window.Picture1.onKeyUp = graphKeyUp;
+  window.onUndo = undoGraphStep;
+  window.onRedo = redoGraphStep;
   wireDisplayControls();
 }
 

@@ -7,12 +7,14 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/error_log.h"
+#include "core/history.h"
 #include "core/key_assignment.h"
 #include "core/map_cells.h"
 #include "core/map_kinds.h"
 #include "core/settings_file.h"
 #include "graphs/dr_graph.h"
 #include "graphs/graph_3d.h"
+#include "graphs/graph_3d_steps.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 
@@ -114,11 +116,13 @@ void graphKeyUp(int /*keyCode*/) {
     drawGraph3D(gridOf(*kind), entry.columns, entry.rows, entry.caption, 1);
   }
   markCursor(markerYellow);
+  settleGraphSteps();
 }
 
 void writeGraphToGrid(const MapKind& kind, std::int32_t columns, std::int32_t rows) {
   const int shownColumns = std::min(columns, graphState.columns);
   const int shownRows = std::min(rows, graphState.rows);
+  nameStep({"3D グラフ", "3D graph"});
   const int number = trapFailure([&] { writeCells(kind, shownColumns, shownRows); });
   logError(operation, number, failureText(number));
 }

@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <optional>
 
 #include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/history.h"
 #include "core/key_assignment.h"
 #include "core/map_cells.h"
 #include "core/map_kinds.h"
+#include "graphs/edit_steps.h"
 #include "graphs/tp_picture.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
@@ -18,6 +21,10 @@ TpGraphState tpGraphState;
 D2Graph D2_GRAPH;
 
 namespace {
+
+using TpPoints = decltype(TpGraphState::pointY);
+
+EditSteps<TpPoints> steps;
 
 constexpr Colour orange = rgb(255, 128, 0);
 constexpr Colour frameGreen = rgb(0, 128, 0);
@@ -93,6 +100,13 @@ void keyUp(int /*keyCode*/) {
   showReadOut();
   drawTpCurve();
   showPicture();
+  steps.settle(tpGraphState.pointY);
+}
+
+void show(const std::optional<TpPoints>& points) {
+  if (!points) return;
+  tpGraphState.pointY = *points;
+  keyUp(0);
 }
 
 void openTpGraph() {
@@ -104,6 +118,7 @@ void openTpGraph() {
   const MapKind* kind = scaleOfTab();
   if (!kind || !entryOf(*kind).present()) return;
   loadTpGraph(gridOf(*kind), entryOf(*kind).columns, entryOf(*kind).caption);
+  steps.begin(tpGraphState.pointY);
 }
 
 void okTpGraph() {
@@ -111,6 +126,7 @@ void okTpGraph() {
     writeTpGraphToGrid(*scale, entryOf(*scale).columns);
     showAfterEffect(*scale);
   }
+  nameStep({"TP カーブ", "TP curve"});
   closeDialog(D2_GRAPH);
 }
 
@@ -123,6 +139,8 @@ D2Graph::D2Graph() : Window("D2_GRAPH") {
   Picture1.onKeyDown = keyDown;
   Picture1.onKey = keyPress;
   Picture1.onKeyUp = keyUp;
+  onUndo = [] { show(steps.undo()); };
+  onRedo = [] { show(steps.redo()); };
 }
 
 void loadTpGraph(Grid& grid, std::int32_t columns, const std::string& caption) {

@@ -6,6 +6,7 @@
 
 #include "controls/desktop.h"
 #include "core/editor_state.h"
+#include "core/history.h"
 #include "core/image_bytes.h"
 #include "core/map_display.h"
 #include "core/progress.h"
@@ -90,6 +91,7 @@ void loadVqTables() {
 }
 
 void useVqTable(std::span<const std::uint8_t> table) {
+  nameStep({"VQ MAP変更", "VQ table"});
   convert(table, editorState.addressMap.map(VQ_MAP));
   drawMap(VQ_MAP);
   setProgress(-1);

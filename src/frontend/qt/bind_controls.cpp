@@ -197,7 +197,19 @@ void bind(QGroupBox* widget, Frame& record) {
   forwardPress(widget, [&record] { record.userClick(); });
 }
 
+// A box whose changes the history keeps leaves the keys of undo and redo to it.
+void leaveStepKeys(QLineEdit* line) {
+  tapEvents(line, [](QEvent* event) {
+    if (event->type() != QEvent::ShortcutOverride) return false;
+    const auto* const key = static_cast<QKeyEvent*>(event);
+    if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo)) return false;
+    event->ignore();
+    return true;
+  });
+}
+
 void bind(QLineEdit* widget, TextBox& record) {
+  if (record.watch) leaveStepKeys(widget);
   // An input method would bring characters past the key filter.
   if (record.keyFilter) widget->setAttribute(Qt::WA_InputMethodEnabled, false);
   new EntryDoor(widget, record);

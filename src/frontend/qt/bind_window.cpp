@@ -2,6 +2,8 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QKeySequence>
+#include <QShortcut>
 #include <QWidget>
 #include <QWindow>
 #include <utility>
@@ -51,6 +53,16 @@ void tellEveryKey(QWidget* widget, Window& record) {
   });
 }
 
+void addStepKeys(QWidget* widget, Window& record) {
+  const auto add = [widget](const char* keys, auto run) {
+    for (const QKeySequence& each : QKeySequence::listFromString(QLatin1String(keys))) {
+      QObject::connect(new QShortcut(each, widget), &QShortcut::activated, widget, run);
+    }
+  };
+  add("Ctrl+Z", [&record] { record.userUndo(); });
+  add("Ctrl+Y; Ctrl+Shift+Z", [&record] { record.userRedo(); });
+}
+
 void repaintAll(QWidget* widget) {
   for (GridView* grid : widget->findChildren<GridView*>()) grid->applyChanges();
   widget->repaint();
@@ -69,5 +81,6 @@ void bindWindow(QWidget* widget, Window& record, std::function<void()> onShape) 
   widget->setObjectName(shown(record.name()));
   tapEvents(widget, [&record](QEvent* event) { return takeEvent(record, event); });
   if (record.onKey) tellEveryKey(widget, record);
+  if (record.onUndo) addStepKeys(widget, record);
   QObject::connect(widget, &QObject::destroyed, [&record] { record.observer = nullptr; });
 }

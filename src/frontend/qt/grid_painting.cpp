@@ -20,6 +20,7 @@ constexpr double lineShare = 0.75;       // the same of its lines
 constexpr int touchedShade = 110;
 constexpr int edgeWidth = 2;
 constexpr QColor selectionTint(206, 228, 255);
+constexpr QColor litBorder(255, 235, 59);
 
 // Texts as they were laid out, since maps show the same few numbers again and again.
 struct LaidOut {
@@ -166,4 +167,13 @@ void CellPainter::paintSelectionBorder(const QRect& area, bool focused) {
     painter_.setPen(QPen(colour, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     painter_.drawRect(area);
   }
+}
+
+// Dark and bright side by side, so that it stands out from every map colour.
+void CellPainter::paintLitCell(const QRect& area) {
+  painter_.setBrush(Qt::NoBrush);
+  painter_.setPen(Qt::black);
+  painter_.drawRect(area.adjusted(0, 0, -2, -2));
+  painter_.setPen(QPen(litBorder, 2));
+  painter_.drawRect(area.adjusted(2, 2, -3, -3));
 }

@@ -45,6 +45,8 @@ class CellPainter {
   void paintHeaderCell(const QRect& area, int row, int column);
   // The border around the selected block, which covers `area`.
   void paintSelectionBorder(const QRect& area, bool focused);
+  // A cell to which the eye is drawn for a moment.
+  void paintLitCell(const QRect& area);
 
  private:
   enum class Side { middle, right };

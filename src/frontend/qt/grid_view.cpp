@@ -55,6 +55,20 @@ void GridView::setUpHeader(QHeaderView* header) {
           [this, orientation](int section) { enterSection(orientation, section); });
 }
 
+// For as long as it takes to see where something came back.
+void GridView::lightUp() {
+  constexpr int lightMilliseconds = 900;
+  lit_ = true;
+  updateAll();
+  light_.start(lightMilliseconds, this);
+}
+
+void GridView::endLight() {
+  light_.stop();
+  lit_ = false;
+  updateAll();
+}
+
 void GridView::observe(const Change& change) {
   switch (change.kind) {
     case Change::focus:
@@ -72,6 +86,8 @@ void GridView::observe(const Change& change) {
     case Change::selection:
       updateAll();
       break;
+    case Change::light:
+      return lightUp();
     case Change::values:
       break;
   }
@@ -289,6 +305,7 @@ void GridView::paintEvent(QPaintEvent* event) {
     }
   }
   paintSelection(cells);
+  if (lit_) paintLitCells(cells);
 }
 
 QRect GridView::placeOf(int row, int column) const {
@@ -305,6 +322,14 @@ void GridView::paintSelection(CellPainter& cells) const {
   if (!isEnabled() || !marks().selection || top < 0 || left < 0 || !model_->hasIndex(bottom, right))
     return;
   cells.paintSelectionBorder(placeOf(top, left) | placeOf(bottom, right), hasFocus());
+}
+
+void GridView::paintLitCells(CellPainter& cells) const {
+  for (const std::int32_t place : record_.litCells()) {
+    const int row = place / record_.columns() - record_.fixedRows();
+    const int column = place % record_.columns() - record_.fixedColumns();
+    if (model_->hasIndex(row, column)) cells.paintLitCell(placeOf(row, column));
+  }
 }
 
 // The corner stands for the fixed cell in row 0 and column 0.

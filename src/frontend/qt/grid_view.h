@@ -85,6 +85,9 @@ class GridView : public QTableView {
   // Where a cell of the model stands in the viewport.
   QRect placeOf(int row, int column) const;
   void paintSelection(CellPainter& cells) const;
+  void paintLitCells(CellPainter& cells) const;
+  void lightUp();
+  void endLight();
 
   // Keys and mouse: grid_view_input.cpp
   int lastRow() const { return record_.rows() - 1; }
@@ -115,6 +118,8 @@ class GridView : public QTableView {
   bool needsBarBeside_ = false;
   std::optional<QPoint> dragPoint_;
   QBasicTimer dragTimer_;
+  QBasicTimer light_;
+  bool lit_ = false;
   Direction across_{horizontalScrollBar(), nullptr};
   Direction down_{verticalScrollBar(), nullptr};
   bool settling_ = false;

@@ -104,6 +104,7 @@ void GridView::dragTo(QPoint point) {
 }
 
 void GridView::timerEvent(QTimerEvent* event) {
+  if (event->timerId() == light_.timerId()) return endLight();
   if (event->timerId() != dragTimer_.timerId()) return QTableView::timerEvent(event);
   if (dragPoint_) dragTo(*dragPoint_);
 }

@@ -1,0 +1,56 @@
+#include "graphs/graph_3d_steps.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "graphs/dr_graph.h"
+#include "graphs/edit_steps.h"
+#include "graphs/graph_3d.h"
+
+namespace {
+
+// The heights, and the boxes that tell what they mean.
+struct GraphEdits {
+  GraphTable heights{};
+  std::array<std::int32_t, graphCells * graphCells> fbFlags{};
+  bool upperBit = false;
+  bool lowerBit = false;
+  int magnificationLine = 0;
+  std::string threshold;
+  bool operator==(const GraphEdits&) const = default;
+};
+
+EditSteps<GraphEdits> steps;
+
+GraphEdits editsNow() {
+  return {graphState.heights,        graphState.fbFlags,     DR_GRAPH.Check1.checked(),
+          DR_GRAPH.Check2.checked(), DR_GRAPH.List1.index(), DR_GRAPH.Text2.text()};
+}
+
+void show(const std::optional<GraphEdits>& edits) {
+  const MapKind* const kind = mapOnShow();
+  if (!edits || !kind) return;
+  DR_GRAPH.Check1.setChecked(edits->upperBit);
+  DR_GRAPH.Check2.setChecked(edits->lowerBit);
+  DR_GRAPH.List1.setIndex(edits->magnificationLine);
+  DR_GRAPH.Text2.setText(edits->threshold);
+  graphState.fbMask = maskOfBoxes();
+  graphState.magnification = selectedMagnification();
+  graphState.heights = edits->heights;
+  graphState.fbFlags = edits->fbFlags;
+  const MapEntry& entry = entryOf(*kind);
+  drawGraph3D(gridOf(*kind), entry.columns, entry.rows, entry.caption, 1);
+  markCursor(markerYellow);
+}
+
+}  // namespace
+
+void beginGraphSteps() { steps.begin(editsNow()); }
+
+void settleGraphSteps() { steps.settle(editsNow()); }
+
+void undoGraphStep() { show(steps.undo()); }
+
+void redoGraphStep() { show(steps.redo()); }
