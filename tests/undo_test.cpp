@@ -35,6 +35,7 @@ TEST_F(Undo, EachGestureGoesBackAndComesAgainInOneStep) {
          drag(fuel, 1, 1, 4, 8);
          for (int i = 0; i < 5; ++i) fuel.userKey('+');
          fuel.userKeyUp();
+         fuel.userKeyRest();
        }},
       {"scale", [&] { enterCell(form1().TP_FUEL, 1, 1, "7"); }},
       {"bulk",

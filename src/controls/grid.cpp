@@ -167,14 +167,18 @@ void Grid::userDoubleClick() {
 
 void Grid::userKey(char32_t key) {
   if (!takesInput()) return;
+  heldKey_ = key;
   const Gesture gesture({this, key});
   runHandler(onKey, key);
 }
 
 void Grid::userKeyUp() {
-  if (takesInput()) runHandler(onKeyUp);
-  endGestureThread();
+  if (!takesInput()) return;
+  const Gesture gesture({this, heldKey_});
+  runHandler(onKeyUp);
 }
+
+void Grid::userKeyRest() { endGestureThread(); }
 
 void Grid::userMouseDown(MouseButton button) {
   if (takesInput()) runHandler(onMouseDown, button);

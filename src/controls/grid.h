@@ -121,7 +121,9 @@ class Grid : public Control {
   void userSelect(const GridSelection& selection);
   void userDoubleClick();
   void userKey(char32_t key);
+  // A key that repeats goes up and down each time on some systems; `userKeyRest` is its real end.
   void userKeyUp();
+  void userKeyRest();
   void userMouseDown(MouseButton button);
 
   std::function<void()> onDoubleClick;
@@ -169,6 +171,7 @@ class Grid : public Control {
   std::vector<int> ownWidths_;  // of the first columns; 0: the width of all
   std::vector<int> ownHeights_;
   std::vector<std::int32_t> litCells_;
+  char32_t heldKey_ = 0;
 };
 
 // Keeps a grid from repainting, and hides it if told so, until the end of the scope, on every path.

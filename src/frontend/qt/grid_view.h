@@ -88,6 +88,7 @@ class GridView : public QTableView {
   void paintLitCells(CellPainter& cells) const;
   void lightUp();
   void endLight();
+  void endKey();
 
   // Keys and mouse: grid_view_input.cpp
   int lastRow() const { return record_.rows() - 1; }
@@ -119,6 +120,7 @@ class GridView : public QTableView {
   std::optional<QPoint> dragPoint_;
   QBasicTimer dragTimer_;
   QBasicTimer light_;
+  QBasicTimer rest_;  // after a key came up
   bool lit_ = false;
   Direction across_{horizontalScrollBar(), nullptr};
   Direction down_{verticalScrollBar(), nullptr};

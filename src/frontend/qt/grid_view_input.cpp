@@ -105,6 +105,7 @@ void GridView::dragTo(QPoint point) {
 
 void GridView::timerEvent(QTimerEvent* event) {
   if (event->timerId() == light_.timerId()) return endLight();
+  if (event->timerId() == rest_.timerId()) return endKey();
   if (event->timerId() != dragTimer_.timerId()) return QTableView::timerEvent(event);
   if (dragPoint_) dragTo(*dragPoint_);
 }
@@ -217,13 +218,22 @@ bool GridView::typeKey(const QKeyEvent& event) {
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
+  rest_.stop();
   applyChanges();
   if (event->matches(QKeySequence::SelectAll)) return selectAll();
   if (!moveByKey(*event) && !editByKey(*event) && !typeKey(*event)) event->ignore();
 }
 
+void GridView::endKey() {
+  rest_.stop();
+  record_.userKeyRest();
+}
+
 void GridView::keyReleaseEvent(QKeyEvent* event) {
-  if (!event->isAutoRepeat()) record_.userKeyUp();
+  constexpr int restMilliseconds = 60;  // longer than between the two halves of a repeat
+  if (event->isAutoRepeat()) return;
+  record_.userKeyUp();
+  rest_.start(restMilliseconds, this);
 }
 
 void GridView::focusInEvent(QFocusEvent* event) {
