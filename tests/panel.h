@@ -4,8 +4,8 @@
 #include <functional>
 #include <string>
 
-#include "controls/canvas.h"
 #include "controls/button.h"
+#include "controls/canvas.h"
 #include "controls/controls.h"
 #include "controls/grid.h"
 
