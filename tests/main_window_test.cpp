@@ -46,7 +46,8 @@ TEST_F(MainWindow, TheMenuTreeStands) {
             "DT_SFT vq_chan(use_z32_vq use_hcr32_vq use_bnr32_vq user_ecr33_vq use_y32_vq "
             "use_s13_vq use_ps13_vq use_s14_vq use_s15_vq)) "
             "G_EDIT_RR(DISP_3D_Graph:Ctrl+G TP_2D) AF_DISP_FORM TP_BST_RECAL:Ctrl+R CALCU:Ctrl+N) "
-            "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) HLP777(ver_displ)");
+            "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) "
+            "changes(undo:Ctrl+Z redo:Ctrl+Y; Ctrl+Shift+Z) HLP777(ver_displ)");
 }
 
 TEST_F(MainWindow, StatusAndBarAreEmptyBehindEachCommand) {
