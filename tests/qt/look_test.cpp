@@ -29,7 +29,7 @@ double luminance(const QColor& colour) {
 }
 
 double contrast(const QColor& one, const QColor& other) {
-  const auto [dark, light] = std::minmax(luminance(one), luminance(other));
+  const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
   return (light + 0.05) / (dark + 0.05);
 }
 
