@@ -3,6 +3,8 @@
 #include "core/map_kinds.h"
 #include "editing/add_multiply.h"
 #include "editing/map_copy.h"
+#include "graphs/dr_graph.h"
+#include "graphs/graph_3d.h"
 #include "support.h"
 
 namespace {
@@ -82,6 +84,27 @@ TEST_F(Undo, EachGestureGoesBackAndComesAgainInOneStep) {
     pick("undo");
     EXPECT_EQ(all(), before);
   }
+}
+
+TEST_F(Undo, TheGraphWindowsTakeSingleChangesBack) {
+  pick("DISP_3D_Graph");
+  const auto height = [] { return graphState.heights[1][1]; };
+  const std::int32_t lowest = height();
+  for (int press = 0; press < 2; ++press) {
+    DR_GRAPH.Picture1.userKey('+');
+    DR_GRAPH.Picture1.userKeyUp(0);
+  }
+  const std::string raised = DR_GRAPH.Label4.caption();
+  const std::pair<void (Window::*)(), std::int32_t> moves[] = {{&Window::userUndo, lowest + 1},
+                                                               {&Window::userUndo, lowest},
+                                                               {&Window::userUndo, lowest},
+                                                               {&Window::userRedo, lowest + 1},
+                                                               {&Window::userRedo, lowest + 2}};
+  for (const auto& [move, expected] : moves) {
+    (DR_GRAPH.*move)();
+    EXPECT_EQ(height(), expected);
+  }
+  EXPECT_EQ(DR_GRAPH.Label4.caption(), raised);
 }
 
 }  // namespace

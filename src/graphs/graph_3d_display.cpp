@@ -113,6 +113,11 @@ void wireDisplayControls() {
   window.Timer1.onTimer = endTip;
 }
 
+void moveBetweenSteps(void (*move)()) {
+  move();
+  graphKeyUp(0);
+}
+
 void wireGraph3D() {
   DrGraph& window = DR_GRAPH;
   wireDialog(window,
@@ -123,8 +128,8 @@ void wireGraph3D() {
   window.Picture1.onKeyDown = graphKeyDown;
   window.Picture1.onKey = graphKey;
   window.Picture1.onKeyUp = graphKeyUp;
-  window.onUndo = undoGraphStep;
-  window.onRedo = redoGraphStep;
+  window.onUndo = [] { moveBetweenSteps(undoGraphStep); };
+  window.onRedo = [] { moveBetweenSteps(redoGraphStep); };
   wireDisplayControls();
 }
 

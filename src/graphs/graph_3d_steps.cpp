@@ -29,9 +29,8 @@ GraphEdits editsNow() {
           DR_GRAPH.Check2.checked(), DR_GRAPH.List1.index(), DR_GRAPH.Text2.text()};
 }
 
-void show(const std::optional<GraphEdits>& edits) {
-  const MapKind* const kind = mapOnShow();
-  if (!edits || !kind) return;
+void take(const std::optional<GraphEdits>& edits) {
+  if (!edits) return;
   DR_GRAPH.Check1.setChecked(edits->upperBit);
   DR_GRAPH.Check2.setChecked(edits->lowerBit);
   DR_GRAPH.List1.setIndex(edits->magnificationLine);
@@ -40,9 +39,6 @@ void show(const std::optional<GraphEdits>& edits) {
   graphState.magnification = selectedMagnification();
   graphState.heights = edits->heights;
   graphState.fbFlags = edits->fbFlags;
-  const MapEntry& entry = entryOf(*kind);
-  drawGraph3D(gridOf(*kind), entry.columns, entry.rows, entry.caption, 1);
-  markCursor(markerYellow);
 }
 
 }  // namespace
@@ -51,6 +47,6 @@ void beginGraphSteps() { steps.begin(editsNow()); }
 
 void settleGraphSteps() { steps.settle(editsNow()); }
 
-void undoGraphStep() { show(steps.undo()); }
+void undoGraphStep() { take(steps.undo()); }
 
-void redoGraphStep() { show(steps.redo()); }
+void redoGraphStep() { take(steps.redo()); }

@@ -7,5 +7,6 @@ void beginGraphSteps();
 // After a gesture of the window; one that changed nothing is no step.
 void settleGraphSteps();
 
+// The former or the later heights and boxes; the picture and the read-outs are the caller's.
 void undoGraphStep();
 void redoGraphStep();
