@@ -12,6 +12,7 @@
 #include "core/map_cells.h"
 #include "core/map_display.h"
 #include "core/map_kinds.h"
+#include "core/step.h"
 #include "platform/numbers.h"
 
 std::function<void()> onHistoryChange;

@@ -6,7 +6,6 @@
 #include <functional>
 #include <string>
 
-#include "core/step.h"
 #include "core/wording.h"
 
 // Begins to keep what gestures change; to be called once for each main window.

@@ -1,7 +1,5 @@
 #include "graphs/graph_3d_steps.h"
 
-#include <array>
-#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -14,7 +12,7 @@ namespace {
 // The heights, and the boxes that tell what they mean.
 struct GraphEdits {
   GraphTable heights{};
-  std::array<std::int32_t, graphCells * graphCells> fbFlags{};
+  decltype(GraphState::fbFlags) fbFlags{};
   bool upperBit = false;
   bool lowerBit = false;
   int magnificationLine = 0;
