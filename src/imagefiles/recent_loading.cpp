@@ -53,7 +53,7 @@ void loadSteps(const std::string& path, const ImageForm& form) {
   form1().Label13.setCaption("READ");
   form1().refresh();
   takeImage(form.decode(readImageFile(path)));
-  if (path.find_first_of("\\/") != path.npos) editorState.dialogTitle = fileNameOf(path);
+  if (path.find_first_of("\\/") != std::string::npos) editorState.dialogTitle = fileNameOf(path);
   nameImage();
   showFileSize();
   loaderTail();
