@@ -12,6 +12,8 @@
 
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "platform/replacement_names.h"
+#include "platform/replacement_record.h"
 #include "scratch_folder.h"
 
 namespace {
@@ -149,6 +151,32 @@ TEST(FilesOnWindows, WhatCannotBePutBackIsNotThrownAway) {
     kept = kept || contentOf(std::string(name.begin(), name.end())) == "old odd";
   }
   EXPECT_TRUE(kept) << "odd.bin holds " << contentOf(odd) << ", even.bin " << contentOf(even);
+}
+
+TEST(FilesOnWindows, APairLeftHalfDoneIsCompletedUnlessItsSaverLives) {
+  const ScratchFolder folder;
+  const fs::path odd = wide(folder / "odd.bin"), even = wide(folder / "even.bin");
+  const std::string number = freshNumber();
+  const auto put = [](const fs::path& path, std::string_view text) {
+    const std::u8string name = path.u8string();
+    replaceFile({name.begin(), name.end()}, bytesOf(text));
+  };
+  const ReplacedFile files[] = {{odd, markOf(bytesOf("old odd")), markOf(bytesOf("new odd"))},
+                                {even, markOf(bytesOf("old even")), markOf(bytesOf("new even"))}};
+  put(odd, "new odd");
+  put(even, "old even");
+  put(besidePath(even, number, Beside::waiting), "new even");
+  const fs::path record = besidePath(odd, number, Beside::record);
+  put(record, recordText(files));
+  {
+    const std::u8string name = record.u8string();
+    const Held held({name.begin(), name.end()}, FILE_SHARE_READ, GENERIC_WRITE);
+    finishReplacements(folder / "odd.bin");
+    EXPECT_EQ(contentOf(folder / "even.bin"), "old even");
+  }
+  finishReplacements(folder / "odd.bin");
+  EXPECT_EQ(contentOf(folder / "even.bin"), "new even");
+  EXPECT_EQ(folder.count(), 2U);
 }
 
 TEST(FilesOnWindows, OnlyWaitingFilesThatNobodyHoldsAreRemoved) {

@@ -64,7 +64,7 @@ run_tests() {
 
 # The folder has to stand on its own: nothing built is to be found beside it.
 walk() {
-  unset WINEPATH QT_PLUGIN_PATH
+  unset WINEPATH WINEQT_PLUGIN_PATH
   tools/windows/walk.sh "$folder" "$app/tour_door" "$windows/tour"
 }
 

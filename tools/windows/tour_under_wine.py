@@ -18,6 +18,9 @@ def windows_path(path):
 
 
 def open_program(folder, door_folder):
+    """Of the toolkit's variables wine hands on only those that begin with its own name."""
+    os.environ["WINEQT_PLUGIN_PATH"] = windows_path(door_folder)
+    os.environ["WINEQT_QPA_GENERIC_PLUGINS"] = "zelkova_tour_door"
     return Door([WINE, os.path.join(folder, "zelkova.exe")], windows_path(door_folder))
 
 

@@ -20,13 +20,14 @@ make_wine() {
   /usr/lib/wine/wineserver -p300 >/dev/null 2>&1 || true
 }
 
-# Usage: find_libraries [QT_FOLDER]. Lets programs that were just built find their libraries.
+# Usage: find_libraries [QT_FOLDER]. Lets programs that were just built find their libraries. Of Qt's
+# own variables wine hands on only those that begin with WINE.
 find_libraries() {
   WINEPATH="$(windows_path "$mingw_libraries");$(windows_path /usr/x86_64-w64-mingw32/lib)"
   if [ $# -gt 0 ]; then
     WINEPATH+=";$(windows_path "$1/bin")"
-    export QT_PLUGIN_PATH
-    QT_PLUGIN_PATH=$(windows_path "$1/plugins")
+    export WINEQT_PLUGIN_PATH
+    WINEQT_PLUGIN_PATH=$(windows_path "$1/plugins")
   fi
   export WINEPATH
 }
