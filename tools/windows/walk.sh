@@ -15,6 +15,8 @@ trap 'exit 130' INT TERM
 
 rm -rf "$pictures"
 mkdir -p "$pictures"
+# The desktop that wine keeps from earlier programs is bound to their display.
+/usr/lib/wine/wineserver -k || true
 start_display 1920x1200
 for language in en ja; do
   cp -r "$folder" "$fresh/$language"
