@@ -9,6 +9,7 @@
 
 #include "calc/engine_specification.h"
 #include "failing_calls_posix.h"
+#include "imagefiles/image_forms.h"
 #include "imagefiles/odd_even.h"
 #include "support.h"
 
@@ -81,7 +82,7 @@ class SavesUnderFire : public ProgramTest {
       SCOPED_TRACE(std::string(way.command) + ", call " + std::to_string(point));
       restore(way, old);
       struck = strike(way, point, error, saved);
-      finishReplacements(path(way.files[static_cast<std::size_t>(point) % way.files.size()]));
+      readImageFile(path(way.files[static_cast<std::size_t>(point) % way.files.size()]));
       const std::vector<Bytes> now = held(way);
       for (std::size_t i = 0; i < old.size(); ++i) {
         EXPECT_TRUE(old[i] != saved[i] && (now[i] == old[i] || now[i] == saved[i])) << error;

@@ -100,6 +100,7 @@ const ImageForm* imageFormOf(const std::string& path) {
 }
 
 RomImage readImageFile(const std::string& path) {
+  finishReplacements(path);
   if (fileSize(path) > largestFile) throw Failure(outOfMemory);
   RomImage bytes = readFile(path, largestFile + 1);
   if (bytes.size() > largestFile) throw Failure(outOfMemory);

@@ -39,6 +39,7 @@ extern const ImageForm& intelHexImages;
 // The form that the last three characters of `path` name, in whatever case; null if none.
 const ImageForm* imageFormOf(const std::string& path);
 
-// The bytes of an image's file, whatever its form. More than 1 GiB are refused unread with
+// The bytes of an image's file, whatever its form; a pair that a killed save left half done is
+// completed or taken back before. More than 1 GiB are refused unread with
 // outOfMemory; throws as readFile does.
 RomImage readImageFile(const std::string& path);
