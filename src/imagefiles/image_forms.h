@@ -40,6 +40,6 @@ extern const ImageForm& intelHexImages;
 const ImageForm* imageFormOf(const std::string& path);
 
 // The bytes of an image's file, whatever its form; a pair that a killed save left half done is
-// completed or taken back before. More than 1 GiB are refused unread with
-// outOfMemory; throws as readFile does.
+// completed or taken back before. More than 1 GiB are refused unread with outOfMemory;
+// throws as readFile does.
 RomImage readImageFile(const std::string& path);
