@@ -66,6 +66,42 @@ TEST_F(AddressMapFile, EachMapKeywordReachesItsGridAlone) {
   EXPECT_EQ(form1().Frame14.caption(), "ADD Map8") << "nothing of the former file survives";
 }
 
+TEST_F(AddressMapFile, EntriesThatAnotherMapLacksAreNamedAsBeforeAnyMap) {
+  const auto names = [] {
+    std::vector<std::string> all;
+    for (const MapKind& kind : mapKinds()) {
+      if (kind.frame) all.push_back((form1().*kind.frame).caption());
+      if (kind.label) all.push_back((form1().*kind.label).caption());
+      if (kind.tab > 0) all.push_back(form1().TabStrip1.tab(kind.tab).toolTip);
+      all.push_back(gridOf(kind).toolTip());
+    }
+    for (const ParamKind& kind : paramKinds()) {
+      all.push_back((form1().*kind.label).caption() + (form1().*kind.box).toolTip());
+    }
+    return all;
+  };
+  std::string full = "TYPE_UNIT,FORMER\n";
+  for (const MapKind& kind : mapKinds())
+    full += mapBlock(kind.keyword, "&H10", 2, 1, 2, "1", "car");
+  for (const ParamKind& kind : paramKinds())
+    full += mapBlock(kind.keyword, "1", 1, 1, 1, "1", "car");
+  for (const char* settings : {"map.adr", "gone.adr"}) {
+    const bool japanese = settings[0] == 'g';
+    startAnewWithMap("TYPE_UNIT,X");
+    if (japanese) {
+      writeText("zelkova.ini", "");
+      startAnew();
+      told();
+    }
+    const std::vector<std::string> design = names();
+    EXPECT_NE(design[0].find("マップ"), std::string::npos);
+    useMap(full);
+    EXPECT_NE(names(), design);
+    useMap("TYPE_UNIT,X");
+    EXPECT_EQ(names(), design) << (japanese ? "Japanese" : "English");
+  }
+}
+
 TEST_F(AddressMapFile, SizesBeyondAllReasonEndTheParseAndLoseNothing) {
   const Bytes image = patternImage(64);
   loadImage(image);

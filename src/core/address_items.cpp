@@ -1,6 +1,9 @@
 #include "core/address_items.h"
 
 #include <algorithm>
+#include <cstddef>
+
+#include "platform/failure.h"
 
 namespace {
 
@@ -43,5 +46,16 @@ void AddressItems::dropEnd() {
     rest_.remove_prefix(2);
   } else if (!rest_.empty()) {
     rest_.remove_prefix(1);
+  }
+}
+
+void takeItems(std::string_view text, std::span<std::string> lines, std::int32_t& count) {
+  count = 0;
+  AddressItems items(text);
+  while (const std::optional<std::string> item = items.next()) {
+    const auto place = static_cast<std::size_t>(count);
+    if (place == lines.size()) throw Failure(badSubscript);
+    lines[place] = *item;
+    if (!item->starts_with('#')) ++count;
   }
 }

@@ -1,7 +1,9 @@
 // The items of an address map file: comma-separated values over any number of lines.
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -22,3 +24,8 @@ class AddressItems {
 
   std::string_view rest_;
 };
+
+// Puts the items of `text` into `lines` and their number into `count`. A comment, which begins with
+// "#", doesn't count: the next item takes its place, and the last one's place is behind the items.
+// An item behind as many as there are lines fails with badSubscript; all lines are taken then.
+void takeItems(std::string_view text, std::span<std::string> lines, std::int32_t& count);

@@ -11,7 +11,6 @@
 #include "core/form1.h"
 #include "core/loader_tail.h"
 #include "core/map_display.h"
-#include "core/map_kinds.h"
 #include "core/rom_image.h"
 #include "core/settings_file.h"
 #include "platform/failure.h"
@@ -25,10 +24,6 @@ const char* const advice =
     "\r\n\r\nReading of an address file went wrong."
     "\r\n\r\nPlease read again from a menu after starting. "
     "\r\n\r\nFrom next time, it could start to usual.";
-
-void clearParamToolTips() {
-  for (const ParamKind& kind : paramKinds()) (form1().*kind.box).setToolTip("");
-}
 
 // Edits still belong to the map in force: they go into the image before it is given up.
 void keepEdits() {
@@ -60,8 +55,7 @@ void pickAndRead() {
 
 void putInForce() {
   keepEdits();
-  resetAdditionalCaptions();
-  clearParamToolTips();
+  resetEntryNames();
   saveSettingsOrTell(commandName);
   setGridLayout();
   SET_MAP_ADDR();

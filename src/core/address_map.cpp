@@ -1,13 +1,15 @@
 #include "core/address_map.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <functional>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/address_items.h"
+#include "core/address_parse.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
@@ -25,130 +27,59 @@ constexpr int mostLimitedBytes = std::numeric_limits<int>::max() / 2;  // two di
 constexpr Colour presentColour = black;
 constexpr Colour absentColour = rgb(128, 128, 128);
 
-// The order in which keywords are looked for; a failing value leaves the later ones absent.
-constexpr std::array earlyMaps{HIGH_FUEL,     HIGH_FIRE,     REG_FUEL,       REG_FIRE,      VQ_MAP,
-                               TP_SCALE_FUEL, TP_SCALE_FIRE, RPM_SCALE_FUEL, RPM_SCALE_FIRE};
-constexpr std::array paramOrder{K_DATA,       ADD_BYTE1,    ADD_BYTE2,  ADD_BYTE3,    REV1_LIMIT,
-                                REV2_LIMIT,   REV3_LIMIT,   REV4_LIMIT, SPEED1_LIMIT, SPEED2_LIMIT,
-                                SPEED3_LIMIT, SPEED4_LIMIT, IGN_TIME,   FB_SWITCH};
-constexpr std::array lateMaps{TTP_MAX,  TTP_MIN,  ADD_FUEL, AF_LIMIT, ADD_MAP1, ADD_MAP2,
-                              ADD_MAP3, ADD_MAP4, ADD_MAP5, ADD_MAP6, ADD_MAP7, ADD_MAP8};
-
-// A value line of the block whose keyword stands at `keyword`.
-const std::string& valueLine(int keyword, int line) {
-  const auto position = static_cast<std::size_t>(keyword + line);
-  if (position >= editorState.lines.size()) throw Failure(badSubscript);
-  return editorState.lines[position];
-}
-
-std::int32_t wholeNumber(int keyword, int line) { return parseLong(valueLine(keyword, line)); }
-
-float realNumber(int keyword, int line) {
-  const double number = parseScale(valueLine(keyword, line));
-  if (std::abs(number) > std::numeric_limits<float>::max()) throw Failure(overflow);
-  return static_cast<float>(number);
-}
-
-// The caption, the place and the length as they stand in the file.
-std::string placeToolTip(int keyword, const std::string& caption) {
-  return caption + " " + valueLine(keyword, 1) + ":" + valueLine(keyword, 4) + "byte";
-}
-
-void sizeGrid(const MapKind& kind, const MapEntry& entry) {
-  const std::int64_t dataColumns =
-      kind.family == MapFamily::airflow ? entry.bytes / 2 : entry.columns;
-  const std::int64_t dataRows = kind.family == MapFamily::airflow ? 1 : entry.rows;
-  if (dataColumns < 0 || dataRows < 0) throw Failure(badSubscript);
-  if ((dataColumns + 1) * (dataRows + 1) > Grid::maximumCells) throw Failure(badSubscript);
-  gridOf(kind).resize(static_cast<int>(dataRows) + 1, static_cast<int>(dataColumns) + 1);
-}
-
-void showMapCaption(const MapKind& kind, int keyword, const std::string& caption) {
+void nameMap(const MapKind& kind, const std::string& caption, const std::string& toolTip) {
   Form1& form = form1();
   if (kind.frame) {
     (form.*kind.frame).setCaption(caption);
-    form.TabStrip1.setTabToolTip(kind.tab, caption);
+    form.TabStrip1.setTabToolTip(kind.tab, toolTip);
   } else if (kind.label) {
     (form.*kind.label).setCaption(caption);
-    gridOf(kind).setToolTip(placeToolTip(keyword, caption));
+    gridOf(kind).setToolTip(toolTip);
   }
 }
 
-bool hasFixedSize(const MapKind& kind) {
-  return kind.family == MapFamily::tpScale || kind.family == MapFamily::rpmScale;
+void nameParam(const ParamKind& kind, const std::string& caption, const std::string& toolTip) {
+  (form1().*kind.label).setCaption(caption);
+  (form1().*kind.box).setToolTip(toolTip);
 }
 
-void readMap(const MapKind& kind, int keyword) {
-  MapEntry& entry = editorState.addressMap.map(kind.id);
-  entry.address = wholeNumber(keyword, 1);
-  entry.columns = wholeNumber(keyword, 2);
-  entry.rows = wholeNumber(keyword, 3);
-  entry.bytes = wholeNumber(keyword, 4);
-  if (kind.scaled()) entry.scale = wholeNumber(keyword, 5);
-  entry.caption = valueLine(keyword, 6);
-  if (!hasFixedSize(kind)) sizeGrid(kind, entry);
-  showMapCaption(kind, keyword, entry.caption);
+void showMap(const MapKind& kind, const EntryLook& look) {
+  if (!kind.isScale()) gridOf(kind).resize(look.rows, look.columns);
+  nameMap(kind, look.caption, kind.frame ? look.caption : look.toolTip);
 }
 
-void readParam(const ParamKind& kind, int keyword) {
-  ParamEntry& entry = editorState.addressMap.param(kind.id);
-  entry.address = wholeNumber(keyword, 1);
-  entry.columns = wholeNumber(keyword, 2);
-  entry.rows = wholeNumber(keyword, 3);
-  entry.bytes = wholeNumber(keyword, 4);
-  if (kind.scaled()) entry.scale = realNumber(keyword, 5);
-  entry.caption = valueLine(keyword, 6);
-  TextBox& box = form1().*kind.box;
-  (form1().*kind.label).setCaption(entry.caption);
-  box.setToolTip(placeToolTip(keyword, entry.caption));
-  if (kind.limitedLength) box.setMaxLength(std::clamp(entry.bytes, 0, mostLimitedBytes) * 2);
+void showParam(const ParamKind& kind, const EntryLook& look) {
+  nameParam(kind, look.caption, look.toolTip);
+  if (!kind.limitedLength) return;
+  (form1().*kind.box).setMaxLength(std::clamp(look.bytes, 0, mostLimitedBytes) * 2);
 }
 
-// Runs `read` for each item that equals `keyword`, so that the last occurrence stands.
-void forEachKeyword(std::string_view keyword, const std::function<void(int)>& read) {
-  for (int i = 0; i < editorState.lineCount; ++i) {
-    if (editorState.lines[static_cast<std::size_t>(i)] == keyword) read(i);
+void showEntries(const ParsedAddressMap& parsed) {
+  for (const MapKind& kind : mapKinds()) {
+    for (const EntryLook& look : parsed.maps[static_cast<std::size_t>(kind.id - 1)]) {
+      showMap(kind, look);
+    }
+  }
+  for (const ParamKind& kind : paramKinds()) {
+    for (const EntryLook& look : parsed.params[static_cast<std::size_t>(kind.id)]) {
+      showParam(kind, look);
+    }
   }
 }
 
-template <class Order>
-void readMaps(const Order& order) {
-  for (const MapId id : order) {
-    const MapKind& kind = *findMapKind(id);
-    forEachKeyword(kind.keyword, [&kind](int keyword) { readMap(kind, keyword); });
+// What the frame of a map says before an address map names it.
+std::string designCaption(const MapKind& kind) {
+  if (kind.family == MapFamily::additional) {
+    return worded({"ADD マップ", "ADD Map"}) + decimalText(kind.id - ADD_MAP1 + 1);
   }
-}
-
-void readParams() {
-  for (const ParamId id : paramOrder) {
-    const ParamKind& kind = paramKinds()[static_cast<std::size_t>(id)];
-    forEachKeyword(kind.keyword, [&kind](int keyword) { readParam(kind, keyword); });
-  }
-}
-
-void forgetEntries() {
-  AddressMap& map = editorState.addressMap;
-  map.typeUnit.clear();
-  for (MapEntry& entry : map.maps) entry.bytes = 0;
-  for (ParamEntry& entry : map.params) entry.bytes = 0;
-}
-
-void parseLines() {
-  forEachKeyword("TYPE_UNIT",
-                 [](int keyword) { editorState.addressMap.typeUnit = valueLine(keyword, 1); });
-  readMaps(earlyMaps);
-  readParams();
-  readMaps(lateMaps);
-  editorState.probeAddress = editorState.addressMap.param(K_DATA).address;
+  if (kind.family == MapFamily::airflow) return captioned(Form1::airflowFrame);
+  return Form1::mainFrames[static_cast<std::size_t>(kind.id - HIGH_FUEL)];
 }
 
 bool hasTooManyItems(std::string_view bytes) {
-  AddressItems items(bytes);
-  int count = 0;
-  while (const std::optional<std::string> item = items.next()) {
-    if (!item->starts_with('#')) ++count;
-  }
-  return count > maximumLines;
+  std::vector<std::string> lines(maximumLines);
+  std::int32_t count = 0;
+  return trapFailure([&] { takeItems(bytes, lines, count); }) == badSubscript;
 }
 
 }  // namespace
@@ -156,19 +87,20 @@ bool hasTooManyItems(std::string_view bytes) {
 void readAddressFile(const std::string& path) {
   editorState.lineCount = 0;
   const std::string text = readTextFile(path, hasTooManyItems);
-  AddressItems items(text);
-  while (const std::optional<std::string> item = items.next()) {
-    if (editorState.lineCount == maximumLines) throw Failure(badSubscript);
-    editorState.lines[static_cast<std::size_t>(editorState.lineCount)] = *item;
-    if (!item->starts_with('#')) ++editorState.lineCount;
-  }
+  takeItems(text, editorState.lines, editorState.lineCount);
+}
+
+void applyAddressMap(const ParsedAddressMap& parsed) {
+  editorState.addressMap = parsed.map;
+  if (parsed.failure == 0) editorState.probeAddress = parsed.map.param(K_DATA).address;
+  const int number = trapFailure([&] { showEntries(parsed); });
+  if (parsed.failure != 0 || number != 0) showRoutineError("SET_MAP_ADDR");
+  applyEntryPresence();
 }
 
 void SET_MAP_ADDR() {
-  forgetEntries();
-  const int number = trapFailure(parseLines);
-  if (number != 0) showRoutineError("SET_MAP_ADDR");
-  applyEntryPresence();
+  applyAddressMap(parseAddressMap(
+      editorState.lines, static_cast<std::size_t>(editorState.lineCount), editorState.addressMap));
 }
 
 void applyEntryPresence() {
@@ -182,12 +114,16 @@ void applyEntryPresence() {
   }
 }
 
-void resetAdditionalCaptions() {
-  const std::string word = worded({"ADD マップ", "ADD Map"});
+void resetEntryNames() {
+  const std::vector<TabStrip::Tab> tabs = Form1::designTabs();
   for (const MapKind& kind : mapKinds()) {
-    if (kind.family != MapFamily::additional) continue;
-    (form1().*kind.frame).setCaption(word + decimalText(kind.id - ADD_MAP1 + 1));
+    if (kind.frame) {
+      nameMap(kind, designCaption(kind), tabs[static_cast<std::size_t>(kind.tab - 1)].toolTip);
+    } else {
+      nameMap(kind, kind.keyword, "");
+    }
   }
+  for (const ParamKind& kind : paramKinds()) nameParam(kind, kind.keyword, "");
 }
 
 void showTypeUnit() {

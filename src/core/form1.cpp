@@ -18,7 +18,17 @@ constexpr int rpmRows = 16;
 
 std::unique_ptr<Form1> mainWindow;
 
-std::vector<TabStrip::Tab> designTabs() {
+Grid mapGrid(Window& owner, int columns = designColumns) {
+  return Grid(owner, designRows, columns, 1, 1, mapLook);
+}
+
+Grid tpGrid(Window& owner) { return Grid(owner, designRows, designColumns, 1, 1, scaleLook); }
+
+Grid rpmGrid(Window& owner) { return Grid(owner, rpmRows, 1, 0, 0, scaleLook); }
+
+}  // namespace
+
+std::vector<TabStrip::Tab> Form1::designTabs() {
   return {{"ﾊｲｵｸ燃料ﾏｯﾌﾟ", "ﾊｲｵｸ燃料補正ﾏｯﾌﾟの編集"},
           {"ﾊｲｵｸ点火ﾏｯﾌﾟ", "ﾊｲｵｸ点火補正ﾏｯﾌﾟの編集"},
           {"ﾚｷﾞｭﾗｰ燃料ﾏｯﾌﾟ", "ﾚｷﾞｭﾗｰ燃料補正ﾏｯﾌﾟの編集"},
@@ -34,16 +44,6 @@ std::vector<TabStrip::Tab> designTabs() {
           {"Add ﾏｯﾌﾟ8", "追加ﾏｯﾌﾟ8の編集"},
           {"GLOBAL", "各種定数、ﾘﾐｯﾀｰの編集"}};
 }
-
-Grid mapGrid(Window& owner, int columns = designColumns) {
-  return Grid(owner, designRows, columns, 1, 1, mapLook);
-}
-
-Grid tpGrid(Window& owner) { return Grid(owner, designRows, designColumns, 1, 1, scaleLook); }
-
-Grid rpmGrid(Window& owner) { return Grid(owner, rpmRows, 1, 0, 0, scaleLook); }
-
-}  // namespace
 
 Form1::Form1()
     : Window("Form1"),

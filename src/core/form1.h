@@ -4,11 +4,13 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "controls/canvas.h"
 #include "controls/controls.h"
 #include "controls/grid.h"
 #include "controls/window.h"
+#include "core/wording.h"
 
 struct Form1 : Window {
   Form1();
@@ -17,13 +19,19 @@ struct Form1 : Window {
   void bringPanelToFront(int tab);
   int frontPanel() const { return frontPanel_; }
 
+  // What tabs and frames say before an address map names the maps.
+  static std::vector<TabStrip::Tab> designTabs();
+  static constexpr std::array mainFrames{"ハイオク燃料マップ", "ハイオク点火マップ",
+                                         "レギュラー燃料マップ", "レギュラー点火マップ"};
+  static constexpr Wording airflowFrame{"VQ マップ", "VQ map"};
+
   TabStrip TabStrip1;
   ProgressBar ProgressBar1{*this};
 
-  Frame Frame1{*this, "ハイオク燃料マップ"}, Frame2{*this, "ハイオク点火マップ"},
-      Frame3{*this, "レギュラー燃料マップ"}, Frame4{*this, "レギュラー点火マップ"},
-      Frame5{*this, "VQ マップ"}, Frame6{*this}, Frame7{*this, "GLOBAL"}, Frame8{*this},
-      Frame9{*this}, Frame10{*this}, Frame11{*this}, Frame12{*this}, Frame13{*this}, Frame14{*this};
+  Frame Frame1{*this, mainFrames[0]}, Frame2{*this, mainFrames[1]}, Frame3{*this, mainFrames[2]},
+      Frame4{*this, mainFrames[3]}, Frame5{*this, airflowFrame.japanese}, Frame6{*this},
+      Frame7{*this, "GLOBAL"}, Frame8{*this}, Frame9{*this}, Frame10{*this}, Frame11{*this},
+      Frame12{*this}, Frame13{*this}, Frame14{*this};
 
   Grid Grid1, Grid2, Grid3, Grid4, Grid5, Grid6, Grid7, Grid8, Grid9;
   Grid AddGrid1, AddGrid2, AddGrid3, AddGrid4, AddGrid11, AddGrid12, AddGrid13, AddGrid14;

@@ -115,7 +115,7 @@ void readSettings() {
     assignSettings();
     editorState.settingsDamaged = false;
     showEngineSummary();
-    resetAdditionalCaptions();
+    resetEntryNames();
     editorState.lineCount = 0;
     readAddressFile(settledPath(editorState.addressFilePath));
     SET_MAP_ADDR();

@@ -18,7 +18,7 @@ void loadForm1() {
   if (form.loaded()) return;
   makeMainMenu();
   wireForm1();
-  resetAdditionalCaptions();
+  resetEntryNames();
   form.load();
   editorState.currentTab = 1;
   loadVqTables();

@@ -45,7 +45,7 @@ void CHANGE_CAPT(int language) {
   if (editorState.addressMap.typeUnit.empty()) showTypeUnit();
   int tab = 0;
   for (const char* caption : tabCaptions) form.TabStrip1.setCaption(++tab, caption);
-  form.Frame5.setCaption("VQ map");
+  form.Frame5.setCaption(Form1::airflowFrame.english);
   for (const MenuRow& row : menuRows()) {
     MenuItem* item = form.menuBar.find(row.name);
     if (item && *row.english) item->setCaption(row.english);
