@@ -24,14 +24,13 @@ auto& oneOf(Random& random, Items& items) {
 // overlap, reach the last byte, or are absent. No scale is 0.
 inline std::string randomAddressMap(Random& random, int imageBytes) {
   static constexpr const char* speedScales[] = {"1", "12", "25", "50", "&H64", "-50"};
-  static constexpr const char* limitScales[] = {"1",    "1",   "2",   "7",   "100",
-                                                "12.5", "0.3", "0.5", "3.7", "-4"};
+  static constexpr const char* limitScales[] = {"1", "2", "100", "12.5", "0.3", "-4"};
   const auto number = [&](int low, int high) { return randomNumber(random, low, high); };
   std::vector<std::string> blocks;
-  const auto add = [&](const char* keyword, int columns, int rows, int length, int bytes,
+  const auto add = [&](const char* keyword, int columns, int rows, int bytes,
                        const std::string& scale) {
     if (number(1, 10) <= 3) return;
-    const int highest = imageBytes - length;
+    const int highest = imageBytes - bytes;
     const int address = number(1, 5) == 1 ? highest : number(0, highest);
     const int place = number(0, static_cast<int>(blocks.size()));
     blocks.insert(blocks.begin() + place,
@@ -40,17 +39,15 @@ inline std::string randomAddressMap(Random& random, int imageBytes) {
   for (const MapKind& kind : mapKinds()) {
     const bool airflow = kind.family == MapFamily::airflow;
     const int columns = number(1, 16), rows = number(1, std::min(17, imageBytes / columns));
-    const int length = airflow          ? number(1, std::min(130, imageBytes))
-                       : kind.isScale() ? columns
-                                        : columns * rows;
-    const int bytes = airflow || number(1, 5) > 1 ? length : number(1, 70000);
+    const int bytes =
+        airflow ? number(1, std::min(130, imageBytes)) : columns * (kind.isScale() ? 1 : rows);
     const std::string scale = kind.family == MapFamily::rpmScale ? oneOf(random, speedScales)
                                                                  : std::to_string(number(1, 7));
-    add(kind.keyword, columns, kind.isScale() ? number(0, 99) : rows, length, bytes, scale);
+    add(kind.keyword, columns, rows, bytes, scale);
   }
   for (const ParamKind& kind : paramKinds()) {
     const int bytes = number(1, kind.scaled() ? 4 : 9);
-    add(kind.keyword, 1, 1, bytes, bytes, oneOf(random, limitScales));
+    add(kind.keyword, 1, 1, bytes, oneOf(random, limitScales));
   }
   std::string text = "TYPE_UNIT\r\nRandom car\r\n";
   for (const std::string& block : blocks) text += block;
