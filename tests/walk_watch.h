@@ -3,25 +3,30 @@
 #pragma once
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
+#include <span>
 
 #include "core/map_kinds.h"
 #include "imagefiles/intel_hex_writer.h"
 #include "support.h"
 
-// A cell or box and the image bytes that it stands for.
+// A cell or box, and how it tells the image bytes that it stands for: as a number, in a map or in
+// a box, or digit by digit.
 struct Piece {
   std::string where;
   std::int64_t address;
   int bytes;
   std::string text;
-  double step;  // the bytes tell numbers that are so far apart; 0: unknown
+  enum { inMap, inBox, digits } kind;
+  double scale;  // 0: none
 };
 
-// Every cell and box that shows bytes of the image, in the order of the maps and parameters.
+// Every cell and box that shows bytes of the image, in the order in which they are stored.
 inline std::vector<Piece> shownPieces() {
   std::vector<Piece> pieces;
   for (const MapKind& kind : mapKinds()) {
@@ -29,61 +34,102 @@ inline std::vector<Piece> shownPieces() {
     const Grid& grid = gridOf(kind);
     const int width = kind.family == MapFamily::airflow ? 2 : 1;
     const int inRow = width == 2 ? entry.bytes / 2 : entry.columns;
-    const double step = kind.scaled() ? std::abs(entry.scale) : 1;
+    const double scale = kind.scaled() ? entry.scale : 0;
     const int drawn = editorState.cellsDrawn[static_cast<std::size_t>(kind.id)];
     for (int i = 0; entry.present() && i < drawn; ++i) {
       const bool headers = kind.family == MapFamily::rpmScale;
       pieces.push_back({kind.keyword, std::int64_t{entry.address} + i * width, width,
-                        headers ? grid.text(i, 0) : grid.text(1 + i / inRow, 1 + i % inRow), step});
+                        headers ? grid.text(i, 0) : grid.text(1 + i / inRow, 1 + i % inRow),
+                        Piece::inMap, scale});
     }
   }
   for (const ParamKind& kind : paramKinds()) {
     const ParamEntry& entry = editorState.addressMap.param(kind.id);
     if (!entry.present() || !editorState.paramShown[static_cast<std::size_t>(kind.id)]) continue;
-    pieces.push_back({kind.keyword, entry.address, entry.bytes, (form1().*kind.box).text(), 0});
+    pieces.push_back({kind.keyword, entry.address, entry.bytes, (form1().*kind.box).text(),
+                      kind.scaled() ? Piece::inBox : Piece::digits, entry.scale});
   }
   return pieces;
 }
 
-// The first byte of the image that differs from `before` although no piece over it has another
-// text than in `former`; -1 if there is none.
-inline std::ptrdiff_t unaskedChange(const Bytes& before, const std::vector<Piece>& former) {
-  const Bytes& now = editorState.image;
-  if (now.size() != before.size()) return std::ssize(now);
-  std::vector<bool> edited(now.size());
-  const std::vector<Piece> pieces = shownPieces();
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    if (i < former.size() && pieces[i].text == former[i].text) continue;
-    std::fill_n(edited.begin() + pieces[i].address, pieces[i].bytes, true);
+// What the bytes of `image` read as in a piece: high byte first, times the scale, rounded down.
+inline std::string readAs(const Piece& piece, const Bytes& image) {
+  std::uint32_t number = 0;
+  std::string digits;
+  char text[400];
+  for (int i = 0; i < piece.bytes; ++i) {
+    const std::uint8_t byte = image.at(static_cast<std::size_t>(piece.address + i));
+    number = number * 256 + byte;
+    std::snprintf(text, sizeof text, "%02X", byte);
+    digits += text;
   }
-  for (std::size_t i = 0; i < now.size(); ++i) {
-    if (now[i] != before[i] && !edited[i]) return static_cast<std::ptrdiff_t>(i);
-  }
-  return -1;
+  if (piece.kind == Piece::digits) return digits;
+  const double scaled = static_cast<std::int32_t>(number) * (piece.scale == 0 ? 1 : piece.scale);
+  std::snprintf(text, sizeof text, "%.0f", std::floor(scaled) + 0.0);
+  return text;
 }
 
-// The first piece whose bytes are its own alone and whose number is a step or more from the one in
-// `former`; "" if there is none.
-inline std::string lostText(const std::vector<Piece>& former) {
-  std::vector<int> owners(editorState.image.size());
-  const std::vector<Piece> pieces = shownPieces();
-  const auto firstOwner = [&](const Piece& piece) { return owners.begin() + piece.address; };
+// `image` with what all texts stand for, one piece after the other.
+inline Bytes stored(const std::vector<Piece>& pieces, Bytes image) {
   for (const Piece& piece : pieces) {
-    std::for_each_n(firstOwner(piece), piece.bytes, [](int& count) { ++count; });
+    std::string digits = piece.text;
+    if (piece.kind != Piece::digits) {
+      const double number = std::atof(digits.c_str());
+      const bool scaled = piece.kind == Piece::inBox || piece.scale != 0;
+      const double whole = scaled ? std::floor(number / piece.scale) : std::nearbyint(number);
+      char text[40];
+      std::snprintf(text, sizeof text, "%0*X", 2 * piece.bytes,
+                    static_cast<std::uint32_t>(static_cast<std::int64_t>(whole)));
+      digits = text;
+    }
+    digits.resize(2 * static_cast<std::size_t>(piece.bytes), '0');
+    for (int i = 0; i < piece.bytes; ++i) {
+      unsigned byte = 0;
+      std::from_chars(&digits[2 * static_cast<std::size_t>(i)], &digits[2 * i] + 2, byte, 16);
+      image.at(static_cast<std::size_t>(piece.address + i)) = static_cast<std::uint8_t>(byte);
+    }
   }
-  for (std::size_t i = 0; i < std::min(pieces.size(), former.size()); ++i) {
-    const Piece& piece = pieces[i];
-    const std::string& text = former[i].text;
-    const double moved = std::abs(std::atof(text.c_str()) - std::atof(piece.text.c_str()));
-    const bool alone =
-        std::count(firstOwner(piece), firstOwner(piece) + piece.bytes, 1) == piece.bytes;
-    if (!alone || piece.text == text || piece.step <= 0 || moved < piece.step) continue;
-    return piece.where + ": " + text + " became " + piece.text;
-  }
-  return "";
+  return image;
 }
 
-// Whether a file is the image or one half of it, raw or as Intel HEX; the settings have 25 lines.
+// Where two images differ first, with the piece there; "" where they don't.
+inline std::string difference(const Bytes& image, const Bytes& expected) {
+  if (image.size() != expected.size()) return "size " + std::to_string(image.size());
+  const auto [at, other] = std::ranges::mismatch(image, expected);
+  if (at == image.end()) return "";
+  std::string where = std::to_string(at - image.begin());
+  for (const Piece& piece : shownPieces()) {
+    const auto offset = at - image.begin() - piece.address;
+    if (offset >= 0 && offset < piece.bytes) where += " " + piece.where + " " + piece.text;
+  }
+  return where + ": " + std::to_string(*at) + " for " + std::to_string(*other);
+}
+
+// A place of the history: all cells with their colours, all boxes, and the image.
+struct Place {
+  std::string shown;
+  Bytes image;
+  bool operator==(const Place&) const = default;
+};
+
+inline Place placeNow() {
+  Place place{"", editorState.image};
+  for (const MapKind& kind : mapKinds()) {
+    const Grid& grid = gridOf(kind);
+    for (int i = 0; entryOf(kind).present() && i < grid.rows() * grid.columns(); ++i) {
+      const GridCell& cell = grid.cellAt(i / grid.columns(), i % grid.columns());
+      const Colour& colour = cell.background;
+      (((place.shown += cell.text) += static_cast<char>(colour.red)) +=
+       static_cast<char>(colour.green)) += static_cast<char>(colour.blue);
+    }
+    place.shown += kind.keyword;
+  }
+  for (const ParamKind& kind : paramKinds()) place.shown += (form1().*kind.box).text() + '|';
+  return place;
+}
+
+// Whether a file is the image, raw or as far as it counts as Intel HEX, or one half of it in either
+// form; the settings have 25 lines.
 inline bool isWhole(const std::string& name, const Bytes& file) {
   const std::string text(file.begin(), file.end());
   if (name.ends_with(".ini")) {
@@ -92,11 +138,11 @@ inline bool isWhole(const std::string& name, const Bytes& file) {
   const Bytes& image = editorState.image;
   const auto size = static_cast<std::size_t>(std::max(editorState.imageSize, 0));
   if (size == 0 || image.size() < size) return false;
-  Bytes forms[] = {
-      {image.begin(), image.begin() + std::ptrdiff_t(size)}, Bytes(size, 0xFF), Bytes(size, 0xFF)};
-  for (std::size_t k = 0; k < size / 2 * 2; ++k) forms[1 + k % 2][k / 2] = image[k];
-  return std::ranges::any_of(
-      forms, [&](const Bytes& form) { return file == form || text == intelHexText(form); });
+  Bytes halves[] = {Bytes(size, 0xFF), Bytes(size, 0xFF)};
+  for (std::size_t k = 0; k < size / 2 * 2; ++k) halves[k % 2][k / 2] = image[k];
+  const auto isHalf = [&](const Bytes& half) { return file == half || text == intelHexText(half); };
+  return file == image || text == intelHexText(std::span(image).first(size)) ||
+         std::ranges::any_of(halves, isHalf);
 }
 
 // Keeps an eye on the files of one folder.
