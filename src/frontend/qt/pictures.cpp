@@ -20,7 +20,8 @@ QPixmap picture(const QString& name) {
 QIcon programIcon() {
   QIcon icon;
   for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
-    icon.addFile(pathOf(QStringLiteral("icon%1.png").arg(size)));
+    // Told its size, a file is read when a window first asks for it.
+    icon.addFile(pathOf(QStringLiteral("icon%1.png").arg(size)), QSize(size, size));
   }
   return icon;
 }
