@@ -1,7 +1,6 @@
 #include "imagefiles/intel_hex_reader.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 
 #include "imagefiles/progress_steps.h"
@@ -20,22 +19,15 @@ constexpr std::size_t dataColumn = 9;
 constexpr std::size_t byteDigits = 2;
 constexpr std::size_t addressDigits = 4;
 
-constexpr std::uint8_t noDigit = 0xFF;
+constexpr std::uint8_t noDigit = 16;
 
-constexpr std::array<std::uint8_t, 256> makeDigitValues() {
-  std::array<std::uint8_t, 256> values{};
-  values.fill(noDigit);
-  for (std::uint8_t i = 0; i < 10; ++i) values[std::size_t{'0'} + i] = i;
-  for (std::uint8_t i = 0; i < 6; ++i) {
-    values[std::size_t{'A'} + i] = values[std::size_t{'a'} + i] = static_cast<std::uint8_t>(10 + i);
-  }
-  return values;
-}
-
-constexpr std::array<std::uint8_t, 256> digitValues = makeDigitValues();
-
+// `noDigit` for what is none. Without a table and without branches: compilers turn loops over it
+// into steps of many bytes.
 std::uint8_t digitValue(char character) {
-  return digitValues[static_cast<std::uint8_t>(character)];
+  const auto decimal = static_cast<std::uint8_t>(character - '0');
+  const auto letter = static_cast<std::uint8_t>((character | 0x20) - 'a');
+  const auto fromLetter = static_cast<std::uint8_t>(letter < 6 ? 10 + letter : noDigit);
+  return decimal < 10 ? decimal : fromLetter;
 }
 
 std::string_view fieldOf(std::string_view line, std::size_t column, std::size_t digits) {
@@ -65,14 +57,14 @@ std::uint8_t* append(Decoded& decoded, std::int32_t count, std::uint8_t value) {
 
 // Decodes digits in pairs; false if any of them is none.
 bool decodePairs(std::string_view digits, std::uint8_t* to) {
-  unsigned seen = 0;
-  for (std::size_t i = 0; i < digits.size(); i += byteDigits) {
-    const unsigned high = digitValue(digits[i]);
-    const unsigned low = digitValue(digits[i + 1]);
+  std::uint8_t seen = 0;
+  for (std::size_t i = 0; i < digits.size() / byteDigits; ++i) {
+    const std::uint8_t high = digitValue(digits[i * byteDigits]);
+    const std::uint8_t low = digitValue(digits[i * byteDigits + 1]);
     seen |= high | low;
-    *to++ = static_cast<std::uint8_t>(high << 4 | low);
+    to[i] = static_cast<std::uint8_t>(high << 4 | low);
   }
-  return seen < 16;
+  return seen < noDigit;
 }
 
 void decodeData(std::string_view line, std::size_t count, std::uint8_t* to) {

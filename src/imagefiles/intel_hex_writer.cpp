@@ -22,26 +22,29 @@ enum RecordType : std::uint8_t { dataRecord = 0, segmentRecord = 2, linearRecord
 constexpr std::size_t lineLength = 1 + 2 * (1 + 2 + 1 + recordBytes + 1) + 2;
 constexpr std::string_view lastLine = ":00000001FF\r\n";
 
-using DigitPair = std::array<char, 2>;
-
-constexpr std::array<DigitPair, 256> makeDigitPairs() {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  std::array<DigitPair, 256> pairs{};
-  for (std::size_t i = 0; i < pairs.size(); ++i) pairs[i] = {digits[i >> 4], digits[i & 15]};
-  return pairs;
+// Without a table: compilers turn loops over it into steps of many bytes.
+char digitOf(std::uint8_t value) {
+  return static_cast<char>(value + (value < 10 ? '0' : 'A' - 10));
 }
 
-constexpr std::array<DigitPair, 256> digitPairs = makeDigitPairs();
+char* putBytes(char* to, std::span<const std::uint8_t> bytes) {
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    to[2 * i] = digitOf(bytes[i] >> 4);
+    to[2 * i + 1] = digitOf(bytes[i] & 15);
+  }
+  return to + 2 * bytes.size();
+}
 
 char* putByte(char* to, std::size_t value) {
-  const DigitPair& pair = digitPairs[value & 0xFF];
-  return std::copy(pair.begin(), pair.end(), to);
+  const auto byte = static_cast<std::uint8_t>(value);
+  return putBytes(to, {&byte, 1});
 }
 
 // The sum is taken in a pass of its own, which costs less than one in step with the digits.
-std::size_t checksum(std::size_t address, RecordType type, std::span<const std::uint8_t> data) {
+std::uint8_t checksum(std::size_t address, RecordType type, std::span<const std::uint8_t> data) {
   const std::size_t head = data.size() + (address >> 8) + address + type;
-  return 0 - std::accumulate(data.begin(), data.end(), head);
+  return static_cast<std::uint8_t>(
+      -std::accumulate(data.begin(), data.end(), static_cast<std::uint8_t>(head)));
 }
 
 char* putRecord(char* to, std::size_t address, RecordType type,
@@ -51,7 +54,7 @@ char* putRecord(char* to, std::size_t address, RecordType type,
   to = putByte(to, address >> 8);
   to = putByte(to, address);
   to = putByte(to, type);
-  for (const std::uint8_t byte : data) to = putByte(to, byte);
+  to = putBytes(to, data);
   to = putByte(to, checksum(address, type, data));
   *to++ = '\r';
   *to++ = '\n';
