@@ -67,7 +67,10 @@ int main(int argc, char** argv) {
   QtDesktop desktopInForce;
   useDesktop(&desktopInForce);
   FirstPaint firstPaint([&] {
-    if (mode == "form1") desktopInForce.prepareWindow(form1());
+    if (mode == "form1") {
+      QApplication::setWindowIcon(programIcon());
+      desktopInForce.prepareWindow(form1());
+    }
     tell(start);
   });
   application.installEventFilter(&firstPaint);
@@ -75,7 +78,6 @@ int main(int argc, char** argv) {
     showBareWindow();
   } else {
     dressApplication();
-    QApplication::setWindowIcon(programIcon());
     startProgram(stored(QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));
   }
   return QApplication::exec();

@@ -55,17 +55,19 @@ class HexCells {
  public:
   HexCells() {
     for (int byte = 0; byte <= byteLimit; ++byte) {
-      cells_[static_cast<std::size_t>(byte)] = {hexByte(byte), cellColour(byte)};
+      Cell& cell = cells_[static_cast<std::size_t>(byte)];
+      std::ranges::copy(hexByte(byte), cell.digits.begin());
+      cell.colour = cellColour(byte);
     }
   }
   void write(Grid& grid, int row, int column, int byte) const {
     const Cell& cell = cells_[static_cast<std::size_t>(byte)];
-    grid.setCell(row, column, cell.text, cell.colour);
+    grid.setCell(row, column, {cell.digits.data(), cell.digits.size()}, cell.colour);
   }
 
  private:
   struct Cell {
-    std::string text;
+    std::array<char, 2> digits;  // of a known number: they are copied without a call
     Colour colour;
   };
   std::array<Cell, byteLimit + 1> cells_;

@@ -46,12 +46,14 @@ int main(int argc, char** argv) {
   QtDesktop desktopInForce;
   useDesktop(&desktopInForce);
   onEscapedFailure = tellEscapedFailure;
-  QApplication::setWindowIcon(programIcon());
   startProgram(stored(QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));
   translateToolkit();
-  // The main window is built while the splash window stands.
+  // The icon is read and the main window is built while the splash window stands.
   constexpr int splashIsPainted = 60;  // milliseconds
-  QTimer::singleShot(splashIsPainted, [&desktopInForce] { desktopInForce.prepareWindow(form1()); });
+  QTimer::singleShot(splashIsPainted, [&desktopInForce] {
+    QApplication::setWindowIcon(programIcon());
+    desktopInForce.prepareWindow(form1());
+  });
   const int status = desktopInForce.over() ? 0 : QApplication::exec();
   useDesktop(nullptr);
   return status;
