@@ -34,11 +34,13 @@ inline std::string randomAddressMap(Random& random, int imageBytes) {
     const int address = number(1, 5) == 1 ? highest : number(0, highest);
     const int place = number(0, static_cast<int>(blocks.size()));
     blocks.insert(blocks.begin() + place,
-                  mapBlock(keyword, std::to_string(address), columns, rows, bytes, scale, keyword));
+                  mapBlock(keyword, std::to_string(address), columns, rows, bytes, scale));
   };
   for (const MapKind& kind : mapKinds()) {
     const bool airflow = kind.family == MapFamily::airflow;
-    const int columns = number(1, 16), rows = number(1, std::min(17, imageBytes / columns));
+    const bool oneRow = (airflow || kind.isScale()) && number(1, 30) > 1;
+    const int columns = number(1, 16);
+    const int rows = oneRow ? 1 : number(1, std::min(17, imageBytes / columns));
     const int bytes =
         airflow ? number(1, std::min(130, imageBytes)) : columns * (kind.isScale() ? 1 : rows);
     const std::string scale = kind.family == MapFamily::rpmScale ? oneOf(random, speedScales)

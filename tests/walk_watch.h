@@ -82,7 +82,7 @@ inline Bytes stored(const std::vector<Piece>& pieces, Bytes image) {
                     static_cast<std::uint32_t>(static_cast<std::int64_t>(whole)));
       digits = text;
     }
-    digits.resize(2 * static_cast<std::size_t>(piece.bytes), '0');
+    digits.resize(2 * static_cast<std::size_t>(piece.bytes), 'x');
     for (int i = 0; i < piece.bytes; ++i) {
       unsigned byte = 0;
       std::from_chars(&digits[2 * static_cast<std::size_t>(i)], &digits[2 * i] + 2, byte, 16);
@@ -105,27 +105,35 @@ inline std::string difference(const Bytes& image, const Bytes& expected) {
   return where + ": " + std::to_string(*at) + " for " + std::to_string(*other);
 }
 
-// A place of the history: all cells with their colours, all boxes, and the image.
+// A place of the history: all cells with their colours, all boxes, and the image. The boost rows
+// follow the engine, too, and stay out.
 struct Place {
-  std::string shown;
+  std::vector<std::string> shown;
   Bytes image;
-  bool operator==(const Place&) const = default;
 };
 
 inline Place placeNow() {
-  Place place{"", editorState.image};
+  Place place{{}, editorState.image};
   for (const MapKind& kind : mapKinds()) {
     const Grid& grid = gridOf(kind);
-    for (int i = 0; entryOf(kind).present() && i < grid.rows() * grid.columns(); ++i) {
+    const bool boost = kind.rules().after == AfterEffect::boostRow;
+    const int cells = entryOf(kind).present() ? grid.rows() * grid.columns() : 0;
+    for (int i = boost ? grid.columns() : 0; i < cells; ++i) {
       const GridCell& cell = grid.cellAt(i / grid.columns(), i % grid.columns());
-      const Colour& colour = cell.background;
-      (((place.shown += cell.text) += static_cast<char>(colour.red)) +=
-       static_cast<char>(colour.green)) += static_cast<char>(colour.blue);
+      place.shown.push_back(kind.keyword + (" " + std::to_string(i)) + ": " + cell.text + " blue " +
+                            std::to_string(cell.background.blue));
     }
-    place.shown += kind.keyword;
   }
-  for (const ParamKind& kind : paramKinds()) place.shown += (form1().*kind.box).text() + '|';
+  for (const ParamKind& kind : paramKinds()) place.shown.push_back((form1().*kind.box).text());
   return place;
+}
+
+inline std::string difference(const Place& place, const Place& expected) {
+  const auto [now, then] = std::ranges::mismatch(place.shown, expected.shown);
+  if (now == place.shown.end() || then == expected.shown.end()) {
+    return difference(place.image, expected.image);
+  }
+  return *now + " for " + *then;
 }
 
 // Whether a file is the image, raw or as far as it counts as Intel HEX, or one half of it in either
