@@ -28,9 +28,15 @@ struct Replacement {
   bool moved = false;
 };
 
-// A record that nobody holds goes first; the old file of a record that stays is still needed.
-void removeAbandonedBeside(const fs::path& target) {
-  for (const FoundBeside& found : findBeside(target)) {
+// What broken-off replacements left is finished or goes. A record that nobody holds goes first; the
+// old file of a record that stays is still needed.
+void tidyBeside(const fs::path& target) {
+  std::vector<FoundBeside> all = findBeside(target);
+  if (!all.empty() && all.front().kind == Beside::record) {
+    finishReplacementsBeside(target);
+    all = findBeside(target);
+  }
+  for (const FoundBeside& found : all) {
     std::error_code unknown;
     const fs::path record = besidePath(target, found.number, Beside::record);
     if (found.kind == Beside::previous && fs::exists(record, unknown)) continue;
@@ -183,10 +189,7 @@ void replaceFiles(std::span<const FileContent> files) {
     replacements[i].path = files[i].path;
     failingAt(replacements[i], [&] { resolve(replacements[i]); });
   }
-  for (const Replacement& replacement : replacements) {
-    finishReplacementsBeside(replacement.target);
-    removeAbandonedBeside(replacement.target);
-  }
+  for (const Replacement& replacement : replacements) tidyBeside(replacement.target);
   const std::string number = makeFilesBeside(replacements);
   for (std::size_t i = 0; i < files.size(); ++i) {
     failingAt(replacements[i], [&] { replacements[i].waiting->write(files[i].bytes); });
