@@ -24,6 +24,7 @@ Form5 form5;
 
 Form5::Form5() : Window("Form5"), Grid1(*this, rows + 1, columns + 1, 1, 1, tableLook) {
   wireDialog(*this, {[this] { fill(); }, &Command1, {}, &Command1, &Command1});
+  Grid1.nameAfter({&Frame1});
 }
 
 void Form5::fill() {

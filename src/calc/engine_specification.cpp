@@ -38,7 +38,12 @@ const Field fields[] = {
 
 Form2::Form2() : Window("Form2") {
   wireDialog(*this, {[this] { fill(); }, &Command2, [this] { accept(); }, &Command1, &Text1});
-  for (const Field& field : fields) (this->*field.box).keyFilter = digitKey;
+  for (const Field& field : fields) {
+    (this->*field.box).keyFilter = digitKey;
+    (this->*field.box).nameAfter({&(this->*field.label)});
+  }
+  Text1.nameAfter({&Label1, &Label3});
+  Text2.nameAfter({&Label2, &Label4});
 }
 
 void Form2::fill() {

@@ -1,5 +1,7 @@
 #include "controls/control.h"
 
+#include <algorithm>
+
 #include "controls/handler.h"
 #include "controls/window.h"
 
@@ -34,9 +36,11 @@ std::string Control::description() const {
 
 void Control::refer(std::vector<const Captioned*>& parts,
                     std::initializer_list<Captioned*> captions) {
+  parts.clear();
   for (Captioned* caption : captions) {
     parts.push_back(caption);
-    caption->callers_.push_back(this);
+    auto& callers = caption->callers_;
+    if (std::ranges::find(callers, this) == callers.end()) callers.push_back(this);
   }
 }
 

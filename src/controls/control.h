@@ -41,6 +41,7 @@ class Control {
   std::string spokenName() const;
   void nameAfter(std::initializer_list<Captioned*> captions) { refer(nameParts_, captions); }
   // The own text of a control that shows none.
+  virtual const std::string& ownName() const { return ownName_; }
   void setOwnName(std::string text) { assign(ownName_, std::move(text)); }
   // What the control tells beside its name: the captions of its read-outs, else its tool tip.
   std::string description() const;
@@ -66,7 +67,6 @@ class Control {
  protected:
   ~Control();
   virtual void gotFocus();
-  virtual const std::string& ownName() const { return ownName_; }
 
   void tell(const Change& change) const {
     if (observer) observer(change);
@@ -100,10 +100,10 @@ class Captioned : public Control {
       : Control(owner), caption_(std::move(caption)) {}
   const std::string& caption() const { return caption_; }
   void setCaption(std::string text);
+  const std::string& ownName() const override { return caption_; }
 
  protected:
   ~Captioned() = default;
-  const std::string& ownName() const override { return caption_; }
 
  private:
   friend class Control;

@@ -97,6 +97,19 @@ void Grid::setSelection(const GridSelection& selection) {
   selectionChanged(selection);
 }
 
+std::string Grid::spokenCell(int row, int column) const {
+  const auto named = [](const std::string& header, int number, const auto& meaning, int place) {
+    const std::string name = header.empty() ? std::to_string(number + 1) : header;
+    const std::string more = meaning ? meaning(place) : std::string();
+    return more.empty() ? name : name + " (" + more + ')';
+  };
+  const std::string rowHeader = fixedColumns_ > 0 ? text(row, 0) : std::string();
+  const std::string columnHeader = fixedRows_ > 0 ? text(0, column) : std::string();
+  return named(rowHeader, row - fixedRows_, rowMeaning, row) + ", " +
+         named(columnHeader, column - fixedColumns_, columnMeaning, column) + ": " +
+         text(row, column);
+}
+
 std::string Grid::clip() const {
   const GridBlock area = block();
   std::string text;

@@ -107,6 +107,12 @@ class Grid : public Control {
   // The selected cells' text: tabs between columns, carriage returns between rows.
   std::string clip() const;
 
+  // What a row and a column stand for beside what their headers tell, "" for nothing.
+  std::function<std::string(int row)> rowMeaning;
+  std::function<std::string(int column)> columnMeaning;
+  // What a data cell is called: its row, its column and its value.
+  std::string spokenCell(int row, int column) const;
+
   // Repainting. Writes while it is off are shown when it goes on again.
   bool redraw() const { return redraw_; }
   void setRedraw(bool on);

@@ -70,6 +70,8 @@ BulkChangeDialog form8{multiplication};
 BulkChangeDialog::BulkChangeDialog(const BulkChange& design)
     : Window(design.name), design_(design) {
   wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Text2});
+  Text1.nameAfter({&Label1});
+  Text2.nameAfter({&Label2});
   Text1.keyFilter = digitKey;
   Text2.keyFilter = [extra = design.keyBesideDigits](char32_t key) {
     return digitKey(key) || key == extra;

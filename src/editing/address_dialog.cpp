@@ -42,6 +42,9 @@ Form13 form13;
 
 Form13::Form13() : Window("Form13") {
   wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Text1});
+  Text1.nameAfter({&Label1});
+  Text2.nameAfter({&Label2});
+  Text3.nameAfter({&Label3});
 }
 
 void Form13::fill() {

@@ -161,6 +161,7 @@ Form6::Form6()
       e_cpy(addItem(edit_02, "e_cpy")),
       HSARITUKE(addItem(edit_02, "HSARITUKE")) {
   wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &eGrid});
+  eGrid.nameAfter({&Frame1});
   onUnload = [this] { eGrid.resize(emptyRows, emptyColumns); };
   eGrid.onDoubleClick = editHexCell;
   eGrid.onKey = stepHexSelection;

@@ -57,6 +57,8 @@ MapCopyDialog form4{scales};
 
 MapCopyDialog::MapCopyDialog(const MapCopy& design) : Window(design.name), design_(design) {
   wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Option1});
+  Option1.nameAfter({&Label1});
+  Option2.nameAfter({&Label2});
   Label1.onClick = [this] { Option1.userSelect(); };
   Label2.onClick = [this] { Option2.userSelect(); };
 }

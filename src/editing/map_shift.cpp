@@ -43,6 +43,8 @@ Form11 form11;
 
 Form11::Form11() : Window("Form11") {
   wireDialog(*this, {[this] { fill(); }, &Command1, shiftCommand, &Command2, &Option1});
+  Option1.nameAfter({&Label1});
+  Option2.nameAfter({&Label2});
   Label1.onClick = [this] { Option1.userSelect(); };
   Label2.onClick = [this] { Option2.userSelect(); };
 }

@@ -55,6 +55,7 @@ Form10 form10;
 Form10::Form10() : Window("Form10") {
   wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &Text1});
   escapeCancels = false;
+  Text1.nameAfter({&Label1});
   Text1.keyFilter = digitKey;
 }
 

@@ -40,6 +40,22 @@ const ToolTip toolTips[] = {
     {&Form9::Text9, {"Ｙ軸の傾き比率", "Inclination ratio of the Y-axis"}},
 };
 
+struct FieldName {
+  TextBox Form9::*box;
+  Label Form9::*label;
+};
+
+const FieldName fieldNames[] = {{&Form9::Text1, &Form9::Label1},
+                                {&Form9::Text2, &Form9::Label2},
+                                {&Form9::Text3, &Form9::Label3},
+                                {&Form9::Text4, &Form9::Label4},
+                                {&Form9::Text5, &Form9::Label5}};
+// Steps above, ratios below, each by its axis.
+const FieldName graphFieldNames[] = {{&Form9::Text6, &Form9::Label7},
+                                     {&Form9::Text7, &Form9::Label8},
+                                     {&Form9::Text8, &Form9::Label9},
+                                     {&Form9::Text9, &Form9::Label10}};
+
 std::int32_t wholeNumber(const TextBox& box) { return cellNumber(box.text()); }
 
 float realNumber(const TextBox& box) { return realClamped(parseNumber(box.text())); }
@@ -48,6 +64,13 @@ float realNumber(const TextBox& box) { return realClamped(parseNumber(box.text()
 
 Form9::Form9() : Window("Form9") {
   wireDialog(*this, {[this] { setTexts(); }, &Command1, [this] { takeOver(); }, &Command2, &Text1});
+  for (const FieldName& each : fieldNames) (this->*each.box).nameAfter({&(this->*each.label)});
+  for (const FieldName& each : graphFieldNames) {
+    (this->*each.box).nameAfter({&Label6, &(this->*each.label)});
+  }
+  Check1.nameAfter({&Label11});
+  Command3.nameAfter({&Label1});
+  Command4.nameAfter({&Label2});
   onActivate = [this] { languagePromptArmed = true; };
   onUnload = [this] { languagePromptArmed = false; };
   Check1.onChange = [this] { tellLanguageChange(); };
@@ -61,6 +84,8 @@ void Form9::setTexts() {
   Label1.setCaption(
       captioned({"アドレスファイルのフォルダ", "Beginning folder of an address file"}));
   Label2.setCaption(captioned({"ROMデータのフォルダ", "Beginning folder of Rom file"}));
+  for (TextBox* box : {&Text6, &Text7}) box->setOwnName(captioned({"ステップ数", "steps"}));
+  for (TextBox* box : {&Text8, &Text9}) box->setOwnName(captioned({"比率", "ratio"}));
   for (const ToolTip& tip : toolTips) (this->*tip.box).setToolTip(captioned(tip.text));
   for (Button* button : {&Command3, &Command4}) {
     button->setCaption(captioned(folderButton));

@@ -6,12 +6,52 @@
 #include "core/form1.h"
 #include "core/history.h"
 #include "core/map_display.h"
+#include "core/map_kinds.h"
 #include "core/settings_file.h"
+#include "core/wording.h"
 #include "frontend/languages.h"
 #include "frontend/main_menu.h"
 #include "frontend/main_window.h"
 #include "imagefiles/recent_files.h"
 #include "imagefiles/vq_tables.h"
+
+namespace {
+
+std::string textOf(const ScaleCell& cell) {
+  return cell.scale ? gridOf(*cell.scale).text(cell.row, cell.column) : std::string();
+}
+
+// A map is called by its caption; a scale by its own name behind that of the map beside it.
+void nameGrid(Form1& form, const MapKind& kind) {
+  Grid& grid = gridOf(kind);
+  Captioned* caption = kind.frame ? static_cast<Captioned*>(&(form.*kind.frame)) : nullptr;
+  if (kind.label) caption = &(form.*kind.label);
+  if (kind.isScale()) caption = &(form.*mapKindOfTab(kind.tab)->frame);
+  if (caption) grid.nameAfter({caption});
+  if (kind.family == MapFamily::tpScale) grid.setOwnName(captioned({"TP スケール", "TP scale"}));
+  if (kind.family == MapFamily::rpmScale) {
+    grid.setOwnName(captioned({"回転 スケール", "RPM scale"}));
+  }
+  grid.columnMeaning = [&kind](int column) { return textOf(loadCellOf(kind, column)); };
+  grid.rowMeaning = [&kind](int row) { return textOf(speedCellOf(kind, row)); };
+}
+
+// What the fields of the main window are called: after what stands beside or around them.
+void nameFields(Form1& form) {
+  for (const MapKind& kind : mapKinds()) nameGrid(form, kind);
+  for (const ParamKind& kind : paramKinds()) {
+    TextBox& box = form.*kind.box;
+    if (kind.unit) {
+      box.nameAfter({&(form.*kind.label), &(form.*kind.unit)});
+    } else {
+      box.nameAfter({&(form.*kind.label)});
+    }
+  }
+  form.Picture2.nameAfter({&form.Label14});
+  form.TabStrip1.setOwnName(captioned({"マップ", "Maps"}));
+}
+
+}  // namespace
 
 void loadForm1() {
   Form1& form = form1();
@@ -24,6 +64,7 @@ void loadForm1() {
   loadVqTables();
   readSettings();
   CHANGE_CAPT(editorState.english);
+  nameFields(form);
   setGridLayout();
   editorState.image = RomImage(startImageBytes);
   form.bringPanelToFront(1);

@@ -72,10 +72,18 @@ DrGraph::DrGraph()
   Label17.setColour(red);
   Label13.setColour(lightOrange);
   Text2.keyFilter = digitKey;
+  Picture1.nameAfter({&Label1});
+  Picture1.describeBy({&Label2, &Label3, &Label4});
+  Text2.nameAfter({&Label6});
+  List1.nameAfter({&Label14});
+  for (CheckBox* box : {&Check1, &Check2}) box->nameAfter({&Label5});
+  for (Option* option : viewDirection.members()) option->nameAfter({&Label16});
+  Check3.nameAfter({&Label18});
 }
 
 void DrGraph::takeWords() {
   for (const auto& [label, caption] : labelWords) (this->*label).setCaption(captioned(caption));
+  Picture1.setOwnName(captioned({"3D グラフ", "3D graph"}));
   Frame1.setCaption(captioned({"表示パラメーター", "Display parameter"}));
   Command3.setCaption(captioned({"Tips 表示", "Tips display"}));
   Text2.setToolTip(captioned(thresholdTip));

@@ -114,6 +114,7 @@ void openTpGraph() {
   D2_GRAPH.setCaption("");
   D2_GRAPH.Label1.setCaption("");
   D2_GRAPH.Label2.setCaption(axisText);
+  D2_GRAPH.Picture1.setOwnName(captioned({"TP スケール 2D グラフ", "TP scale 2D graph"}));
   D2_GRAPH.Picture1.clear();
   const MapKind* kind = scaleOfTab();
   if (!kind || !entryOf(*kind).present()) return;
@@ -136,6 +137,7 @@ D2Graph::D2Graph() : Window("D2_GRAPH") {
   wireDialog(*this, {openTpGraph, &Command1, okTpGraph, &Command2, &Picture1});
   Label1.setColour(orange);
   Label2.setColour(orange);
+  Picture1.describeBy({&Label1});
   Picture1.onKeyDown = keyDown;
   Picture1.onKey = keyPress;
   Picture1.onKeyUp = keyUp;

@@ -268,6 +268,8 @@ OddEven::OddEven() : Window("oddeven") {
   };
   const auto load = [] { press(loadCommand, {loading, {}, tellLoadFailure, afterLoadFailure}); };
   wireDialog(*this, {fill, &Command1, load, &Close, &List1});
+  List1.nameAfter({&Frame1});
+  for (Option* option : formats.members()) option->nameAfter({&Frame2});
   Command2.onClick = [] { press(saveCommand, {saving, {}, tellSaveFailure, afterSaveFailure}); };
 }
 

@@ -26,6 +26,13 @@
 #include "frontend/qt/look.h"
 #include "frontend/qt/text.h"
 
+void showNames(QWidget* widget, const Control& record) {
+  const QString name = shown(record.spokenName()).simplified();
+  const QString description = shown(record.description()).simplified();
+  if (name != widget->accessibleName()) widget->setAccessibleName(name);
+  if (description != widget->accessibleDescription()) widget->setAccessibleDescription(description);
+}
+
 SharedValues::SharedValues(QWidget* widget, const Control& record)
     : widget_(widget), record_(&record) {
   QSizePolicy policy = widget->sizePolicy();
@@ -36,6 +43,7 @@ SharedValues::SharedValues(QWidget* widget, const Control& record)
 void SharedValues::show() {
   widget_->setEnabled(record_->enabled());
   widget_->setToolTip(shownTip(record_->toolTip()));
+  showNames(widget_, *record_);
   if (visible_ == record_->visible()) return;
   visible_ = record_->visible();
   widget_->setVisible(visible_);
@@ -157,6 +165,7 @@ void showProgress(QProgressBar* widget, const ProgressBar& record) {
   widget->setValue(record.value());
   widget->setEnabled(record.enabled());
   widget->setToolTip(shownTip(record.toolTip()));
+  showNames(widget, record);
   widget->setVisible(record.visible() && record.value() > 0);
 }
 
@@ -175,16 +184,15 @@ void leaveAltKeys(QLineEdit* line) {
 
 void bind(QLabel* widget, Label& record) {
   widget->setTextFormat(Qt::PlainText);
-  follow(widget, record, [widget, &record, colour = black]() mutable {
+  follow(widget, record, [widget, &record, colour = black, ink = QColor()]() mutable {
     widget->setText(shown(record.caption()));
     if (widget->parentWidget() && !widget->parentWidget()->layout()) widget->adjustSize();
     if (record.colour() == colour) return;
-    colour = record.colour();
     QPalette palette = widget->palette();
-    // Black stands for the desktop's own colour of text.
-    palette.setColor(QPalette::WindowText, colour == black
-                                               ? QApplication::palette().color(QPalette::WindowText)
-                                               : shown(colour));
+    // Black stands for the label's own colour of text.
+    if (colour == black) ink = palette.color(QPalette::WindowText);
+    colour = record.colour();
+    palette.setColor(QPalette::WindowText, colour == black ? ink : shown(colour));
     widget->setPalette(palette);
   });
   if (!record.onClick) return;

@@ -33,7 +33,10 @@ void bind(QTimer* timer, Timer& record);
 // Keeps a character that is typed with Alt out of a line: it is meant for a menu.
 void leaveAltKeys(QLineEdit* line);
 
-// Shows what every control has: enabled, visible, tool tip.
+// Tells assistive programs what the control is called and what it reads out.
+void showNames(QWidget* widget, const Control& record);
+
+// Shows what every control has: enabled, visible, tool tip, name.
 class SharedValues {
  public:
   SharedValues(QWidget* widget, const Control& record);

@@ -120,6 +120,7 @@ CanvasView::~CanvasView() { record_.observer = nullptr; }
 void CanvasView::showValues() {
   setEnabled(record_.enabled());
   setToolTip(shownTip(record_.toolTip()));
+  showNames(this, record_);
   setUpdatesEnabled(record_.visible());
 }
 

@@ -1,5 +1,6 @@
 #include "frontend/qt/grid_model.h"
 
+#include <QAccessible>
 #include <algorithm>
 
 #include "frontend/qt/text.h"
@@ -28,8 +29,17 @@ QVariant GridModel::textAt(int row, int column) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-  if (role != Qt::DisplayRole) return {};
-  return textAt(index.row() + record_.fixedRows(), index.column() + record_.fixedColumns());
+  const int row = index.row() + record_.fixedRows();
+  const int column = index.column() + record_.fixedColumns();
+  if (role == Qt::DisplayRole) return textAt(row, column);
+  const bool spoken =
+      role == Qt::AccessibleTextRole && row < record_.rows() && column < record_.columns();
+  return spoken ? shown(record_.spokenCell(row, column)) : QVariant();
+}
+
+void GridModel::tellSpoken(int row, int column) {
+  if (!QAccessible::isActive()) return;
+  emit dataChanged(index(row, column), index(row, column), {Qt::AccessibleTextRole});
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -11,6 +11,8 @@ class GridModel : public QAbstractTableModel {
  public:
   GridModel(const Grid& record, QObject* parent);
   void reset();
+  // A cell has another text: assistive programs are told; the view reads the record itself.
+  void tellSpoken(int row, int column);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "frontend/qt/bind_controls.h"
 #include "frontend/qt/event_tap.h"
 #include "frontend/qt/grid_header.h"
 #include "frontend/qt/grid_model.h"
@@ -129,16 +130,24 @@ void GridView::showShape() {
 void GridView::showValues() {
   setEnabled(record_.enabled());
   setToolTip(shownTip(record_.toolTip()));
+  showNames(this, record_);
   if (visible_ == record_.visible()) return;
   visible_ = record_.visible();
   setVisible(visible_);
 }
 
-// The selection is painted from the record; this tells assistive programs which cell is meant.
+// The selection is painted from the record; this tells assistive programs which cells are meant.
 void GridView::showCurrentCell() {
   const QModelIndex index =
       model_->index(record_.row() - record_.fixedRows(), record_.column() - record_.fixedColumns());
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+  const GridBlock block = record_.block();
+  const auto cell = [this](int row, int column) {
+    return model_->index(row - record_.fixedRows(), column - record_.fixedColumns());
+  };
+  const QItemSelection cells(cell(block.top, block.left), cell(block.bottom, block.right));
+  if (cells == selectionModel()->selection()) return;
+  selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
 }
 
 void GridView::updateCell(int row, int column) {
@@ -147,6 +156,7 @@ void GridView::updateCell(int row, int column) {
   if (section < 0) return verticalHeader()->viewport()->update();
   const int line = row - record_.fixedRows();
   viewport()->update(placeOf(line, section));
+  model_->tellSpoken(line, section);
 }
 
 void GridView::updateAll() {

@@ -20,6 +20,8 @@ class QtDesktop : public Desktop {
   void prepareWindow(Window& window);
   // True after `quit`, also when it came before the event loop.
   bool over() const { return over_; }
+  // The window's widget, made at the first look at it.
+  QWidget* widgetOf(Window& window);
 
   void setClipboardText(const std::string& text) override;
   std::optional<std::string> clipboardText() override;
@@ -52,7 +54,6 @@ class QtDesktop : public Desktop {
   std::string doChooseFolder(const std::string& title) override;
 
  private:
-  QWidget* widgetOf(Window& window);
   // A window once made is kept, and shown again at its next opening.
   QHash<const Window*, QPointer<QWidget>> windows_;
   bool busy_ = false;

@@ -12,8 +12,7 @@
 #include "frontend/qt/look.h"
 #include "frontend/qt/pictures.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeAboutWindow();
+#include "frontend/qt/windows/layouts.h"
 
 namespace {
 

@@ -5,8 +5,7 @@
 #include "editing/address_dialog.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeForm13Window();
+#include "frontend/qt/windows/layouts.h"
 
 QWidget* makeForm13Window() {
   QDialog* const window = newDialog();

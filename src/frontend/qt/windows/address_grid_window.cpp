@@ -11,8 +11,7 @@
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/grid_view.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeForm6Window();
+#include "frontend/qt/windows/layouts.h"
 
 namespace {
 

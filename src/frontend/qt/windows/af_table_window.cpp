@@ -8,8 +8,7 @@
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/grid_view.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeForm5Window();
+#include "frontend/qt/windows/layouts.h"
 
 QWidget* makeForm5Window() {
   QDialog* const window = newDialog();

@@ -6,9 +6,7 @@
 #include "editing/add_multiply.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeForm7Window();
-QWidget* makeForm8Window();
+#include "frontend/qt/windows/layouts.h"
 
 namespace {
 

@@ -6,9 +6,8 @@
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/canvas_view.h"
 #include "frontend/qt/windows/dialog_parts.h"
+#include "frontend/qt/windows/layouts.h"
 #include "graphs/tp_curve.h"
-
-QWidget* makeD2GraphWindow();
 
 namespace {
 

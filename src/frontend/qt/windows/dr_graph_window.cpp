@@ -15,9 +15,8 @@
 #include "frontend/qt/canvas_view.h"
 #include "frontend/qt/line_view.h"
 #include "frontend/qt/windows/dialog_parts.h"
+#include "frontend/qt/windows/layouts.h"
 #include "graphs/dr_graph.h"
-
-QWidget* makeDrGraphWindow();
 
 namespace {
 

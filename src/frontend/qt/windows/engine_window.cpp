@@ -8,8 +8,7 @@
 #include "calc/engine_specification.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeForm2Window();
+#include "frontend/qt/windows/layouts.h"
 
 QWidget* makeForm2Window() {
   QDialog* const window = newDialog();

@@ -11,8 +11,7 @@
 #include "frontend/environment.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeForm9Window();
+#include "frontend/qt/windows/layouts.h"
 
 namespace {
 

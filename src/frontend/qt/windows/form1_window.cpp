@@ -19,8 +19,7 @@
 #include "frontend/qt/window_room.h"
 #include "frontend/qt/windows/dialog_parts.h"
 #include "frontend/qt/windows/form1_panels.h"
-
-QWidget* makeForm1Window();
+#include "frontend/qt/windows/layouts.h"
 
 namespace {
 

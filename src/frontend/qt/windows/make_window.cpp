@@ -1,52 +1,62 @@
 #include "frontend/qt/windows/make_window.h"
 
 #include <array>
-#include <string_view>
 
-#include "controls/window.h"
-
-QWidget* makeForm1Window();
-QWidget* makeForm2Window();
-QWidget* makeForm3Window();
-QWidget* makeForm4Window();
-QWidget* makeForm5Window();
-QWidget* makeForm6Window();
-QWidget* makeForm7Window();
-QWidget* makeForm8Window();
-QWidget* makeForm9Window();
-QWidget* makeForm10Window();
-QWidget* makeForm11Window();
-QWidget* makeForm13Window();
-QWidget* makeD2GraphWindow();
-QWidget* makeDrGraphWindow();
-QWidget* makeOddEvenWindow();
-QWidget* makeAboutWindow();
-QWidget* makeSplashWindow();
+#include "calc/af_table.h"
+#include "calc/engine_specification.h"
+#include "core/form1.h"
+#include "editing/add_multiply.h"
+#include "editing/address_dialog.h"
+#include "editing/address_grid.h"
+#include "editing/map_copy.h"
+#include "editing/map_shift.h"
+#include "editing/smoothing.h"
+#include "frontend/about.h"
+#include "frontend/environment.h"
+#include "frontend/qt/windows/layouts.h"
+#include "frontend/splash.h"
+#include "graphs/dr_graph.h"
+#include "graphs/tp_curve.h"
+#include "imagefiles/odd_even.h"
 
 namespace {
 
 struct Layout {
-  std::string_view window;
+  Window& (*window)();
   QWidget* (*make)();
 };
 
+// The main window's record is made anew in each run of the program, the others stand.
+Window& form1Record() { return form1(); }
+
+template <auto& record>
+Window& recordOf() {
+  return record;
+}
+
 constexpr std::array layouts{
-    Layout{"Form1", makeForm1Window},      Layout{"Form3", makeForm3Window},
-    Layout{"Form2", makeForm2Window},      Layout{"Form9", makeForm9Window},
-    Layout{"Form4", makeForm4Window},      Layout{"Form5", makeForm5Window},
-    Layout{"Form6", makeForm6Window},      Layout{"Form7", makeForm7Window},
-    Layout{"Form8", makeForm8Window},      Layout{"Form10", makeForm10Window},
-    Layout{"Form11", makeForm11Window},    Layout{"Form13", makeForm13Window},
-    Layout{"D2_GRAPH", makeD2GraphWindow}, Layout{"DR_GRAPH", makeDrGraphWindow},
-    Layout{"oddeven", makeOddEvenWindow},  Layout{"frmAbout", makeAboutWindow},
-    Layout{"frmSplash", makeSplashWindow},
+    Layout{form1Record, makeForm1Window},          Layout{recordOf<form2>, makeForm2Window},
+    Layout{recordOf<form3>, makeForm3Window},      Layout{recordOf<form4>, makeForm4Window},
+    Layout{recordOf<form5>, makeForm5Window},      Layout{recordOf<form6>, makeForm6Window},
+    Layout{recordOf<form7>, makeForm7Window},      Layout{recordOf<form8>, makeForm8Window},
+    Layout{recordOf<form9>, makeForm9Window},      Layout{recordOf<form10>, makeForm10Window},
+    Layout{recordOf<form11>, makeForm11Window},    Layout{recordOf<form13>, makeForm13Window},
+    Layout{recordOf<D2_GRAPH>, makeD2GraphWindow}, Layout{recordOf<DR_GRAPH>, makeDrGraphWindow},
+    Layout{recordOf<oddeven>, makeOddEvenWindow},  Layout{recordOf<frmAbout>, makeAboutWindow},
+    Layout{recordOf<frmSplash>, makeSplashWindow},
 };
 
 }  // namespace
 
 QWidget* makeWindow(Window& window) {
   for (const Layout& layout : layouts) {
-    if (layout.window == window.name()) return layout.make();
+    if (&layout.window() == &window) return layout.make();
   }
   return nullptr;
+}
+
+std::vector<Window*> allWindows() {
+  std::vector<Window*> windows;
+  for (const Layout& layout : layouts) windows.push_back(&layout.window());
+  return windows;
 }

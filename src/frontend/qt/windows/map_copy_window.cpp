@@ -7,9 +7,7 @@
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeForm3Window();
-QWidget* makeForm4Window();
+#include "frontend/qt/windows/layouts.h"
 
 namespace {
 

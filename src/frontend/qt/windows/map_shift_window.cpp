@@ -5,8 +5,7 @@
 #include "editing/map_shift.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeForm11Window();
+#include "frontend/qt/windows/layouts.h"
 
 QWidget* makeForm11Window() {
   QDialog* const window = newDialog();

@@ -11,9 +11,8 @@
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/windows/dialog_parts.h"
+#include "frontend/qt/windows/layouts.h"
 #include "imagefiles/odd_even.h"
-
-QWidget* makeOddEvenWindow();
 
 namespace {
 

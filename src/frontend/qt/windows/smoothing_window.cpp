@@ -6,8 +6,7 @@
 #include "editing/smoothing.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/windows/dialog_parts.h"
-
-QWidget* makeForm10Window();
+#include "frontend/qt/windows/layouts.h"
 
 QWidget* makeForm10Window() {
   QDialog* const window = newDialog();

@@ -7,15 +7,16 @@
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/pictures.h"
+#include "frontend/qt/windows/layouts.h"
 #include "frontend/splash.h"
-
-QWidget* makeSplashWindow();
 
 namespace {
 
 constexpr QSize size(640, 360);
 constexpr QPoint sloganPlace(142, 116);
-constexpr QRect systemsPlace(344, 304, 280, 34);
+constexpr QPoint systemsEnd(624, 338);  // the frame's lower right corner
+constexpr int systemsHeight = 34;
+constexpr QMargins systemsMargins(12, 4, 12, 0);
 constexpr QPoint scalePlace(0, 350);
 constexpr QPoint iconPlace(16, 296);
 
@@ -33,6 +34,18 @@ QLabel* placePicture(QWidget* parent, Label& record, const QString& name, QPoint
   return label;
 }
 
+// The frame is as wide as its line of text asks for.
+void placeSystems(QWidget* window, FrmSplash& form) {
+  auto* const frame = new QGroupBox(window);
+  frame->setFlat(true);
+  bind(frame, form.Frame1);
+  QLabel* const systems = placed(frame, form.Label3, {0, 0});
+  const int width = systems->sizeHint().width() + systemsMargins.left() + systemsMargins.right();
+  frame->setGeometry(systemsEnd.x() - width, systemsEnd.y() - systemsHeight, width, systemsHeight);
+  systems->setAlignment(Qt::AlignCenter);
+  systems->setGeometry(frame->rect() - systemsMargins);
+}
+
 }  // namespace
 
 QWidget* makeSplashWindow() {
@@ -45,15 +58,10 @@ QWidget* makeSplashWindow() {
   // As large as the window even if its file is missing: a click anywhere ends the window.
   placePicture(window, form.Picture1, QStringLiteral("splash.png"), {0, 0})->resize(size);
   placePicture(window, form.Picture2, QStringLiteral("icon48.png"), iconPlace);
-  placePicture(window, form.Picture3, QStringLiteral("scale.png"), scalePlace);
+  placePicture(window, form.Picture3, QStringLiteral("scale.png"), scalePlace)
+      ->resize(size.width(), size.height() - scalePlace.y());
   placed(window, form.Label4, sloganPlace);
-  auto* const frame = new QGroupBox(window);
-  frame->setFlat(true);
-  frame->setGeometry(systemsPlace);
-  bind(frame, form.Frame1);
-  QLabel* const systems = placed(frame, form.Label3, {0, 0});
-  systems->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  systems->setGeometry(frame->rect());
+  placeSystems(window, form);
   auto* const timer = new QTimer(window);
   bind(timer, form.Timer1);
   bindWindow(window, form);
