@@ -49,6 +49,7 @@ class WindowsTest : public testing::Test {
     for (int tab = form1().TabStrip1.count(); tab > 0; --tab) form1().TabStrip1.userSelect(tab);
     for (Window* window : allWindows()) {
       SCOPED_TRACE(window->name());
+      if (window != &form1()) window->unload();  // what another test left open
       if (window == &DR_GRAPH) DISP_3D_Graph();
       if (window != &form1() && window != &DR_GRAPH) openDialog(*window);
       QWidget& widget = *desk.widgetOf(*window);
