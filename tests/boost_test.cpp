@@ -31,21 +31,18 @@ class Boost : public ProgramTest {
 // throughout rows 3 and 4 end in 8 and 2, in single precision throughout row 5 ends in 4; row 2
 // ends in 9 where the product with 60000 alone stays in double precision.
 TEST_F(Boost, IsRoundedToSinglePrecisionAtEachStep) {
-  const struct {
-    int displacement, injectorSize, cylinders, tp;
-    const char* text;
-  } cases[] = {
+  const std::tuple<int, int, int, int, const char*> cases[] = {
       {2000, 370, 4, 64, "-0.15"},    {1863, 370, 3, 200, "1.18"}, {810, 720, 3, 250, "11.39"},
       {1863, 370, 8, 225, "5.63"},    {4554, 550, 8, 210, "2.75"}, {2000, 370, 4, 0, "-1.03"},
       {1, 1, 2147483647, 0, "-1.03"}, {2000, 370, 4, 75, "0.00"},  {2000, 370, 0, 64, ""},
       {2000, 0, 4, 64, ""},           {0, 370, 4, 64, ""}};
-  for (const auto& each : cases) {
-    editorState.displacement = each.displacement;
-    editorState.injectorSize = each.injectorSize;
-    editorState.cylinders = each.cylinders;
+  for (const auto& [displacement, injectorSize, cylinders, tp, expected] : cases) {
+    editorState.displacement = displacement;
+    editorState.injectorSize = injectorSize;
+    editorState.cylinders = cylinders;
     std::string text;
-    trapFailure([&] { text = formatFixed(boostFromTp(each.tp), 2); });
-    EXPECT_EQ(text, each.text) << each.displacement << ' ' << each.tp;
+    trapFailure([&text, load = tp] { text = formatFixed(boostFromTp(load), 2); });
+    EXPECT_EQ(text, expected) << displacement << ' ' << tp;
   }
 }
 

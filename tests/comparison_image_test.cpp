@@ -12,12 +12,8 @@ TEST_F(ComparisonImage, LoadsFromBothFormsBesideTheWorkingImageAndCountsByItsByt
   editorState.image[0] ^= 1;
   const Bytes edited = editorState.image;
   constexpr int refused = -1;
-  struct Row {
-    std::string command;
-    std::size_t size, set;  // the place of a 9 among zeros
-    int loaded;
-  };
-  const Row table[] = {
+  // The command, the size, the place of a 9 among zeros, and what counts as loaded.
+  const std::tuple<std::string, std::size_t, std::size_t, int> table[] = {
       {"comp_bin", 10, 0, 1},       {"comp_bin", 0, 0, refused},       {"comp_intelHex", 65, 0, 0},
       {"comp_intelHex", 70, 65, 0}, {"comp_intelHex", 64, 1, refused}, {"comp_intelHex", 65, 1, 9},
       {"comp_intelHex", 65, 64, 9}};

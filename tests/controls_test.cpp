@@ -70,31 +70,26 @@ TEST_F(Controls, EveryDoorRefusesUnlessControlAndWindowTakeInputAndNoQuestionSta
 
 TEST_F(Controls, TypingGoesThroughFilterAndLimitAndPastingThroughTheLimit) {
   constexpr auto keys = TextBox::By::keys, other = TextBox::By::other;
-  const struct {
-    const char* before;
-    int limit;
-    const char* made;
-    TextBox::By by;
-    const char* after;
-  } table[] = {{"12", 0, "12a", keys, "12"},
-               {"12", 0, "1.2", keys, "12"},
-               {"12", 0, "x", keys, "12"},
-               {"12", 0, "9", keys, "9"},
-               {"1234", 0, "12534", keys, "12534"},
-               {"12", 0, "1a2", other, "1a2"},
-               {"12", 0, "", keys, ""},
-               {"1234", 4, "12345", keys, "1234"},
-               {"1234", 4, "1ab14", other, "1ab4"},
-               {"", 2, "日本語", other, "日本"},
-               {"日本語", 0, "日語", keys, "日語"},
-               {"123456", 4, "13456", keys, "13456"},
-               {"123456", 4, "1293456", keys, "123456"}};
+  const std::tuple<const char*, int, const char*, TextBox::By, const char*> table[] = {
+      {"12", 0, "12a", keys, "12"},
+      {"12", 0, "1.2", keys, "12"},
+      {"12", 0, "x", keys, "12"},
+      {"12", 0, "9", keys, "9"},
+      {"1234", 0, "12534", keys, "12534"},
+      {"12", 0, "1a2", other, "1a2"},
+      {"12", 0, "", keys, ""},
+      {"1234", 4, "12345", keys, "1234"},
+      {"1234", 4, "1ab14", other, "1ab4"},
+      {"", 2, "日本語", other, "日本"},
+      {"日本語", 0, "日語", keys, "日語"},
+      {"123456", 4, "13456", keys, "13456"},
+      {"123456", 4, "1293456", keys, "123456"}};
   panel.box.keyFilter = digitKey;
-  for (const auto& row : table) {
-    panel.box.setText(row.before);
-    panel.box.setMaxLength(row.limit);
-    panel.box.userEdit(row.made, row.by);
-    EXPECT_EQ(panel.box.text(), row.after) << row.before << " " << row.made;
+  for (const auto& [before, limit, made, by, after] : table) {
+    panel.box.setText(before);
+    panel.box.setMaxLength(limit);
+    panel.box.userEdit(made, by);
+    EXPECT_EQ(panel.box.text(), after) << before << " " << made;
   }
 }
 

@@ -46,31 +46,28 @@ TEST_F(GraphTest, DrawsTheSurfaceTheTrailOfAHeldKeyAndTheComparisonBehind) {
 }
 
 TEST_F(GraphTest, ShowsAnyCellWithAnyStoredMaskMagnificationAndThreshold) {
-  const struct {
-    int mask, magnification;
-    const char *cell, *threshold;
-    int inForce;  // of the mask
-    int height, flag;
-  } cases[] = {{192, 1, "130", "125", 192, 130 - 192, 1},
-               {128, 2, "130", "125", 128, 4, 1},
-               {64, 5, "130", "125", 64, 330, 1},
-               {7, 0, "abc", "125", 0, 0, 0},
-               {128, 9, "12.5", "125", 128, 60, 0},
-               {192, -4, "0", "0", 192, -192, 1},
-               {128, 1, "65535", "125", 128, 65535 - 128, 1},
-               {0, 5, "99e99", "125", 0, 2147483647, 1},
-               {128, 1, "124", "", 128, 124 - 128, 1}};
-  for (const auto& each : cases) {
-    SCOPED_TRACE(std::string(each.cell) + " at " + each.threshold);
-    editorState.graphFbMask = each.mask;
-    editorState.graphMagnification = each.magnification;
-    openWith(each.cell);
+  // Mask, magnification, cell and threshold; the mask in force, height and flag.
+  const std::tuple<int, int, const char*, const char*, int, int, int> cases[] = {
+      {192, 1, "130", "125", 192, 130 - 192, 1},
+      {128, 2, "130", "125", 128, 4, 1},
+      {64, 5, "130", "125", 64, 330, 1},
+      {7, 0, "abc", "125", 0, 0, 0},
+      {128, 9, "12.5", "125", 128, 60, 0},
+      {192, -4, "0", "0", 192, -192, 1},
+      {128, 1, "65535", "125", 128, 65535 - 128, 1},
+      {0, 5, "99e99", "125", 0, 2147483647, 1},
+      {128, 1, "124", "", 128, 124 - 128, 1}};
+  for (const auto& [mask, magnification, text, threshold, inForce, height, flag] : cases) {
+    SCOPED_TRACE(std::string(text) + " at " + threshold);
+    editorState.graphFbMask = mask;
+    editorState.graphMagnification = magnification;
+    openWith(text);
     DR_GRAPH.Text2.userFocus();
-    DR_GRAPH.Text2.userEdit(each.threshold);
+    DR_GRAPH.Text2.userEdit(threshold);
     DR_GRAPH.Text2.userLeave();
-    EXPECT_EQ(graphState.fbMask, each.inForce);
-    EXPECT_EQ(graphState.heights[1][1], each.height);
-    EXPECT_EQ(graphState.fbFlags[0], each.flag);
+    EXPECT_EQ(graphState.fbMask, inForce);
+    EXPECT_EQ(graphState.heights[1][1], height);
+    EXPECT_EQ(graphState.fbFlags[0], flag);
     DR_GRAPH.Command1.userClick();
   }
 }
@@ -157,36 +154,35 @@ TEST_F(GraphTest, MovesToTheEdgesAndNoFurtherAndReadsOutLoadSpeedAndValue) {
 }
 
 TEST_F(GraphTest, KeysThatBeginTheirAssignmentChangeOneUnitOfTheCellUnderTheCursor) {
-  const struct {
-    const char *plus, *minus, *cell;
-    int mask, magnification;
-    std::u32string keys;
-    const char *shown, *written;
-  } cases[] = {{"+", "-", "200", 128, 1, U"+", "73", "201"},
-               {"+", "-", "124", 128, 3, U"+", "125", "125"},
-               {"+", "-", "200", 128, 3, U"+", "73", "201"},
-               {"+", "-", "0", 128, 5, U"--++++", "2", "2"},
-               {"+", "-", "300", 128, 1, U"", "172", "255"},
-               {"+", "-", "-9", 0, 1, U"", "-9", "0"},
-               {"+", "-", "255", 0, 3, U"++-", "254", "254"},
-               {"", "-", "10", 0, 1, std::u32string(2, 0) + U"+", "10", "10"},
-               {"あい", "-", "10", 0, 1, U"あい", "11", "11"},
-               // One key for both: at the upper end the raise is cut before the fall.
-               {"=", "=", "10", 0, 1, U"=", "10", "10"},
-               {"=", "=", "255", 0, 1, U"=", "254", "254"}};
-  for (const auto& each : cases) {
-    SCOPED_TRACE(std::string(each.plus) + each.minus + " " + each.cell);
-    editorState.plusKey = each.plus;
-    editorState.minusKey = each.minus;
-    editorState.graphFbMask = each.mask;
-    editorState.graphMagnification = each.magnification;
-    openWith(each.cell);
-    for (const char32_t key : each.keys) canvas.userKey(key);
+  // The step keys, cell, mask and magnification; the keys pressed, the read-out and what is
+  // written.
+  using Text = const char*;
+  const std::tuple<Text, Text, Text, int, int, std::u32string, std::string, Text> cases[] = {
+      {"+", "-", "200", 128, 1, U"+", "73", "201"},
+      {"+", "-", "124", 128, 3, U"+", "125", "125"},
+      {"+", "-", "200", 128, 3, U"+", "73", "201"},
+      {"+", "-", "0", 128, 5, U"--++++", "2", "2"},
+      {"+", "-", "300", 128, 1, U"", "172", "255"},
+      {"+", "-", "-9", 0, 1, U"", "-9", "0"},
+      {"+", "-", "255", 0, 3, U"++-", "254", "254"},
+      {"", "-", "10", 0, 1, std::u32string(2, 0) + U"+", "10", "10"},
+      {"あい", "-", "10", 0, 1, U"あい", "11", "11"},
+      // One key for both: at the upper end the raise is cut before the fall.
+      {"=", "=", "10", 0, 1, U"=", "10", "10"},
+      {"=", "=", "255", 0, 1, U"=", "254", "254"}};
+  for (const auto& [plus, minus, text, mask, magnification, keys, shown, written] : cases) {
+    SCOPED_TRACE(std::string(plus) + minus + " " + text);
+    editorState.plusKey = plus;
+    editorState.minusKey = minus;
+    editorState.graphFbMask = mask;
+    editorState.graphMagnification = magnification;
+    openWith(text);
+    for (const char32_t key : keys) canvas.userKey(key);
     EXPECT_EQ(DR_GRAPH.focus(), &canvas);
     press(0);
-    EXPECT_EQ(DR_GRAPH.Label4.caption(), std::string("DATA : ") + each.shown);
+    EXPECT_EQ(DR_GRAPH.Label4.caption(), "DATA : " + shown);
     DR_GRAPH.Command2.userClick();
-    EXPECT_EQ(cell(1, 1), each.written);
+    EXPECT_EQ(cell(1, 1), written);
   }
 }
 

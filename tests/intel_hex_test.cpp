@@ -28,12 +28,7 @@ std::string repeated(std::string_view text, std::size_t times) {
 }
 
 TEST(IntelHexReader, TakesTheCountAndTheDataOfEachLineAndNothingElse) {
-  struct Row {
-    const char* what;
-    std::string text;
-    std::optional<Bytes> bytes;
-  };
-  const Row table[] = {
+  const std::tuple<const char*, std::string, std::optional<Bytes>> table[] = {
       {"base and end records", ":020000020000FC\r\n:01000000417E\r\n:00000001FF", Bytes{0x41}},
       {"a last line without a line end", ":01000000417E\r\n:010001004200", Bytes{0x41}},
       {"any byte behind the carriage return", ":0100000041\r::010001004200\rX", Bytes{0x41, 0x42}},
@@ -52,25 +47,21 @@ TEST(IntelHexReader, TakesTheCountAndTheDataOfEachLineAndNothingElse) {
       {"address FFFF without bytes", "X00FFFF\r\n:01000000417E\r\n", std::nullopt},
       {"binary", "\x7F\x01\x02\x03\x04\r\xFF\xFE\xFD\x80\r", std::nullopt},
   };
-  for (const Row& row : table) EXPECT_EQ(read(row.text), row.bytes) << row.what;
+  for (const auto& [what, text, bytes] : table) EXPECT_EQ(read(text), bytes) << what;
 }
 
 TEST(IntelHexReader, RefusesMoreBytesThanItsCapacityAndMoreThan70001Lines) {
   const std::string one = ":01000000417E\r\n";
   const std::string full = repeated(":0A0000000102030405060708090A\r\n", 14000) + one;
-  struct Row {
-    std::string text;
-    std::int64_t capacity;
-    std::optional<std::size_t> size;
-  };
-  const Row table[] = {{full, 140001, 140001},
-                       {full + one, 140001, {}},
-                       {"X000100\r\n", 256, 256},
-                       {"X000101\r\n", 256, {}},
-                       {repeated(one, 70001), 140001, 70001},
-                       {repeated(one, 70002), 140001, {}},
-                       {one + repeated("\r\n", 70001), 140001, {}},
-                       {std::string(std::size_t{64} << 20, ':'), 140001, {}}};
+  const std::tuple<std::string, std::int64_t, std::optional<std::size_t>> table[] = {
+      {full, 140001, 140001},
+      {full + one, 140001, {}},
+      {"X000100\r\n", 256, 256},
+      {"X000101\r\n", 256, {}},
+      {repeated(one, 70001), 140001, 70001},
+      {repeated(one, 70002), 140001, {}},
+      {one + repeated("\r\n", 70001), 140001, {}},
+      {std::string(std::size_t{64} << 20, ':'), 140001, {}}};
   for (const auto& [text, capacity, size] : table) {
     const auto bytes = read(text, capacity);
     EXPECT_EQ(bytes ? std::optional(bytes->size()) : std::nullopt, size) << text.size();

@@ -23,15 +23,8 @@ class MapDisplay : public ProgramTest {
 // The second kind of row ends without a text: its draw fails, and hides the grid until one
 // succeeds.
 TEST_F(MapDisplay, EachKindOfMapShowsItsBytesAndAFailedDrawHidesItsGridAlone) {
-  struct Row {
-    const char* keyword;
-    std::ptrdiff_t address;
-    int columns, rows, length;
-    const char* scale;
-    Grid F::*grid;
-    const char* expected;  // the end of the grid's texts
-  };
-  const Row table[] = {
+  // Keyword, address, columns, rows, length and scale; the grid and the end of its texts.
+  const std::tuple<const char*, int, int, int, int, const char*, Grid F::*, std::string> table[] = {
       {"HIGH_FUEL", 256, 3, 2, 6, "7", &F::Grid1, "|+0|+1|+2/0100|0|1|9/0103|128|254|255"},
       {"REG_FIRE", 0x12345, 2, 1, 2, "7", &F::Grid4, "|+0|+1/12345|0|1"},
       {"REG_FUEL", 0x123FE, 2, 2, 4, "0", &F::Grid3, ""},
@@ -44,33 +37,25 @@ TEST_F(MapDisplay, EachKindOfMapShowsItsBytesAndAFailedDrawHidesItsGridAlone) {
       {"RPM_SCALE_FIRE", 256, 5, 9, 5, "50", &F::RPM_FIRE, "0/50/450/6400/12700///////////"},
       {"ADD_MAP4", 256, 18, 1, 18, "1", &F::AddGrid4,
        "+8|+9|+A|+B|+C|+D|+E|+F|+10|+11/0100|0|1|9|128|254|255|0|0|0|0|0|0|0|0|0|0|0|0"}};
-  for (const Row& row : table) {
+  for (const auto& [keyword, address, columns, rows, length, scale, member, expected] : table) {
     useMap("TYPE_UNIT\r\nX\r\n" + mapBlock("ADD_MAP5", "&H11000", 2, 2, 4) +
-           mapBlock(row.keyword, std::to_string(row.address), row.columns, row.rows, row.length,
-                    row.scale));
+           mapBlock(keyword, std::to_string(address), columns, rows, length, scale));
     Bytes image(0x12400);
     const Bytes held = {0, 1, 9, 128, 254, 255};
-    if (row.address >= 0 && row.address < 0x123F0) {
-      std::copy(held.begin(), held.end(), image.begin() + row.address);
-    }
+    if (address >= 0 && address < 0x123F0) std::ranges::copy(held, image.begin() + address);
     image[0] = 1;  // so that the image counts as loaded
     desk.boxes.clear();
     loadImage(image);
-    const Grid& grid = form1().*row.grid;
-    const bool drawn = *row.expected != '\0';
-    EXPECT_TRUE(texts(grid).ends_with(row.expected)) << row.keyword << ": " << texts(grid);
-    EXPECT_EQ(lastBox() == "ERROR (Function:MAP_DRAW)", !drawn) << row.keyword;
-    EXPECT_TRUE(grid.visible() == drawn && grid.redraw()) << row.keyword;
+    const Grid& grid = form1().*member;
+    EXPECT_TRUE(texts(grid).ends_with(expected)) << keyword << ": " << texts(grid);
+    EXPECT_EQ(lastBox() == "ERROR (Function:MAP_DRAW)", expected.empty()) << keyword;
+    EXPECT_TRUE(grid.visible() != expected.empty() && grid.redraw()) << keyword;
   }
 }
 
 TEST_F(MapDisplay, EachFamilyHasItsWidthsAndHeightsInTwips) {
   loadImage(patternImage(0x400));
-  const struct {
-    const char* family;
-    Grid F::*grid;
-    int headerWidth, width, headerHeight;
-  } table[] = {
+  const std::tuple<const char*, Grid F::*, int, int, int> table[] = {
       {"map", &F::Grid1, 620, 430, 240},           {"airflow", &F::Grid5, 620, 620, 240},
       {"limit row", &F::Grid6, 620, 430, 194},     {"limits", &F::Grid7, 620, 430, 194},
       {"additional", &F::AddGrid1, 620, 430, 240}, {"load scale", &F::TP_FUEL, 620, 430, 240},

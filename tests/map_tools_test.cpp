@@ -162,14 +162,9 @@ TEST_F(MapTools, TheGridOfAnAbsentMapTakesNothing) {
 }
 
 TEST_F(MapTools, ToolsChangeTheSelectionAloneInAnyDirectionOnEachTab) {
-  struct Row {
-    std::string tool;
-    GridSelection drag, selected;
-    std::string after;
-  };
   const std::string kept = "121 0 31 0 51 400 0 400|60 0 121 0 80|5 255 8 0 9";
   // Smoothing is one pass along all rows but the last two, then one along all columns but those.
-  const Row table[] = {
+  const std::tuple<std::string, GridSelection, GridSelection, std::string> table[] = {
       {"add", {3, 4, 2, 3}, {3, 4, 2, 3}, "121 0 31 0 51 400 0 400|60 0 121 5 80|5 255 13 5 9"},
       {"mul", {2, 2, 3, 1}, {2, 2, 3, 1}, "121 0 31 0 51 400 0 400|91 1 121 0 80|8 255 8 0 9"},
       {"-", {3, 2, 2, 3}, {3, 2, 2, 3}, "121 0 31 0 51 400 0 400|60 0 120 0 80|5 254 7 0 9"},

@@ -105,15 +105,11 @@ TEST(Numbers, DecimalTextsAreAsPlainAndShortAsTheyReadBack) {
 }
 
 TEST(Numbers, FixedPlacesRoundTheExactValueWithTiesAwayFromZero) {
-  const struct {
-    float value;
-    int decimals;
-    const char* text;
-  } rows[] = {{.25F, 1, "0.3"},     {-.25F, 1, "-0.3"},       {.35F, 1, "0.3"},
-              {.45F, 1, "0.4"},     {2.5F, 0, "3"},           {-.04F, 1, "0.0"},
-              {.0625F, 3, "0.063"}, {9.96F, 1, "10.0"},       {infinity, 2, "inf"},
-              {1.5F, -3, "2"},      {1, 99, "1.000000000000"}};
-  for (const auto& row : rows) EXPECT_EQ(formatFixed(row.value, row.decimals), row.text);
+  const std::tuple<float, int, const char*> rows[] = {
+      {.25F, 1, "0.3"},     {-.25F, 1, "-0.3"}, {.35F, 1, "0.3"},         {.45F, 1, "0.4"},
+      {2.5F, 0, "3"},       {-.04F, 1, "0.0"},  {.0625F, 3, "0.063"},     {9.96F, 1, "10.0"},
+      {infinity, 2, "inf"}, {1.5F, -3, "2"},    {1, 99, "1.000000000000"}};
+  for (const auto& [value, places, text] : rows) EXPECT_EQ(formatFixed(value, places), text);
   EXPECT_EQ(formatFixed(1e20F, 1), "100000002004087734272.0");
 }
 

@@ -46,13 +46,8 @@ class OddEvenPairs : public ProgramTest {
 };
 
 TEST_F(OddEvenPairs, ShortHexFilesAreFilledWithZerosAndShortRawFilesAreRefused) {
-  struct Row {
-    const char* what;
-    bool hex;
-    Bytes odd, even;
-    std::optional<Bytes> image;  // nothing: refused
-  };
-  const Row table[] = {
+  // What, in hex, the two files, and the image; nothing: refused.
+  const std::tuple<const char*, bool, Bytes, Bytes, std::optional<Bytes>> table[] = {
       {"a long even file", false, Bytes(4096), Bytes(5000), Bytes{}},
       {"a short odd file", false, Bytes(4095, 1), Bytes(4096, 1), {}},
       {"a short even file", false, Bytes(4096, 1), Bytes(4095, 1), {}},
@@ -88,39 +83,33 @@ TEST_F(OddEvenPairs, RefusalsDeclinesAndCancelsChangeNothingAndNoBoxStandsBehind
     EXPECT_NE(oddeven.topmost(), desk.boxes.size() > boxes) << "it would hide a box";
     boxes = desk.boxes.size();
   };
-  struct Row {
-    Button& button;
-    bool hex;
-    const char *odd, *even;
-    std::deque<BoxAnswer> answers;
-    std::string told;
-    std::size_t asked;  // of the two files
-  };
   const std::string discard = "It is crowded as reading, though it aren't preserved for data ?";
-  const Row table[] = {
-      {load, false, "odd", "odd", {BoxAnswer::no}, discard, 0},
-      {load, true, "", "", {BoxAnswer::yes}, discard, 1},
-      {load, true, "odd", "", {BoxAnswer::yes}, discard, 2},
-      {save, true, "", "", {}, "", 1},
-      {save, true, "new", "", {}, "", 2},
-      {save, false, "new", "old", {BoxAnswer::cancel}, "old" + mayOverwrite, 2},
-      {save, false, "old", "new", {BoxAnswer::cancel}, "old" + mayOverwrite, 1},
+  // The files, the answer, what is told, and how many files were asked for.
+  const std::tuple<Button&, bool, std::string, const char*, BoxAnswer, std::string, std::size_t>
+      table[] = {{load, false, "odd", "odd", BoxAnswer::no, discard, 0},
+                 {load, true, "", "", BoxAnswer::yes, discard, 1},
+                 {load, true, "odd", "", BoxAnswer::yes, discard, 2},
+                 {save, true, "", "", BoxAnswer::yes, "", 1},
+                 {save, true, "new", "", BoxAnswer::yes, "", 2},
+                 {save, false, "new", "old", BoxAnswer::cancel, "old" + mayOverwrite, 2},
+                 {save, false, "old", "new", BoxAnswer::cancel, "old" + mayOverwrite, 1},
 #ifdef _WIN32
-      {save, false, "both", "BOTH", {BoxAnswer::cancel}, "BOTH" + mayOverwrite, 2},
+                 {save, false, "both", "BOTH", BoxAnswer::cancel, "BOTH" + mayOverwrite, 2},
 #endif
-      {save, false, "both", "./both", {BoxAnswer::cancel}, "both" + mayOverwrite, 2}};
-  for (const Row& row : table) {
-    SCOPED_TRACE(std::string(row.odd) + " and " + row.even);
-    desk.boxAnswers = row.answers;
+                 {save, false, "both", "./both", BoxAnswer::cancel, "both" + mayOverwrite, 2}};
+  for (const auto& [button, hex, odd, even, answer, expected, asked] : table) {
+    SCOPED_TRACE(odd + " and " + even);
+    desk.boxAnswers = {answer};
     desk.openDialogs.clear();
     desk.saveDialogs.clear();
-    press(row.button, 0, row.hex, row.odd, row.even);
-    EXPECT_EQ(told(), row.told);
+    press(button, 0, hex, odd, even);
+    EXPECT_EQ(told(), expected);
     boxes = 0;
-    EXPECT_EQ(desk.openDialogs.size() + desk.saveDialogs.size(), row.asked);
+    EXPECT_EQ(desk.openDialogs.size() + desk.saveDialogs.size(), asked);
     for (const char* name : {"new", "both"}) EXPECT_EQ(readText(name), "") << name;
   }
   desk.whileAsking = {};
+  desk.boxAnswers.clear();
   EXPECT_EQ(readText("old"), "old");
   EXPECT_EQ(form1().Grid1.text(1, 1), std::to_string(editorState.image.at(0x100)));
   pick("odd_even_file");

@@ -36,12 +36,8 @@ TEST_F(RomImageTest, EachKindOfCellIsStoredByItsOwnRule) {
   };
   const Kind kinds[] = {{16, 1, &F::Grid1}, {44, 1, &F::TP_FIRE},  {48, 1, &F::RPM_FUEL},
                         {12, 2, &F::Grid5}, {20, 1, &F::AddGrid1}, {24, 1, &F::AddGrid14}};
-  struct Row {
-    int place;
-    const char* text;
-    int stored;  // `bad`: a box, and the bytes stay
-  };
-  const Row rows[] = {
+  // A place, a text and what is stored; `bad`: a box, and the bytes stay.
+  const std::tuple<int, const char*, int> rows[] = {
       {16, "7", 7},       {16, "255.4", 255}, {16, "255.6", bad},    {16, "-1", bad},
       {16, "-0.4", 0},    {16, "", 0},        {16, "12x", 12},       {16, " 2.5", 2},
       {16, "3.5", 4},     {16, "1e2", 100},   {16, "1e99", bad},     {44, "254.5", 254},
@@ -49,21 +45,21 @@ TEST_F(RomImageTest, EachKindOfCellIsStoredByItsOwnRule) {
       {20, "7", 3},       {20, "511.9", 255}, {20, "-1", bad},       {24, "-7", 2},
       {24, "1", bad},     {12, "258", 0x102}, {12, "65535", 0xFFFF}, {12, "70000", 0x1117},
       {12, "-1", 0xFFFF}, {12, "0.5", 0},     {12, "1e10", bad}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(std::to_string(row.place) + " " + row.text);
+  for (const auto& [place, text, stored] : rows) {
+    SCOPED_TRACE(std::to_string(place) + " " + text);
     editorState.imageSize = 0;
     loadImage(Bytes(64, fill));
-    const Kind& kind = *std::ranges::find(kinds, row.place, &Kind::place);
+    const Kind& kind = *std::ranges::find(kinds, place, &Kind::place);
     Grid& grid = form1().*kind.grid;
-    grid.setText(grid.fixedRows(), grid.fixedRows(), row.text);
+    grid.setText(grid.fixedRows(), grid.fixedRows(), text);
     Bytes expected(64, fill);
-    for (int i = 0; i < kind.bytes && row.stored != bad; ++i) {
-      const auto last = static_cast<std::size_t>(row.place + kind.bytes - 1);
-      expected.at(last - i) = static_cast<std::uint8_t>(row.stored >> 8 * i);
+    for (int i = 0; i < kind.bytes && stored != bad; ++i) {
+      const auto last = static_cast<std::size_t>(place + kind.bytes - 1);
+      expected.at(last - i) = static_cast<std::uint8_t>(stored >> 8 * i);
     }
     pick("update_bin_file");
     EXPECT_EQ(readBytes("image.bin"), expected);
-    EXPECT_EQ(told(), row.stored == bad ? mapRefused : "");
+    EXPECT_EQ(told(), stored == bad ? mapRefused : "");
   }
 }
 
@@ -98,20 +94,16 @@ TEST_F(RomImageTest, WhatNeverCouldBeDrawnOrHasNoScaleIsNeverWritten) {
 }
 
 TEST_F(RomImageTest, TheContentTestReadsThirtyThreeBytesAndNoneOutside) {
-  struct Row {
-    std::int32_t probe;
-    std::size_t size, set;
-    bool loaded;
-  };
-  const Row table[] = {{100, 200, 15, true},  {100, 200, 16, false},   {100, 200, 99, false},
-                       {100, 200, 100, true}, {100, 200, 116, true},   {100, 200, 117, false},
-                       {190, 200, 199, true}, {200, 200, 199, false},  {100, 200, 0, true},
-                       {-5, 200, 16, false},  {INT32_MIN, 1, 0, true}, {INT32_MAX, 200, 16, false}};
-  for (const Row& row : table) {
-    useMap("TYPE_UNIT\nX\n" + mapBlock("K_DATA", std::to_string(row.probe), 1, 1, 2));
-    editorState.image = Bytes(row.size);
-    editorState.image[row.set] = 1;
-    EXPECT_EQ(isRomLoaded(), row.loaded) << row.probe << " " << row.set;
+  const std::tuple<std::int32_t, std::size_t, std::size_t, bool> table[] = {
+      {100, 200, 15, true},  {100, 200, 16, false},   {100, 200, 99, false},
+      {100, 200, 100, true}, {100, 200, 116, true},   {100, 200, 117, false},
+      {190, 200, 199, true}, {200, 200, 199, false},  {100, 200, 0, true},
+      {-5, 200, 16, false},  {INT32_MIN, 1, 0, true}, {INT32_MAX, 200, 16, false}};
+  for (const auto& [probe, size, set, loaded] : table) {
+    useMap("TYPE_UNIT\nX\n" + mapBlock("K_DATA", std::to_string(probe), 1, 1, 2));
+    editorState.image = Bytes(size);
+    editorState.image[set] = 1;
+    EXPECT_EQ(isRomLoaded(), loaded) << probe << " " << set;
   }
 }
 

@@ -31,31 +31,27 @@ class TpCurveTest : public CanvasTest {
 };
 
 TEST_F(TpCurveTest, KeysMoveThePointUnderTheCursorWithinTheBuffer) {
-  const struct {
-    const char* text;
-    char key;
-    int repeats, y;
-    const char *written, *plusKey;
-  } cases[] = {{"64", '+', 1, 170, "65", "+"},
-               {"64", '-', 1, 174, "63", "+"},
-               {"64", '+', 1, 172, "64", ""},
-               {"200", '+', 1, 0, "150", "+"},
-               {"0", '-', 200, 510, "0", "+"},
-               {"-5", '+', 0, 310, "0", "+"},
-               {"-9e30", '+', 0, 2147483647, "0", "+"},
-               {"9e30", '-', 1, -2147483646, "1073741973", "+"},
-               // One key for both lowers to y 2 first, then raises to y 0.
-               {"150", '-', 1, 0, "150", "-"}};
+  const std::tuple<const char*, char, int, int, const char*, const char*> cases[] = {
+      {"64", '+', 1, 170, "65", "+"},
+      {"64", '-', 1, 174, "63", "+"},
+      {"64", '+', 1, 172, "64", ""},
+      {"200", '+', 1, 0, "150", "+"},
+      {"0", '-', 200, 510, "0", "+"},
+      {"-5", '+', 0, 310, "0", "+"},
+      {"-9e30", '+', 0, 2147483647, "0", "+"},
+      {"9e30", '-', 1, -2147483646, "1073741973", "+"},
+      // One key for both lowers to y 2 first, then raises to y 0.
+      {"150", '-', 1, 0, "150", "-"}};
   load({64, 64});
-  for (const auto& each : cases) {
-    form1().TP_FUEL.setText(1, 1, each.text);
-    editorState.plusKey = each.plusKey;
+  for (const auto& [text, key, repeats, y, written, plusKey] : cases) {
+    form1().TP_FUEL.setText(1, 1, text);
+    editorState.plusKey = plusKey;
     open();
-    type(each.key, each.repeats);
-    EXPECT_EQ(tpGraphState.pointY[0], each.y) << each.text << each.key;
+    type(key, repeats);
+    EXPECT_EQ(tpGraphState.pointY[0], y) << text << key;
     EXPECT_EQ(tpGraphState.pointY[1], 172);
     D2_GRAPH.Command1.userClick();
-    EXPECT_EQ(form1().TP_FUEL.text(1, 1), each.written) << each.text << each.key;
+    EXPECT_EQ(form1().TP_FUEL.text(1, 1), written) << text << key;
   }
 }
 
