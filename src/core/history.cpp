@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <deque>
 #include <utility>
 #include <vector>
 
@@ -36,11 +37,10 @@ class Steps {
     return step;
   }
   void dropOldestBeyond(std::size_t limit) {
-    std::ptrdiff_t oldest = 0;
-    while (bytes_ > limit && oldest + 1 < std::ssize(steps_)) {
-      bytes_ -= steps_[static_cast<std::size_t>(oldest++)].size;
+    while (bytes_ > limit && steps_.size() > 1) {
+      bytes_ -= steps_.front().size;
+      steps_.pop_front();
     }
-    steps_.erase(steps_.begin(), steps_.begin() + oldest);
   }
   void clear() { *this = {}; }
 
@@ -49,7 +49,7 @@ class Steps {
     Step step;
     std::size_t size;
   };
-  std::vector<Sized> steps_;
+  std::deque<Sized> steps_;
   std::size_t bytes_ = 0;
 };
 
