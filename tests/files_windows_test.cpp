@@ -49,6 +49,57 @@ constexpr DWORD shareReading = FILE_SHARE_READ;
 constexpr DWORD shareWriting = FILE_SHARE_READ | FILE_SHARE_WRITE;
 constexpr DWORD shareAll = shareWriting | FILE_SHARE_DELETE;
 
+// The system's call of that name fails with that error.
+struct Fault {
+  const char* call = "";
+  DWORD error = 0;
+};
+
+Fault fault;
+
+bool fails(std::string_view call) {
+  SetLastError(fault.error);
+  return call == fault.call;
+}
+
+template <typename Call>
+Call real(const char* name) {
+  void* const found = reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32"), name));
+  return reinterpret_cast<Call>(found);
+}
+
+}  // namespace
+
+// What the linker takes instead of the system's own import of the same name.
+extern "C" {
+
+decltype(&CreateFileW) __imp_CreateFileW = [](LPCWSTR path, DWORD access, DWORD share,
+                                              LPSECURITY_ATTRIBUTES security, DWORD how,
+                                              DWORD flags, HANDLE from) WINAPI -> HANDLE {
+  static const auto call = real<decltype(&CreateFileW)>("CreateFileW");
+  if (how == CREATE_NEW && fails("create")) return INVALID_HANDLE_VALUE;
+  return call(path, access, share, security, how, flags, from);
+};
+
+decltype(&WriteFile) __imp_WriteFile = [](HANDLE file, LPCVOID bytes, DWORD size, LPDWORD count,
+                                          LPOVERLAPPED overlapped) WINAPI -> BOOL {
+  static const auto call = real<decltype(&WriteFile)>("WriteFile");
+  return fails("write") ? FALSE : call(file, bytes, size, count, overlapped);
+};
+
+decltype(&FlushFileBuffers) __imp_FlushFileBuffers = [](HANDLE file) WINAPI -> BOOL {
+  static const auto call = real<decltype(&FlushFileBuffers)>("FlushFileBuffers");
+  return fails("flush") ? FALSE : call(file);
+};
+
+decltype(&MoveFileExW) __imp_MoveFileExW = [](LPCWSTR from, LPCWSTR to, DWORD how) WINAPI -> BOOL {
+  static const auto call = real<decltype(&MoveFileExW)>("MoveFileExW");
+  return fails("move") ? FALSE : call(from, to, how);
+};
+}
+
+namespace {
+
 int saved(const std::string& path, std::string_view text) {
   return trapFailure([&] { replaceFile(path, bytesOf(text)); });
 }
@@ -153,6 +204,38 @@ TEST(FilesOnWindows, WhatCannotBePutBackIsNotThrownAway) {
   EXPECT_TRUE(kept) << "odd.bin holds " << contentOf(odd) << ", even.bin " << contentOf(even);
 }
 
+// A full disk, a drive that vanished, a share that went, a folder without permission.
+TEST(FilesOnWindows, WhatTheSystemRefusesLeavesTheOldFilesAndNothingElse) {
+  struct Row {
+    Fault fault;
+    int number;
+  };
+  const ScratchFolder folder;
+  const std::string odd = folder / "odd.bin", even = folder / "even.bin";
+  const FileContent files[] = {{odd, bytesOf("new odd")}, {even, bytesOf("new even")}};
+  for (const std::string& path : {odd, even}) ASSERT_EQ(saved(path, "old"), 0);
+  for (const Row& row :
+       {Row{{"create", ERROR_ACCESS_DENIED}, pathFileAccess},
+        Row{{"create", ERROR_WRITE_PROTECT}, pathFileAccess},
+        Row{{"create", ERROR_DISK_FULL}, diskFull}, Row{{"write", ERROR_DISK_FULL}, diskFull},
+        Row{{"write", ERROR_HANDLE_DISK_FULL}, diskFull},
+        Row{{"write", ERROR_NOT_READY}, diskNotReady},
+        Row{{"write", ERROR_NETNAME_DELETED}, diskNotReady},
+        Row{{"flush", ERROR_DISK_FULL}, diskFull},
+        Row{{"flush", ERROR_DEV_NOT_EXIST}, diskNotReady}, Row{{"write", ERROR_CRC}, deviceError},
+        Row{{"move", ERROR_NOT_READY}, diskNotReady},
+        Row{{"move", ERROR_PATH_NOT_FOUND}, pathNotFound}}) {
+    fault = row.fault;
+    const int one = saved(odd, "new"), pair = trapFailure([&] { replaceFiles(files); });
+    fault = {};
+    const std::string call = std::string(row.fault.call) + ' ' + std::to_string(row.fault.error);
+    EXPECT_EQ(one, row.number) << call;
+    EXPECT_EQ(pair, row.number) << call;
+    EXPECT_EQ(contentOf(odd) + contentOf(even), "oldold") << call;
+    EXPECT_EQ(folder.count(), 2U) << call;
+  }
+}
+
 TEST(FilesOnWindows, APairLeftHalfDoneIsCompletedUnlessItsSaverLives) {
   const ScratchFolder folder;
   const fs::path odd = wide(folder / "odd.bin"), even = wide(folder / "even.bin");
@@ -219,14 +302,16 @@ TEST(FilesOnWindows, DevicesAndFoldersAreNoFiles) {
   const ScratchFolder folder;
   for (const std::string& path :
        {std::string("NUL"), folder / "NUL", folder.path().string(), folder / "bad<name>",
-        folder / "bad|name", folder / "question?", std::string("COM1"), folder / "file:stream"}) {
+        folder / "bad|name", folder / "question?", folder / "star*", folder / "quote\"",
+        std::string("COM1"), std::string("lpt9"), folder / "AUX", folder / "file:stream"}) {
     EXPECT_EQ(trapFailure([&] { readFile(path); }), pathFileAccess) << path;
     EXPECT_EQ(saved(path, "x"), pathFileAccess) << path;
     EXPECT_FALSE(fileExists(path)) << path;
   }
-  EXPECT_EQ(trapFailure([&] { readFile("Q:\\no\\file"); }), pathNotFound);
-  EXPECT_EQ(trapFailure([&] { readFile("Q:\\file"); }), pathNotFound);
-  EXPECT_EQ(trapFailure([&] { readFile("\\\\nowhere\\share\\file"); }), pathNotFound);
+  for (const std::string path : {"Q:\\no\\file", "Q:\\file", "\\\\nowhere\\share\\file"}) {
+    EXPECT_EQ(trapFailure([&] { readFile(path); }), pathNotFound) << path;
+    EXPECT_EQ(saved(path, "x"), pathNotFound) << path;
+  }
   EXPECT_EQ(trapFailure([&] { readFile(""); }), fileNotFound);
   EXPECT_EQ(folder.count(), 0U);
 }
@@ -243,6 +328,9 @@ TEST(FilesOnWindows, NamesThatDifferInCaseOrSeparatorsAloneAreOneFile) {
     ASSERT_EQ(saved(folder / "even.bin", "x"), 0);
   }
   EXPECT_TRUE(nameSameFile(folder / "日本.bin", folder / "日本.BIN"));
+  EXPECT_EQ(saved(folder / "even.bin. ", "dot and blank are dropped"), 0);
+  EXPECT_EQ(contentOf(folder / "even.bin"), "dot and blank are dropped");
+  EXPECT_EQ(folder.count(), 2U);
 }
 
 TEST(FilesOnWindows, RootsAndParts) {

@@ -75,5 +75,6 @@ stage tests run_tests
 stage folder tools/windows/folder.sh "$app" "$qt" "$folder"
 stage tours walk
 stage pack tools/windows/pack.sh "$folder" "$version" "$app/art/zelkova.ico" "$windows/dist"
+stage installer tools/windows/try_installer.sh "$folder" "$windows/dist/zelkova-$version-setup.exe"
 echo "The program for Windows:"
 ls -l "$windows/dist"

@@ -24,10 +24,11 @@ Section
   IfFileExists "$INSTDIR\uninstall.exe" 0 +2
   ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR'
   SetOutPath "$INSTDIR"
-  File /r /x zelkova.ini /x error.log "${STAGE}/*"
-  SetOverwrite off   ; the user's own
+  File /r /x zelkova.ini /x error.log /x demo /x vqmap "${STAGE}/*"
+  SetOverwrite off   ; the user's own, and what the user changed
   File "${STAGE}/zelkova.ini"
   File "${STAGE}/error.log"
+  File /r "${STAGE}/demo" "${STAGE}/vqmap"
   SetOverwrite on
   WriteUninstaller "$INSTDIR\uninstall.exe"
   CreateShortcut "$SMPROGRAMS\ZELKOVA.lnk" "$INSTDIR\zelkova.exe"
@@ -40,8 +41,37 @@ Section
   WriteRegDWORD HKCU "${KEY}" "NoRepair" 1
 SectionEnd
 
-; Settings and log stay; what the user put there stays too.
+; Gives "" in $4 if the file $0 and the one that was brought, $1, hold the same bytes.
+Function un.Compare
+  ClearErrors
+  FileOpen $2 $0 r
+  FileOpen $3 $1 r
+  IfErrors differ
+  next:
+    FileReadByte $2 $4
+    FileReadByte $3 $5
+    StrCmp $4 $5 0 differ
+    StrCmp $4 "" done next
+  differ:
+    StrCpy $4 "differ"
+  done:
+    FileClose $2
+    FileClose $3
+FunctionEnd
+
+; Image files, address maps and tables: the user may have saved into what was brought.
+!macro DeleteUnchanged STAGED INSTALLED
+  StrCpy $0 "$INSTDIR\${INSTALLED}"
+  StrCpy $1 "$PLUGINSDIR\brought"
+  File "/oname=$1" "${STAGE}/${STAGED}"
+  Call un.Compare
+  StrCmp $4 "" 0 +2
+    Delete "$0"
+!macroend
+
+; Settings, log and files that were changed stay; what the user put there stays too.
 Section "Uninstall"
+  InitPluginsDir
   !include "${LIST}"
   Delete "$INSTDIR\uninstall.exe"
   RMDir "$INSTDIR"

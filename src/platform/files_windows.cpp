@@ -45,6 +45,7 @@ class Handle {
     case ERROR_PATH_NOT_FOUND:
     case ERROR_BAD_NETPATH:
     case ERROR_BAD_NET_NAME:
+    case ERROR_BAD_DEV_TYPE:
       throw std::system_error(std::make_error_code(std::errc::not_a_directory));
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
@@ -55,6 +56,9 @@ class Handle {
     case ERROR_NOT_READY:
     case ERROR_INVALID_DRIVE:
     case ERROR_BAD_UNIT:
+    case ERROR_DEV_NOT_EXIST:
+    case ERROR_NETNAME_DELETED:
+    case ERROR_UNEXP_NET_ERR:
       throw std::system_error(std::make_error_code(std::errc::no_such_device));
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:

@@ -36,7 +36,7 @@ find_libraries() {
 make_googletest() {
   [ -e "$windows/root/lib/libgtest.a" ] && return 0
   cmake -G Ninja -S /usr/src/googletest -B "$windows/gtest" -DBUILD_GMOCK=OFF \
-    -DCMAKE_TOOLCHAIN_FILE="$PWD/packaging/windows/mingw.cmake" -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_INSTALL_PREFIX="$windows/root" || return 1
+    -DCMAKE_TOOLCHAIN_FILE="$PWD/packaging/windows/mingw.cmake" -DCMAKE_BUILD_TYPE=Debug \
+    -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_INSTALL_PREFIX="$windows/root" || return 1
   cmake --build "$windows/gtest" -- -j "${1:-$(nproc)}" && cmake --install "$windows/gtest"
 }
