@@ -91,42 +91,6 @@ TEST_F(MainWindow, EnglishReachesEveryCaptionAndJapaneseStays) {
   EXPECT_EQ(form.Label22.caption() + form.Frame5.caption(), "HEX this frame insideVQ map");
 }
 
-TEST_F(MainWindow, CaptionsOfDialogsAreFilledAndTurnWithTheLanguage) {
-  // How many of a dialog's texts, its title among them, differ between the languages, and how many
-  // are empty in the one and the other: they stand on a label beside, or tell nothing yet.
-  const std::tuple<const char*, int, int> table[] = {
-      {"add_dec", 5, 0},        {"kakeru", 5, 0},       {"smooth", 3, 0},
-      {"DT_SFT", 4, 4},         {"F_F", 6, 4},          {"T_R", 6, 4},
-      {"ADR_EDIT", 4, 0},       {"set_spl", 4, 0},      {"odd_even_file", 5, 0},
-      {"TP_2D", 0, 2},          {"AF_DISP_FORM", 2, 0}, {"SET_DEFAULT_FOLDER", 6, 0},
-      {"DISP_3D_Graph", 15, 8}, {"ver_displ", 2, 6}};
-  loadSmallCar();
-  for (const auto& [command, turned, empty] : table) {
-    std::vector<std::string> captions[2];
-    for (const int english : {0, 1}) {
-      editorState.english = english;
-      pick(command);
-      Window& dialog = *desk.shownWindows.back();
-      captions[english] = {dialog.caption()};
-      for (const Control* control : dialog.controls()) {
-        const auto* const captioned = dynamic_cast<const Captioned*>(control);
-        if (captioned && captioned->visible()) captions[english].push_back(captioned->caption());
-      }
-      dialog.userClose();
-    }
-    ASSERT_EQ(captions[0].size(), captions[1].size()) << command;
-    int differing = 0, unfilled = 0;
-    for (std::size_t i = 0; i < captions[0].size(); ++i) {
-      unfilled += captions[0][i].empty() + captions[1][i].empty();
-      if (captions[0][i] == captions[1][i]) continue;
-      ++differing;
-      EXPECT_TRUE(isAscii(captions[1][i])) << captions[1][i];
-    }
-    EXPECT_EQ(unfilled, empty) << command;
-    EXPECT_EQ(differing, turned) << command;
-  }
-}
-
 TEST_F(MainWindow, ADialogThatFailsToOpenGivesTheMainWindowBack) {
   start();
   Window dialog("dialog");

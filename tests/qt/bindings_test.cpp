@@ -104,14 +104,6 @@ TEST_F(BindingsTest, ARefusedChoiceIsNotLeftStanding) {
   EXPECT_TRUE(record.told.ends_with(" tab2 tab2 ")) << "a click on the tab in force tells too";
 }
 
-TEST_F(BindingsTest, AnIdleBarIsOutOfSight) {
-  auto* const bar = bound<QProgressBar>(record.bar);
-  for (const int value : {0, 1, 100, 0}) {
-    record.bar.setValue(value);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->isVisible() == (value > 0); })) << value;
-  }
-}
-
 TEST_F(BindingsTest, AMenuShowsItsItemsAlsoThoseThatComeLater) {
   const auto item = [this](const char* caption, const char* shortcut = "") {
     return std::make_unique<MenuItem>(record, caption, caption, shortcut);
