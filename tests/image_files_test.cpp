@@ -89,6 +89,7 @@ TEST_F(ImageFiles, CancelsLeaveEverythingAsItWasAndTheDeclinedFileAlone) {
     desk.boxAnswers = {BoxAnswer::cancel, BoxAnswer::no};
     run(form.save, "there");
     pick(form.load);
+    EXPECT_EQ(desk.boxes[0].name, "there") << "shortened where it is long";
     EXPECT_EQ(
         told(),
         "there\r\nThe file exists already.Do you preserve it with overwrite coming?|" + unsaved);

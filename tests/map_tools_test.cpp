@@ -106,7 +106,8 @@ TEST_F(MapTools, BoxesTakeTheKeysOfTheirNumbers) {
 }
 
 TEST_F(MapTools, WorkedExamplesOfAddingAndMultiplyingAndEntriesThatAreRefused) {
-  // Tab, add or multiply, threshold, by and the cell; what it becomes, or "no".
+  // Tab, add or multiply, threshold, by and the cell; what it becomes. "no": a bad threshold, "by":
+  // a bad amount.
   const std::pair<const char*, const char*> table[] = {
       {"1,+,110,5,109", "114"},       {"1,+,110,5,110", "110"},      {"1,+,110,-5,3", "0"},
       {"1,+,110,300,10", "255"},      {"1,+,110,-2.5,10", "7"},      {"1,+,110,1e300,10", "255"},
@@ -116,11 +117,12 @@ TEST_F(MapTools, WorkedExamplesOfAddingAndMultiplyingAndEntriesThatAreRefused) {
       {"1,*,110,7.0,0", "1"},         {"1,*,110,1.1.1,100", "111"},  {"1,*,110,1e1,5", "51"},
       {"1,*,110,-0,100", "1"},        {"1,*,110,-1,100", "0"},       {"1,*,110,1e400,0", "1"},
       {"1,*,65536.5,1,1", "no"},      {"5,*,110,3.4e38,1", "65535"}, {"1,+,,5,1", "no"},
-      {"1,*,110,,1", "no"},           {"1,+,65537,5,1", "no"},       {"1,*,-1,5,1", "no"},
-      {"1,+,110,-256,1", "no"},       {"1,*,110,-1e400,1", "no"},    {"1,+,1e99,1,1", "no"}};
+      {"1,*,110,,1", "by"},           {"1,+,65537,5,1", "no"},       {"1,*,-1,5,1", "no"},
+      {"1,+,110,-256,1", "by"},       {"1,*,110,-1e400,1", "by"},    {"1,+,1e99,1,1", "no"}};
   for (const auto& [given, expected] : table) {
     const std::vector<std::string> parts = fields(given);
-    const bool refused = expected == std::string("no");
+    const bool badThreshold = expected == std::string("no");
+    const bool refused = badThreshold || expected == std::string("by");
     selectTab(std::stoi(parts[0]));
     Grid& grid = *activeGrid();
     grid.setText(1, 3, parts[4]);
@@ -129,6 +131,7 @@ TEST_F(MapTools, WorkedExamplesOfAddingAndMultiplyingAndEntriesThatAreRefused) {
     EXPECT_EQ(grid.text(1, 3), refused ? parts[4] : expected) << given;
     EXPECT_EQ(told(), refused ? "Wrong data are inputed." : "") << given;
     EXPECT_EQ(dialog.loaded(), refused) << "stays open";
+    EXPECT_EQ(dialog.focus() == &dialog.Text1, badThreshold) << given;
     dialog.userClose();
   }
 }

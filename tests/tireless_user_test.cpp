@@ -298,6 +298,7 @@ class TirelessUser : public ProgramTest {
       ++movesWatched;
     } else if (forth || historyBytes() != size || redoes != canRedo()) {
       ASSERT_TRUE(canUndo() && (forth || !canRedo())) << lastPicked;
+      ASSERT_TRUE(otherBytes || difference(now, places[at]) != "") << "a step that is no change";
       places.resize(++at);
       places.push_back(std::move(now));
     } else {

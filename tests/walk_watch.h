@@ -120,7 +120,8 @@ inline Place placeNow() {
     const int cells = entryOf(kind).present() ? grid.rows() * grid.columns() : 0;
     for (int i = boost ? grid.columns() : 0; i < cells; ++i) {
       const GridCell& cell = grid.cellAt(i / grid.columns(), i % grid.columns());
-      place.shown.push_back(kind.keyword + (" " + std::to_string(i)) + ": " + cell.text + " blue " +
+      place.shown.push_back(kind.keyword + (" " + std::to_string(i)) + ": " + cell.text + " red " +
+                            std::to_string(cell.background.red) + " blue " +
                             std::to_string(cell.background.blue));
     }
   }
