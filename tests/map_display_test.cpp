@@ -70,19 +70,18 @@ TEST_F(MapDisplay, EachFamilyHasItsWidthsAndHeightsInTwips) {
 }
 
 TEST_F(MapDisplay, ColoursFollowTheRawByteAndTheRate) {
-  const struct {
-    int rate, byte, blue;
-  } table[] = {{1, 0, 0},     {1, 255, 255}, {1, 100, 100}, {2, 127, 254},
-               {2, 128, 255}, {0, 200, 0},   {-1, 200, 0},  {2147483647, 255, 255}};
+  const std::tuple<int, int, int> table[] = {{1, 0, 0},     {1, 255, 255},         {1, 100, 100},
+                                             {2, 127, 254}, {2, 128, 255},         {0, 200, 0},
+                                             {-1, 200, 0},  {2147483647, 255, 255}};
   useMap("TYPE_UNIT\r\nX\r\n" + mapBlock("HIGH_FUEL", "0", 1, 1, 1) +
          mapBlock("ADD_MAP1", "0", 1, 1, 1, "2") + mapBlock("VQ_MAP", "0", 1, 1, 2));
-  for (const auto& row : table) {
-    editorState.gridColorRate = row.rate;
-    loadImage({static_cast<std::uint8_t>(row.byte), 255});
+  for (const auto& [rate, byte, blue] : table) {
+    editorState.gridColorRate = rate;
+    loadImage({static_cast<std::uint8_t>(byte), 255});
     for (const Grid* grid : {&form1().Grid1, &form1().AddGrid1}) {
-      EXPECT_EQ(grid->background(1, 1), rgb(255 - row.blue, 0, row.blue)) << row.rate;
+      EXPECT_EQ(grid->background(1, 1), rgb(255 - blue, 0, blue)) << rate;
     }
-    EXPECT_EQ(form1().Grid5.background(1, 1), rgb(255 - row.byte, 0, row.byte));
+    EXPECT_EQ(form1().Grid5.background(1, 1), rgb(255 - byte, 0, byte));
   }
 }
 
