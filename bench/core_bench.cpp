@@ -1,5 +1,5 @@
 // Drawing, writing back, the progress bar and the boost row of a full car, each beside a bare loop
-// over the same bytes or texts.
+// over the same bytes or texts; and a step key over a whole map, by the user's door.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/boost.h"
+#include "core/history.h"
 #include "core/map_display.h"
 #include "core/map_kinds.h"
 #include "core/progress.h"
@@ -165,6 +166,23 @@ void theSameArithmetic(benchmark::State& state) {
   }
 }
 
+// From press to release over a whole map; the history of steps is full before long.
+void holdStepKey(benchmark::State& state) {
+  fullCar();
+  editorState.currentTab = 1;
+  editorState.plusKey = "+";
+  editorState.minusKey = "-";
+  Grid& grid = form1().Grid1;
+  grid.setSelection({1, 1, grid.rows() - 1, grid.columns() - 1});
+  bool up = true;
+  for (auto _ : state) {
+    grid.userKey(up ? U'+' : U'-');
+    grid.userKeyUp();
+    up = !up;
+  }
+  forgetHistory();
+}
+
 BENCHMARK(drawAllMaps)->Unit(benchmark::kMicrosecond);
 BENCHMARK(formatTheSameTexts)->Unit(benchmark::kMicrosecond);
 BENCHMARK(writeAllBack)->Unit(benchmark::kMicrosecond);
@@ -173,5 +191,6 @@ BENCHMARK(loadByTheMenu)->Unit(benchmark::kMicrosecond);
 BENCHMARK(countTheSameProgress)->Unit(benchmark::kMicrosecond);
 BENCHMARK(boostOfBothScales)->Unit(benchmark::kMicrosecond);
 BENCHMARK(theSameArithmetic)->Unit(benchmark::kMicrosecond);
+BENCHMARK(holdStepKey)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
