@@ -2,6 +2,8 @@
 #include "core/history.h"
 #include "core/map_kinds.h"
 #include "editing/add_multiply.h"
+#include "editing/address_dialog.h"
+#include "editing/address_grid.h"
 #include "editing/map_copy.h"
 #include "graphs/dr_graph.h"
 #include "graphs/graph_3d.h"
@@ -84,6 +86,26 @@ TEST_F(Undo, EachGestureGoesBackAndComesAgainInOneStep) {
     pick("undo");
     EXPECT_EQ(all(), before);
   }
+}
+
+// Twice the scale is more than a cell can show.
+TEST_F(Undo, AMapThatTheGestureHidIsShownAndStoredAgain) {
+  Bytes image(0x400, 1);
+  useMap("TYPE_UNIT,X\n" + mapBlock("ADD_MAP1", "4", 2, 1, 2, "2147483647"));
+  loadImage(image);
+  pick("ADR_EDIT");
+  typeOver(form13.Text1, "4");
+  form13.userEnter();
+  enterCell(form6.eGrid, 1, 2, "02");
+  form6.userEnter();
+  EXPECT_FALSE(form1().AddGrid1.visible());
+  pick("undo");
+  EXPECT_TRUE(form1().AddGrid1.visible());
+  image[5] = 0;
+  enterCell(form1().AddGrid1, 1, 2, "0");
+  told();
+  EXPECT_EQ(saveImage("saved.bin"), image);
+  EXPECT_EQ(told(), "");
 }
 
 TEST_F(Undo, TheGraphWindowsTakeSingleChangesBack) {
