@@ -2,6 +2,7 @@
 // record's doors, and what the record refuses is not left standing in the widget.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QtTest>
 #include <QtWidgets>
 
@@ -133,7 +134,15 @@ TEST_F(BindingsTest, AMenuShowsItsItemsAlsoThoseThatComeLater) {
   EXPECT_EQ(record.told, "ok ") << "a window that takes no input runs no command";
 }
 
-TEST_F(BindingsTest, ACanvasTellsEachRepeatAndOneRelease) {
+TEST_F(BindingsTest, ACanvasIsReadOutByItsCaptionsAndTellsEachRepeatAndOneRelease) {
+  record.canvas.nameAfter({&record.label});
+  record.canvas.describeBy({&record.frame});
+  record.label.setCaption("Fuel");
+  record.frame.setCaption("600 rpm\n12");
+  QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(canvas);
+  EXPECT_EQ(spoken.role(), QAccessible::Canvas);
+  EXPECT_EQ(spoken.text(QAccessible::Name) + spoken.text(QAccessible::Description),
+            "Fuel600 rpm 12");
   const auto send = [this](QEvent::Type type, bool repeated) {
     QKeyEvent event(type, Qt::Key_Plus, {}, "+", repeated);
     QCoreApplication::sendEvent(canvas, &event);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QtTest>
 #include <QtWidgets>
 
@@ -110,6 +111,22 @@ TEST_F(GridViewTest, CharactersReleasesAndEditsReachTheRecord) {
   QTest::keyClick(&view, Qt::Key_F2);
   QTest::keyClick(&view, Qt::Key_Return);
   EXPECT_EQ(told, "+^3245^45^");
+}
+
+TEST_F(GridViewTest, CellsAndTheSelectionAreReadOut) {
+  QAccessibleTableInterface& table =
+      *QAccessible::queryAccessibleInterface(&view)->tableInterface();
+  const auto spoken = [&] { return table.cellAt(1, 2)->text(QAccessible::Name).toStdString(); };
+  grid.setText(2, 3, "7");
+  EXPECT_EQ(spoken(), "2, 3: 7") << "numbers where the headers are empty";
+  grid.setText(2, 0, "1010");
+  grid.setText(0, 3, "+2");
+  grid.rowMeaning = [](int row) { return std::to_string(row * 450); };
+  EXPECT_EQ(spoken(), "1010 (900), +2: 7");
+  grid.setSelection({2, 3, 4, 4});
+  view.applyChanges();
+  EXPECT_EQ(table.selectedCellCount(), 6);
+  EXPECT_TRUE(table.cellAt(1, 2)->state().selected && !table.cellAt(0, 2)->state().selected);
 }
 
 TEST_F(GridViewTest, ChangesAreShownBehindTheirEventAndNeverReadOutside) {

@@ -1,5 +1,6 @@
 #include "frontend/qt/canvas_view.h"
 
+#include <QAccessibleWidget>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -96,9 +97,16 @@ void paintItems(QPainter& painter, const std::vector<CanvasItem>& items) {
   drawLines();
 }
 
+// Assistive programs pass over a plain widget.
+QAccessibleInterface* canvasInterface(const QString&, QObject* object) {
+  auto* const canvas = dynamic_cast<CanvasView*>(object);
+  return canvas ? new QAccessibleWidget(canvas, QAccessible::Canvas) : nullptr;
+}
+
 }  // namespace
 
 CanvasView::CanvasView(Canvas& record, QWidget* parent) : QWidget(parent), record_(record) {
+  [[maybe_unused]] static const bool told = (QAccessible::installFactory(canvasInterface), true);
   setFixedSize(record.width(), record.height());
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
