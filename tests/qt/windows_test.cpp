@@ -212,12 +212,14 @@ std::map<Control*, QList<QObject*>> bindings(const Window& window, const QWidget
 TEST_P(WindowsInEachLanguage, EachRecordIsBoundToOneWidgetAndEachOfItsPropertiesReachesIt) {
   forEachWindow(GetParam(), [](Window& window, QWidget& widget) {
     auto bound = bindings(window, widget);
+    QSet<const QObject*> alive;
     int number = 0;
     for (Control* control : window.controls()) {
       SCOPED_TRACE(testing::Message() << "control " << number++ << " " << control->spokenName());
       if (control == &form1().menuBar || control == &form6.menuBar) continue;  // the bar itself
       ASSERT_EQ(bound[control].size(), 1);
       const QObject* const object = bound[control].front();
+      alive << object;
       auto* const bar = dynamic_cast<ProgressBar*>(control);
       if (bar) bar->setValue(1);  // an idle one is out of sight
       control->setVisible(true);
@@ -234,6 +236,12 @@ TEST_P(WindowsInEachLanguage, EachRecordIsBoundToOneWidgetAndEachOfItsProperties
         settle(*control);
         EXPECT_EQ(stateOf(object), before) << property.name;
       }
+    }
+    for (const QWidget* each : widget.findChildren<QWidget*>()) {
+      const bool shows =
+          qobject_cast<const QLabel*>(each) || qobject_cast<const QLineEdit*>(each) ||
+          qobject_cast<const QPushButton*>(each) || qobject_cast<const QTableView*>(each);
+      EXPECT_TRUE(!shows || alive.contains(each)) << "no record's: " << stateOf(each)["caption"];
     }
     window.setCaption("probe");
     EXPECT_EQ(widget.windowTitle(), "probe");
