@@ -8,7 +8,6 @@
 #include <map>
 #include <set>
 
-#include "controls/canvas.h"
 #include "controls/grid.h"
 #include "controls/line.h"
 #include "core/dialogs.h"

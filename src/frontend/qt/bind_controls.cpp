@@ -1,6 +1,5 @@
 #include "frontend/qt/bind_controls.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QEvent>
