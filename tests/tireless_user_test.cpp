@@ -262,6 +262,7 @@ class TirelessUser : public ProgramTest {
     endGestureThread();
     const bool undoes = canUndo(), redoes = canRedo();
     const std::size_t size = historyBytes();
+    const std::size_t opened = desk.openDialogs.size();
     const std::string in = front().name();
     const bool whole = editorState.imageSize != 0 && writesBack();
     const Bytes image = editorState.image;
@@ -276,12 +277,15 @@ class TirelessUser : public ProgramTest {
       chance(80) ? touchAny<Grid>(form1()) : touchAny<TextBox>(form1());
     } else if (Grid* const grid = activeGrid(); kind < 9 && grid) {
       workOn(*grid);
+    } else if (&front() != &form1() && chance(30)) {
+      front().userEnter();
     } else {
       ASSERT_NO_FATAL_FAILURE(step());
     }
     if (desk.ended || editorState.imageSize == 0 || !writesBack()) return places.clear();
-    const bool otherBytes = loading || in == "Form3" || in == "Form4" || in == "Form6" ||
-                            lastPicked.starts_with("use") || lastPicked.ends_with("do");
+    const bool otherBytes = loading || desk.openDialogs.size() != opened || in == "Form3" ||
+                            in == "Form4" || in == "Form6" || lastPicked.starts_with("use") ||
+                            lastPicked.ends_with("do");
     if (whole && !otherBytes) {
       ASSERT_EQ(difference(editorState.image, stored(shownPieces(), image)), "") << lastPicked;
       ++stepsWatched;

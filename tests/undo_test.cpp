@@ -49,18 +49,6 @@ TEST_F(Undo, EachGestureGoesBackAndComesAgainInOneStep) {
          typeOver(form7.Text2, "5");
          form7.userEnter();
        }},
-      {"paste",
-       [&] {
-         drag(fuel, 1, 1, 2, 2);
-         pick("CPY");
-         drag(fuel, 3, 3, 4, 4);
-         pick("PST");
-       }},
-      {"shift",
-       [&] {
-         pick("DT_SFT");
-         desk.shownWindows.back()->userEnter();
-       }},
       {"copy",
        [&] {
          pick("F_F");
