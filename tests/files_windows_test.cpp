@@ -8,6 +8,8 @@
 
 #include <atomic>
 #include <chrono>
+#include <functional>
+#include <optional>
 #include <thread>
 
 #include "platform/failure.h"
@@ -49,17 +51,19 @@ constexpr DWORD shareReading = FILE_SHARE_READ;
 constexpr DWORD shareWriting = FILE_SHARE_READ | FILE_SHARE_WRITE;
 constexpr DWORD shareAll = shareWriting | FILE_SHARE_DELETE;
 
-// The system's call of that name fails with that error.
+// The system's call of that name fails with that error when the fault strikes.
 struct Fault {
   const char* call = "";
   DWORD error = 0;
+  std::function<bool()> strikes = [] { return true; };
 };
 
 Fault fault;
 
 bool fails(std::string_view call) {
+  if (call != fault.call || !fault.strikes()) return false;
   SetLastError(fault.error);
-  return call == fault.call;
+  return true;
 }
 
 template <typename Call>
@@ -78,6 +82,7 @@ decltype(&CreateFileW) __imp_CreateFileW = [](LPCWSTR path, DWORD access, DWORD 
                                               DWORD flags, HANDLE from) WINAPI -> HANDLE {
   static const auto call = real<decltype(&CreateFileW)>("CreateFileW");
   if (how == CREATE_NEW && fails("create")) return INVALID_HANDLE_VALUE;
+  if (access == GENERIC_WRITE && how == OPEN_EXISTING && fails("open")) return INVALID_HANDLE_VALUE;
   return call(path, access, share, security, how, flags, from);
 };
 
@@ -148,6 +153,10 @@ TEST(FilesOnWindows, WhatIsRefusedForGoodIsToldAtOnce) {
   for (const std::string& path : {file, folder.path().string(), std::string("Q:\\no\\file")}) {
     EXPECT_NE(saved(path, "new"), 0) << path;
   }
+  ASSERT_EQ(saved(folder / "another's.bin", "old"), 0);
+  fault = {"open", ERROR_ACCESS_DENIED};
+  EXPECT_EQ(saved(folder / "another's.bin", "new"), pathFileAccess);
+  fault = {};
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
   SetFileAttributesW(wide(file).c_str(), FILE_ATTRIBUTE_NORMAL);
 }
@@ -184,18 +193,15 @@ TEST(FilesOnWindows, WhatCannotBePutBackIsNotThrownAway) {
   ASSERT_EQ(saved(odd, "old odd"), 0);
   ASSERT_EQ(saved(even, "old even"), 0);
   const FileContent files[] = {{odd, bytesOf("new odd")}, {even, bytesOf("new even")}};
-  std::atomic<bool> over = false;
-  std::thread scanner([&] {
-    while (!over && contentOf(odd) != "new odd") std::this_thread::yield();
-    const Held held(odd, shareWriting);
-    while (!over) std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  });
-  {
-    const Held held(even, shareWriting);
-    EXPECT_EQ(trapFailure([&] { replaceFiles(files); }), pathFileAccess);
-  }
-  over = true;
-  scanner.join();
+  std::optional<Held> held;
+  fault = {"move", ERROR_NOT_READY, [&] {
+             if (contentOf(odd) != "new odd") return false;
+             held.emplace(odd, shareWriting);
+             return true;
+           }};
+  EXPECT_EQ(trapFailure([&] { replaceFiles(files); }), diskNotReady);
+  fault = {};
+  held.reset();
   bool kept = false;
   for (const auto& entry : fs::directory_iterator(folder.path())) {
     const std::u8string name = entry.path().u8string();
