@@ -50,10 +50,15 @@ make_program() {
   cmake --build "$app"
 }
 
-# Those of the windows need a display. What the pictures look like without fonts is told by the
-# system that has some.
+# Those of the windows take their fonts from a folder. What the pictures look like without fonts is
+# told by the system that has some.
 run_tests() {
   find_libraries "$qt"
+  mkdir -p "$windows/fonts"
+  cp /usr/share/fonts/truetype/dejavu/DejaVuSans{,-Bold}.ttf \
+    /usr/share/fonts/opentype/ipafont-gothic/ipagp.ttf "$windows/fonts/"
+  WINEQT_QPA_FONTDIR=$(windows_path "$windows/fonts")
+  export WINEQT_QPA_FONTDIR
   start_display 1920x1200
   local status=0
   ctest --test-dir "$app" -j "$(nproc)" --timeout 600 -LE tour --output-on-failure \
@@ -64,7 +69,7 @@ run_tests() {
 
 # The folder has to stand on its own: nothing built is to be found beside it.
 walk() {
-  unset WINEPATH WINEQT_PLUGIN_PATH
+  unset WINEPATH WINEQT_PLUGIN_PATH WINEQT_QPA_FONTDIR
   tools/windows/walk.sh "$folder" "$app/tour_door" "$windows/tour"
 }
 

@@ -14,6 +14,7 @@ struct QuestionsTest : testing::Test {
   QuestionsTest() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     useDesktop(&desk);
+    editorState.english = 0;
   }
   ~QuestionsTest() override { useDesktop(nullptr); }
   // Runs `answer` on the question once it stands open.

@@ -20,6 +20,7 @@
 #include "frontend/qt/windows/make_window.h"
 #include "graphs/dr_graph.h"
 #include "graphs/graph_3d_display.h"
+#include "platform/files.h"
 
 namespace {
 
@@ -366,7 +367,7 @@ TEST_F(WindowsTest, CaptionsAreFilledAndDifferBetweenTheLanguages) {
   }
   const auto joined = [](const std::set<std::string>& texts) {
     std::string all;
-    for (const std::string& text : texts) all += text.starts_with('/') ? "" : text + '|';
+    for (const std::string& text : texts) all += isAbsolutePath(text) ? "" : text + '|';
     return all;
   };
   EXPECT_EQ(

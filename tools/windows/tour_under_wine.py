@@ -46,9 +46,9 @@ class DoorUnderWine(Door):
         if found.returncode != 0:
             return
         ground = re.search("Window id: (\\S+)", run("xwininfo", "-root")).group(1)
-        run("xdotool", "windowfocus", ground)
-        time.sleep(0.2)
-        run("xdotool", "windowfocus", found.stdout.strip())
+        for window in (ground, found.stdout.strip()):  # which may be gone by now
+            subprocess.run(["xdotool", "windowfocus", window], capture_output=True)
+            time.sleep(0.2)
 
 
 def open_program(folder, door_folder):
