@@ -66,8 +66,12 @@ class Walk:
         self.screen.keys("Return")
         self.screen.wait_until_gone(title)
 
-    def refuse_to_quit(self, key):
+    def quit(self, key):
+        self.screen.door.wait("the focus", lambda seen: seen["native"])
         self.screen.uncounted_keys(key)
+
+    def refuse_to_quit(self, key):
+        self.quit(key)
         self.screen.wait_for("保存確認")
         self.screen.keys("Escape")
         self.screen.wait_until_gone("保存確認")
@@ -107,7 +111,7 @@ class Walk:
         screen.settle(1.0)
         screen.shot("saved")
         self.expect(SAVED, bytes(wanted))
-        screen.uncounted_keys("ctrl+q")
+        self.quit("ctrl+q")
         if self.process.wait(20) != 0:
             raise SystemExit("the program ended with an error")
         print("Japanese folders: all saved files equal")
