@@ -13,13 +13,17 @@
 class Captioned;
 class Window;
 
-// What changed in a record. `row` and `column` count for `cell` only.
+// What changed in a record. `row` and `column` count for `cell` and `mark` only.
 struct Change {
-  enum Kind { values, focus, cell, cells, shape, selection, repaint, light };
+  enum Kind { values, focus, cell, cells, mark, marks, shape, selection, repaint, light };
   Kind kind = values;
   int row = 0;
   int column = 0;
 };
+
+// A sign on a cell or a box: it differs from what it is compared with, or the image can't take what
+// stands in it.
+enum class Mark : unsigned char { none, differs, unstorable };
 
 class Control {
  public:

@@ -132,6 +132,10 @@ void TabStrip::setTabToolTip(int number, std::string text) {
   assign(tabs_.at(static_cast<std::size_t>(number - 1)).toolTip, std::move(text));
 }
 
+void TabStrip::setNote(int number, std::string text) {
+  assign(tabs_.at(static_cast<std::size_t>(number - 1)).note, std::move(text));
+}
+
 void TabStrip::userSelect(int number) {
   if (!takesInput() || number < 1 || number > count()) return tell({Change::values});
   assign(selected_, number);

@@ -57,6 +57,8 @@ class TextBox : public Control {
   // The longest text in characters that the user's editing can make; 0: no limit.
   int maxLength() const { return maxLength_; }
   void setMaxLength(int characters) { assign(maxLength_, characters); }
+  Mark mark() const { return mark_; }
+  void setMark(Mark mark) { assign(mark_, mark); }
 
   enum class By { keys, other };
   // What filter and limit leave of the user's editing, which made `text` of the box's text: what
@@ -82,6 +84,7 @@ class TextBox : public Control {
 
   std::string text_;
   int maxLength_ = 0;
+  Mark mark_ = Mark::none;
 };
 
 // A key filter: decimal digits alone.
@@ -165,6 +168,7 @@ class TabStrip : public Control {
   struct Tab {
     std::string caption;
     std::string toolTip;
+    std::string note = {};  // a marked tab's, told below its tool tip
     bool operator==(const Tab&) const = default;
   };
   TabStrip(Window& owner, std::vector<Tab> tabs) : Control(owner), tabs_(std::move(tabs)) {}
@@ -173,6 +177,8 @@ class TabStrip : public Control {
   const Tab& tab(int number) const { return tabs_.at(static_cast<std::size_t>(number - 1)); }
   void setCaption(int number, std::string text);
   void setTabToolTip(int number, std::string text);
+  // A tab with a note bears a mark; "" takes it away.
+  void setNote(int number, std::string text);
   int selected() const { return selected_; }
 
   // A click on a tab, on the selected one as well.

@@ -53,8 +53,18 @@ void Grid::setBackground(int row, int column, Colour colour) {
 }
 
 void Grid::swapCell(int row, int column, Cell& other) {
-  std::swap(cell(row, column), other);
+  Cell& target = cell(row, column);
+  std::swap(target, other);
+  std::swap(target.mark, other.mark);
   cellChanged(row, column);
+}
+
+void Grid::setMark(int row, int column, Mark mark) {
+  Cell& target = cell(row, column);
+  if (target.mark == mark) return;
+  target.mark = mark;
+  if (redraw_) return tell({Change::mark, row, column});
+  marksDirty_ = true;
 }
 
 void Grid::lightUp(std::vector<std::int32_t> cells) {
@@ -125,9 +135,9 @@ std::string Grid::clip() const {
 
 void Grid::setRedraw(bool on) {
   redraw_ = on;
-  if (!on || !dirty_) return;
-  dirty_ = false;
-  tell({Change::cells});
+  if (!on) return;
+  if (std::exchange(marksDirty_, false)) tell({Change::marks});
+  if (std::exchange(dirty_, false)) tell({Change::cells});
 }
 
 int Grid::columnWidth(int column) const {

@@ -36,12 +36,16 @@ struct GridBlock {
 
 enum class MouseButton { left, right, middle };
 
-// What a cell shows.
+// What a cell shows. Its mark is a sign of the program's beside its contents.
 struct GridCell {
   std::string text;
   Colour background;
   bool painted = false;  // false for a cell that was never painted
-  bool operator==(const GridCell&) const = default;
+  Mark mark = Mark::none;
+  // The same contents.
+  bool operator==(const GridCell& other) const {
+    return text == other.text && background == other.background && painted == other.painted;
+  }
 };
 
 class Grid : public Control {
@@ -85,7 +89,9 @@ class Grid : public Control {
     cellChanged(row, column);
   }
   const GridCell& cellAt(int row, int column) const { return cell(row, column); }
-  // Puts `other` into the cell and gives what stood there.
+  Mark mark(int row, int column) const { return cell(row, column).mark; }
+  void setMark(int row, int column, Mark mark);
+  // Puts the contents of `other` into the cell and gives what stood there; the mark stays.
   void swapCell(int row, int column, GridCell& other);
   // Takes all texts and colours away; the size stays.
   void clear();
@@ -173,6 +179,7 @@ class Grid : public Control {
   GridSelection selection_;
   bool redraw_ = true;
   bool dirty_ = false;
+  bool marksDirty_ = false;
   int widthOfAll_ = designColumnWidth;
   std::vector<int> ownWidths_;  // of the first columns; 0: the width of all
   std::vector<int> ownHeights_;

@@ -1,9 +1,11 @@
 #include "core/data_replaced.h"
 
+#include "core/differences.h"
 #include "core/history.h"
 #include "core/map_display.h"
 
 void dataReplaced() {
   forgetHistory();
+  differencesOutdated();
   resetPanels();
 }

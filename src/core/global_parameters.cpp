@@ -12,41 +12,42 @@
 
 namespace {
 
-std::string storedDigits(const ParamEntry& entry) {
+std::string storedDigits(const ParamEntry& entry, const RomImage& image) {
   std::string digits;
   for (int i = 0; i < entry.bytes; ++i) {
-    const int byte = imageByte(std::int64_t{entry.address} + i);
+    const int byte = byteOf(image, std::int64_t{entry.address} + i);
     digits += padHex(hexText(static_cast<std::uint32_t>(byte)), 1);
   }
   return digits;
 }
 
 // The big-endian number; eight digits with the top bit set make it negative.
-std::int32_t storedNumber(const ParamEntry& entry) {
+std::int32_t storedNumber(const ParamEntry& entry, const RomImage& image) {
   std::uint32_t number = 0;
   for (int i = 0; i < entry.bytes; ++i) {
-    number = number << 8 | static_cast<std::uint32_t>(imageByte(std::int64_t{entry.address} + i));
+    number =
+        number << 8 | static_cast<std::uint32_t>(byteOf(image, std::int64_t{entry.address} + i));
   }
   return static_cast<std::int32_t>(number);
 }
 
 void showParam(const ParamKind& kind) {
-  const ParamEntry& entry = editorState.addressMap.param(kind.id);
-  if (!entry.present()) return;
-  TextBox& box = form1().*kind.box;
-  bool& shown = editorState.paramShown[static_cast<std::size_t>(kind.id)];
-  if (!kind.scaled()) {
-    box.setText(storedDigits(entry));
-    shown = true;
-  } else if (entry.bytes <= maximumScaledBytes) {
-    box.setText(plainNumber(std::floor(double{entry.scale} * storedNumber(entry))));
-    shown = true;
-  } else {
-    imageByte(std::int64_t{entry.address} + entry.bytes - 1);
-  }
+  const auto text = paramText(kind, editorState.image);
+  if (!text) return;
+  (form1().*kind.box).setText(*text);
+  editorState.paramShown[static_cast<std::size_t>(kind.id)] = true;
 }
 
 }  // namespace
+
+std::optional<std::string> paramText(const ParamKind& kind, const RomImage& image) {
+  const ParamEntry& entry = editorState.addressMap.param(kind.id);
+  if (!entry.present()) return {};
+  if (!kind.scaled()) return storedDigits(entry, image);
+  byteOf(image, std::int64_t{entry.address} + entry.bytes - 1);
+  if (entry.bytes > maximumScaledBytes) return {};
+  return plainNumber(std::floor(double{entry.scale} * storedNumber(entry, image)));
+}
 
 void showGlobalParams() {
   for (const ParamKind& kind : paramKinds()) showParam(kind);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "controls/gesture.h"
+#include "core/differences.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/image_bytes.h"
@@ -65,6 +66,7 @@ class Watch final : public GestureWatch, public TextWatch {
   }
   void gestureEnds() override {
     Step step = stepNotes.end();
+    followStep(step);
     if (!step.empty()) {
       undone.clear();
       done.put(std::move(step));
@@ -211,6 +213,7 @@ void move(Steps& from, Steps& to, bool back) {
     const GridsPause repainting;
     swapWithNow(step, back);
     for (const CellsOfStep& part : step.cells) showAfterEffect(*part.kind);
+    followStep(step);
   }
   showPlace(step);
   to.put(std::move(step));

@@ -17,10 +17,11 @@ inline std::int64_t imageBytesFrom(std::int64_t offset) {
 }
 
 // A single byte; an offset outside fails with badSubscript.
-inline int imageByte(std::int64_t offset) {
-  if (imageBytesFrom(offset) < 1) throw Failure(badSubscript);
-  return editorState.image[static_cast<std::size_t>(offset)];
+inline int byteOf(const RomImage& image, std::int64_t offset) {
+  if (offset < 0 || offset >= static_cast<std::int64_t>(image.size())) throw Failure(badSubscript);
+  return image[static_cast<std::size_t>(offset)];
 }
+inline int imageByte(std::int64_t offset) { return byteOf(editorState.image, offset); }
 inline void setImageByte(std::int64_t offset, std::uint8_t byte) {
   if (imageBytesFrom(offset) < 1) throw Failure(badSubscript);
   std::uint8_t& place = editorState.image[static_cast<std::size_t>(offset)];

@@ -7,10 +7,10 @@
 #include "core/form1.h"
 #include "core/image_bytes.h"
 #include "core/map_cells.h"
-#include "core/map_colours.h"
 #include "core/map_extent.h"
 #include "core/map_kinds.h"
 #include "core/progress.h"
+#include "core/shown_values.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 
@@ -22,20 +22,6 @@ constexpr int limitHeaderHeight = 194;  // twips
 std::string addressHeader(std::int64_t address) {
   return padHex(hexText(static_cast<std::uint32_t>(address)), 2);
 }
-
-// What stands for a byte of the map: the byte, or its product with the file's scale.
-class ShownValue {
- public:
-  explicit ShownValue(const MapKind& kind) : scale_(kind.scaled() ? entryOf(kind).scale : 1) {}
-  std::int32_t operator()(int byte) const {
-    const std::int64_t shown = byte * scale_;
-    if (shown != static_cast<std::int32_t>(shown)) throw Failure(overflow);
-    return static_cast<std::int32_t>(shown);
-  }
-
- private:
-  std::int64_t scale_;
-};
 
 void drawColumnHeaders(Grid& grid, int columns) {
   for (int c = 0; c < columns; ++c) {
@@ -52,8 +38,7 @@ void drawBytes(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
   for (int r = 1; r <= extent.rows; ++r) {
     grid.setText(r, 0, addressHeader(next));
     for (int c = 1; c <= extent.columns; ++c) {
-      const int byte = imageByte(next++);
-      cells.set(r, c, shown(byte), cellColour(byte));
+      showStored(cells, shown, r, c, imageByte(next++));
       ++drawn;
       if (counts) countProgress();
     }

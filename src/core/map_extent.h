@@ -12,3 +12,9 @@ struct MapExtent {
   std::int64_t address;
   int bytes;  // the airflow map's length
 };
+
+// As the map's entry tells it.
+inline MapExtent extentOf(const MapKind& kind) {
+  const MapEntry& entry = entryOf(kind);
+  return {kind, entry.columns, entry.rows, entry.address, entry.bytes};
+}

@@ -1,6 +1,7 @@
 #include "imagefiles/comparison_image.h"
 
 #include "core/dialogs.h"
+#include "core/differences.h"
 #include "core/editor_state.h"
 #include "core/file_command.h"
 #include "core/form1.h"
@@ -18,6 +19,7 @@ void loadSteps(const ImageForm& form) {
   editorState.compareTitle = chosen.title;
   editorState.compareLoaded = 0;
   editorState.compareImage.clear();
+  differencesOutdated();
   showOperation("READ");
   editorState.compareImage = form.decode(readImageFile(chosen.path));
   form1().Label35.setCaption("COMP. " + chosen.title);

@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "core/differences.h"
 #include "core/extensions.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
@@ -36,6 +37,7 @@ RomImage takeIntelHex(RomImage fileBytes) { return readIntelHex(fileBytes, image
 void writeRaw(const std::string& path) {
   replaceFile(path, editorState.image);
   editorState.savedImage = readFile(path, editorState.image.size());
+  differencesOutdated();
 }
 
 void writeAsIntelHex(const std::string& path) {
@@ -43,6 +45,7 @@ void writeAsIntelHex(const std::string& path) {
   const auto image = std::span(editorState.image).first(size);
   writeIntelHex(path, image);
   editorState.savedImage.assign(image.begin(), image.end());
+  differencesOutdated();
 }
 
 std::int32_t always(const RomImage&) { return 1; }

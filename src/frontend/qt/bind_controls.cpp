@@ -215,16 +215,17 @@ void leaveStepKeys(QLineEdit* line) {
   });
 }
 
-void bind(QLineEdit* widget, TextBox& record) {
+void bind(QLineEdit* widget, TextBox& record, std::function<void()> onShow) {
   if (record.watch) leaveStepKeys(widget);
   // An input method would bring characters past the key filter.
   if (record.keyFilter) widget->setAttribute(Qt::WA_InputMethodEnabled, false);
   new EntryDoor(widget, record);
   follow(
       widget, record,
-      [widget, &record] {
+      [widget, &record, onShow = std::move(onShow)] {
         const QString text = shown(record.text());
         if (widget->text() != text) widget->setText(text);
+        if (onShow) onShow();
       },
       [widget] { widget->selectAll(); });
   forwardFocus(widget, record);
@@ -291,7 +292,9 @@ void bind(QTabBar* widget, TabStrip& record) {
   follow(widget, record, [widget, &record] {
     for (int number = 1; number <= record.count(); ++number) {
       widget->setTabText(number - 1, shownCaption(record.tab(number).caption));
-      widget->setTabToolTip(number - 1, shownTip(record.tab(number).toolTip));
+      const TabStrip::Tab& tab = record.tab(number);
+      widget->setTabToolTip(
+          number - 1, shownTip(tab.note.empty() ? tab.toolTip : tab.toolTip + "\n" + tab.note));
     }
     widget->setCurrentIndex(record.selected() - 1);
   });

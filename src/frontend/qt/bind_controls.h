@@ -3,6 +3,8 @@
 // the widget; its observer is cleared when the widget dies.
 #pragma once
 
+#include <functional>
+
 #include "controls/button.h"
 #include "controls/controls.h"
 
@@ -20,7 +22,8 @@ class QWidget;
 
 void bind(QLabel* widget, Label& record);
 void bind(QGroupBox* widget, Frame& record);
-void bind(QLineEdit* widget, TextBox& record);
+// `onShow` shows what else there is of the record beside its line.
+void bind(QLineEdit* widget, TextBox& record, std::function<void()> onShow = {});
 void bind(QCheckBox* widget, CheckBox& record);
 // Options of one group must be children of one widget that holds no others.
 void bind(QRadioButton* widget, Option& record);

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "frontend/qt/look.h"
+#include "frontend/qt/mark_painting.h"
 #include "frontend/qt/text.h"
 
 namespace {
@@ -143,6 +144,7 @@ void CellPainter::paintCell(const QRect& area, int row, int column) {
   if (lit) lineEdge(inside, litRow ? Qt::RightEdge : Qt::BottomEdge);
   painter_.setPen(ink);
   drawText(inside, record_.text(row, column), Side::right);
+  paintMark(painter_, inside.topLeft(), record_.mark(row, column));
 }
 
 void CellPainter::paintHeaderCell(const QRect& area, int row, int column) {

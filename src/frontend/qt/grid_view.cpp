@@ -75,8 +75,10 @@ void GridView::observe(const Change& change) {
     case Change::focus:
       return setFocus(Qt::OtherFocusReason);
     case Change::cell:
+    case Change::mark:
       return updateCell(change.row, change.column);
     case Change::cells:
+    case Change::marks:
       return updateAll();
     case Change::repaint:
       applyChanges();

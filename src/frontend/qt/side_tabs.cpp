@@ -11,6 +11,7 @@ constexpr int textMargin = 12;  // pixels to both sides of a caption
 constexpr int lineMargin = 5;   // pixels above and below a caption
 constexpr int markWidth = 3;    // pixels, of the bar beside the selected tab
 constexpr int rounding = 3;
+constexpr int dotSize = 6;  // pixels across
 
 }  // namespace
 
@@ -59,6 +60,13 @@ void SideTabs::paintTab(QPainter& painter, int index) const {
   inks.setCurrentColorGroup(present ? QPalette::Active : QPalette::Disabled);
   style()->drawItemText(&painter, text, Qt::AlignVCenter | Qt::TextShowMnemonic, inks, present,
                         tabText(index), QPalette::WindowText);
+  if (marked_(index)) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().windowText());
+    const int room = (textMargin - dotSize) / 2;
+    painter.drawEllipse(
+        QRect(area.right() - room - dotSize, area.center().y() - dotSize / 2, dotSize, dotSize));
+  }
   if (chosen && hasFocus()) {
     painter.setPen(QPen(palette().highlight(), 1));
     painter.setBrush(Qt::NoBrush);

@@ -12,6 +12,8 @@ class SideTabs : public QTabBar {
   explicit SideTabs(QWidget* parent = nullptr);
   // Tells which tabs stand for something that isn't there; they can be chosen, but are faint.
   void setAbsent(std::function<bool(int index)> absent) { absent_ = std::move(absent); }
+  // Tells which tabs bear a dot.
+  void setMarked(std::function<bool(int index)> marked) { marked_ = std::move(marked); }
 
  protected:
   QSize tabSizeHint(int index) const override;
@@ -25,4 +27,5 @@ class SideTabs : public QTabBar {
   void paintTab(QPainter& painter, int index) const;
 
   std::function<bool(int)> absent_ = [](int) { return false; };
+  std::function<bool(int)> marked_ = [](int) { return false; };
 };

@@ -12,6 +12,7 @@
 #include "frontend/qt/canvas_view.h"
 #include "frontend/qt/grid_view.h"
 #include "frontend/qt/look.h"
+#include "frontend/qt/mark_painting.h"
 #include "frontend/qt/windows/dialog_parts.h"
 
 namespace {
@@ -113,15 +114,17 @@ QWidget* makeParameters(const Row (&rows)[size], Label* note) {
   Form1& form = form1();
   auto* const group = new QGroupBox;
   auto* const cells = new QGridLayout(group);
-  if (note) cells->addWidget(labelFor(*note), 0, 0, 1, 3);
+  if (note) cells->addWidget(labelFor(*note), 0, 0, 1, 4);
   for (const Row& row : rows) {
     const int line = cells->rowCount();
     auto* const box = new QLineEdit;
     box->setFixedWidth(boxWidth);
-    bind(box, form.*row.box);
+    auto* const mark = new MarkView(form.*row.box);
+    bind(box, form.*row.box, [mark] { mark->update(); });
     cells->addWidget(labelFor(form.*row.label), line, 0);
-    cells->addWidget(box, line, 1);
-    if (row.unit) cells->addWidget(labelFor(form.*row.unit), line, 2);
+    cells->addWidget(mark, line, 1);
+    cells->addWidget(box, line, 2);
+    if (row.unit) cells->addWidget(labelFor(form.*row.unit), line, 3);
   }
   keepToTheCorner(cells);
   return group;

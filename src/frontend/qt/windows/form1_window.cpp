@@ -58,6 +58,7 @@ bool isAbsent(int tabIndex) {
 QTabBar* makeTabs(Form1& form) {
   auto* const tabs = new SideTabs;
   tabs->setAbsent(isAbsent);
+  tabs->setMarked([&form](int index) { return !form.TabStrip1.tab(index + 1).note.empty(); });
   tabs->setObjectName(QStringLiteral("TabStrip1"));
   bind(tabs, form.TabStrip1);
   return tabs;

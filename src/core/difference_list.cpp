@@ -1,0 +1,245 @@
+#include "core/difference_list.h"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+
+#include "core/differences.h"
+#include "core/editor_state.h"
+#include "core/form1.h"
+#include "core/global_parameters.h"
+#include "core/image_bytes.h"
+#include "core/map_cells.h"
+#include "core/map_extent.h"
+#include "core/pending_image.h"
+#include "core/shown_values.h"
+#include "core/stored_bytes.h"
+#include "core/wording.h"
+#include "platform/failure.h"
+#include "platform/numbers.h"
+
+namespace {
+
+constexpr std::int64_t bytesBetweenStretches = 16;
+constexpr std::size_t mostStretches = 500;
+
+std::int64_t comparedBytes(const RomImage& reference) {
+  return static_cast<std::int64_t>(std::min(reference.size(), pendingImage.bytes().size()));
+}
+
+bool differ(const RomImage& reference, std::int64_t address, int bytes) {
+  if (address < 0 || address + bytes > comparedBytes(reference)) return false;
+  const auto place = static_cast<std::ptrdiff_t>(address);
+  const auto first = pendingImage.bytes().begin() + place;
+  return !std::equal(first, first + bytes, reference.begin() + place);
+}
+
+// Calls `tell(index, former, now)` with the stored numbers of each cell that differs.
+template <class Tell>
+void forEachCell(const MapKind& kind, const StoredCells& cells, Tell tell) {
+  const RomImage* const reference = referenceImage();
+  if (!reference || !entryOf(kind).present()) return;
+  for (std::int64_t index = 0; index < cells.count(); ++index) {
+    const std::int64_t address = cells.addressOf(index);
+    if (!cells.drawn(index) || !differ(*reference, address, cells.cellBytes())) continue;
+    tell(index, storedIn(*reference, kind, address), storedIn(pendingImage.bytes(), kind, address));
+  }
+}
+
+void addMap(std::vector<Difference>& list, const MapKind& kind) {
+  const StoredCells cells(extentOf(kind));
+  const ShownValue shown(kind);
+  Difference found{&kind};
+  forEachCell(kind, cells, [&](std::int64_t index, int former, int now) {
+    const std::int32_t change = shown(now) - shown(former);
+    if (found.count++ == 0) found.from = cells.addressOf(index);
+    found.to = cells.addressOf(index) + cells.cellBytes() - 1;
+    found.up = std::max(found.up, change);
+    found.down = std::min(found.down, change);
+  });
+  if (found.count > 0) list.push_back(found);
+}
+
+// "" where it shows none.
+std::string shownParam(const ParamKind& kind, const RomImage& image) {
+  std::string text;
+  trapFailure([&] { text = paramText(kind, image).value_or(""); });
+  return text;
+}
+
+void addParam(std::vector<Difference>& list, const ParamKind& kind, const RomImage& reference) {
+  const ParamEntry& entry = editorState.addressMap.param(kind.id);
+  if (!entry.present() || !differ(reference, entry.address, entry.bytes)) return;
+  Difference found{nullptr, &kind, entry.address, std::int64_t{entry.address} + entry.bytes - 1, 1};
+  if (kind.scaled()) {
+    const std::int32_t change = cellNumber(shownParam(kind, pendingImage.bytes())) -
+                                cellNumber(shownParam(kind, reference));
+    (change > 0 ? found.up : found.down) = change;
+  }
+  list.push_back(found);
+}
+
+struct Stretch {
+  std::int64_t from;
+  std::int64_t to;  // past the last byte
+};
+
+// What the address map names, by address.
+std::vector<Stretch> namedStretches() {
+  std::vector<Stretch> named;
+  for (const MapKind& kind : mapKinds()) {
+    if (!entryOf(kind).present()) continue;
+    const StoredCells cells(extentOf(kind));
+    named.push_back({cells.addressOf(0), cells.addressOf(cells.count())});
+  }
+  for (const ParamEntry& entry : editorState.addressMap.params) {
+    if (entry.present())
+      named.push_back({entry.address, std::int64_t{entry.address} + entry.bytes});
+  }
+  std::sort(named.begin(), named.end(),
+            [](const Stretch& a, const Stretch& b) { return a.from < b.from; });
+  return named;
+}
+
+void addOutside(std::vector<Difference>& list, const RomImage& reference, Stretch gap,
+                std::size_t& stretches) {
+  const RomImage& now = pendingImage.bytes();
+  bool open = false;
+  auto at = static_cast<std::ptrdiff_t>(gap.from);
+  const auto end = static_cast<std::ptrdiff_t>(gap.to);
+  while (at < end) {
+    at = std::mismatch(now.begin() + at, now.begin() + end, reference.begin() + at).first -
+         now.begin();
+    if (at == end) return;
+    const bool joins = open && at - list.back().to <= bytesBetweenStretches;
+    if (!joins && stretches < mostStretches) {
+      list.push_back({nullptr, nullptr, at, at, 0});
+      ++stretches;
+      open = true;
+    }
+    list.back().to = at++;
+    ++list.back().count;
+  }
+}
+
+void addAllOutside(std::vector<Difference>& list, const RomImage& reference) {
+  const std::int64_t size = comparedBytes(reference);
+  std::int64_t at = 0;
+  std::size_t stretches = 0;
+  std::vector<Stretch> named = namedStretches();
+  named.push_back({size, size});
+  for (const Stretch& each : named) {
+    const std::int64_t end = std::clamp<std::int64_t>(each.from, at, size);
+    addOutside(list, reference, {at, end}, stretches);
+    at = std::clamp<std::int64_t>(std::max(at, each.to), 0, size);
+  }
+}
+
+std::string hexByte(int byte) { return padHex(hexText(static_cast<std::uint32_t>(byte)), 1); }
+
+std::string lineOf(const Difference& each) {
+  std::string line = nameOf(each);
+  if (!each.param) {
+    line += ": " + decimalText(static_cast<std::int32_t>(each.count)) +
+            captioned(each.map ? Wording{"個のセル", " cells"} : Wording{"バイト", " bytes"});
+  }
+  return line + ", " + addressText(each.from) + "-" + addressText(each.to);
+}
+
+std::string sizeText(const std::string& name, std::size_t bytes) {
+  return name + ", " + std::to_string(bytes) + captioned({"バイト", " bytes"}) + "\r\n";
+}
+
+}  // namespace
+
+std::vector<Difference> differences() {
+  std::vector<Difference> list;
+  const RomImage* const reference = referenceImage();
+  if (!reference) return list;
+  for (int tab = 1; tab <= globalTab; ++tab) {
+    if (tab == globalTab) {
+      for (const ParamKind& kind : paramKinds()) addParam(list, kind, *reference);
+    }
+    for (const MapKind& kind : mapKinds()) {
+      if (kind.tab == tab) addMap(list, kind);
+    }
+  }
+  addAllOutside(list, *reference);
+  return list;
+}
+
+void forEachPlace(const Difference& difference,
+                  const std::function<void(const DifferentPlace&)>& tell) {
+  const RomImage* const reference = referenceImage();
+  if (!reference) return;
+  if (difference.map) {
+    const StoredCells cells(extentOf(*difference.map));
+    const ShownValue shown(*difference.map);
+    return forEachCell(*difference.map, cells, [&](std::int64_t index, int former, int now) {
+      tell({cells.addressOf(index), decimalText(shown(former)), decimalText(shown(now)),
+            cells.rowOf(index), cells.columnOf(index)});
+    });
+  }
+  if (difference.param) {
+    return tell({difference.from, shownParam(*difference.param, *reference),
+                 shownParam(*difference.param, pendingImage.bytes()), 0, 0});
+  }
+  for (std::int64_t at = difference.from; at <= difference.to; ++at) {
+    const int former = byteOf(*reference, at);
+    const int now = byteOf(pendingImage.bytes(), at);
+    if (former != now) tell({at, hexByte(former), hexByte(now), 0, 0});
+  }
+}
+
+void takeOver(const Difference& difference) {
+  const RomImage* const reference = referenceImage();
+  if (!reference) return;
+  if (difference.map) {
+    const MapKind& kind = *difference.map;
+    MapCells target(kind);
+    const StoredCells cells(extentOf(kind));
+    const ShownValue shown(kind);
+    const GridPause pause(gridOf(kind));
+    forEachCell(kind, cells, [&](std::int64_t index, int former, int) {
+      showStored(target, shown, cells.rowOf(index), cells.columnOf(index), former);
+    });
+    showAfterEffect(kind);
+  } else if (difference.param) {
+    if (const auto text = paramText(*difference.param, *reference)) {
+      (form1().*difference.param->box).setText(*text);
+    }
+  } else {
+    const auto from = static_cast<std::size_t>(difference.from);
+    const auto count = static_cast<std::size_t>(difference.to + 1 - difference.from);
+    setImageBytes(difference.from, std::span(*reference).subspan(from, count));
+  }
+}
+
+std::string nameOf(const Difference& difference) {
+  if (difference.map) {
+    const std::string& caption = entryOf(*difference.map).caption;
+    return caption.empty() ? difference.map->keyword : caption;
+  }
+  if (difference.param) return (form1().*difference.param->label).caption();
+  return captioned({"アドレスマップの外", "Outside the address map"});
+}
+
+std::string addressText(std::int64_t address) {
+  return "&H" + padHex(hexText(static_cast<std::uint32_t>(address)), 2);
+}
+
+std::string differenceReport() {
+  const RomImage* const reference = referenceImage();
+  if (!reference) return {};
+  const bool file = comparedWith() == Against::file;
+  std::string text = sizeText(editorState.imageTitle, pendingImage.bytes().size()) +
+                     sizeText(file ? captioned({"ファイル", "The file"}) : editorState.compareTitle,
+                              reference->size());
+  for (const Difference& each : differences()) {
+    text += "\r\n" + lineOf(each) + "\r\n";
+    forEachPlace(each, [&text](const DifferentPlace& place) {
+      text += "  " + addressText(place.address) + ": " + place.former + " -> " + place.now + "\r\n";
+    });
+  }
+  return text;
+}

@@ -1,0 +1,30 @@
+// What differs: the image as a save would write it, beside the file's or the comparison image.
+// Cells and boxes that differ bear a mark, as do those whose text the image can't take; marks
+// follow each gesture at once. Images of different length are compared as far as both go.
+#pragma once
+
+#include <cstdint>
+
+#include "core/editor_state.h"
+#include "core/map_kinds.h"
+
+struct Step;
+
+enum class Against { nothing, file, comparison };
+
+Against comparedWith();
+void compareWith(Against which);
+// The bytes that are compared with; null where there are none.
+const RomImage* referenceImage();
+
+// Other data stands here now, or another reference: all marks follow at the end of the gesture.
+void differencesOutdated();
+// What a gesture changed, also when it is taken back.
+void followStep(const Step& step);
+
+// Cells of a map, by their marks.
+struct MarkedCells {
+  std::int32_t differing = 0;
+  std::int32_t unstorable = 0;
+};
+MarkedCells markedCells(const MapKind& kind);

@@ -1,0 +1,167 @@
+#include "core/pending_image.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "core/map_extent.h"
+#include "core/stored_bytes.h"
+#include "platform/failure.h"
+
+PendingImage pendingImage;
+
+namespace {
+
+constexpr std::size_t firstParam = mapCount;
+
+std::size_t entryNumber(const MapKind& kind) { return static_cast<std::size_t>(kind.id - 1); }
+
+bool holds(const RomImage& image, std::int64_t address, std::int64_t bytes) {
+  return address >= 0 && address + bytes <= static_cast<std::int64_t>(image.size());
+}
+
+}  // namespace
+
+PendingImage::Stretch PendingImage::stretchOf(std::size_t entry) const {
+  if (entry >= firstParam) {
+    const ParamEntry& param = editorState.addressMap.params[entry - firstParam];
+    return {param.address, std::int64_t{param.address} + std::max(param.bytes, 0)};
+  }
+  const MapKind& kind = mapKinds()[entry];
+  if (!entryOf(kind).present()) return {};
+  const StoredCells cells(extentOf(kind));
+  return {cells.addressOf(0), cells.addressOf(cells.count())};
+}
+
+void PendingImage::joinGroups(std::size_t one, std::size_t other) {
+  std::replace(groups_.begin(), groups_.end(), groups_[other], groups_[one]);
+}
+
+void PendingImage::formGroups() {
+  std::iota(groups_.begin(), groups_.end(), std::size_t{0});
+  std::array<Stretch, mapCount + paramCount> stretches;
+  for (std::size_t i = 0; i < stretches.size(); ++i) {
+    stretches[i] = stretchOf(i);
+    if (i > firstParam) joinGroups(firstParam, i);
+  }
+  for (std::size_t i = 0; i < stretches.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      const Stretch& one = stretches[i];
+      const Stretch& other = stretches[j];
+      if (std::max(one.from, other.from) < std::min(one.to, other.to)) joinGroups(i, j);
+    }
+  }
+}
+
+bool PendingImage::isAlone(std::size_t entry) const {
+  return std::count(groups_.begin(), groups_.end(), groups_[entry]) == 1;
+}
+
+std::vector<const MapKind*> PendingImage::mapsOf(std::size_t group) const {
+  std::vector<const MapKind*> maps;
+  for (const MapKind& kind : mapKinds()) {
+    if (groups_[entryNumber(kind)] == group && entryOf(kind).present()) maps.push_back(&kind);
+  }
+  return maps;
+}
+
+void PendingImage::put(std::int64_t address, std::uint8_t byte) {
+  const auto place = static_cast<std::size_t>(address);
+  std::uint8_t& target = bytes_[place];
+  if (target == byte) return;
+  if (place < editorState.savedImage.size()) {
+    const std::uint8_t saved = editorState.savedImage[place];
+    unsaved_ += (byte != saved) - (target != saved);
+  }
+  target = byte;
+}
+
+void PendingImage::storeMap(const MapKind& kind) {
+  const StoredCells cells(extentOf(kind));
+  std::int64_t index = 0;
+  for (; index < cells.count(); ++index) {
+    const std::int64_t address = cells.addressOf(index);
+    const auto stored = cells.bytesOf(index, cells.rowOf(index), cells.columnOf(index));
+    if (!stored || !holds(bytes_, address, 1)) break;
+    put(address, stored->bytes[0]);
+    if (stored->count == 1) continue;
+    if (!holds(bytes_, address, 2)) break;
+    put(address + 1, stored->bytes[1]);
+  }
+  stopsAt_[static_cast<std::size_t>(kind.id)] = index;
+}
+
+void PendingImage::storeAllParams() {
+  trapFailure([this] {
+    for (const ParamKind& kind : paramKinds()) {
+      const ParamEntry& entry = editorState.addressMap.param(kind.id);
+      if (entry.present() && !holds(bytes_, entry.address, entry.bytes))
+        throw Failure(badSubscript);
+      std::int64_t address = entry.address;
+      for (const std::uint8_t byte : storedBytesOf(kind)) {
+        put(address++, byte);
+      }
+    }
+  });
+}
+
+void PendingImage::storeGroup(std::size_t group) {
+  for (std::size_t entry = 0; entry < groups_.size(); ++entry) {
+    if (groups_[entry] != group) continue;
+    const Stretch stretch = stretchOf(entry);
+    const auto size = static_cast<std::int64_t>(bytes_.size());
+    for (auto at = std::clamp<std::int64_t>(stretch.from, 0, size); at < std::min(stretch.to, size);
+         ++at) {
+      put(at, editorState.image[static_cast<std::size_t>(at)]);
+    }
+  }
+  for (const MapKind* kind : mapsOf(group)) storeMap(*kind);
+  if (groups_[firstParam] == group) storeAllParams();
+}
+
+void PendingImage::rebuild() {
+  drawn_ = editorState.cellsDrawn;
+  shown_ = editorState.paramShown;
+  bytes_ = editorState.image;
+  formGroups();
+  for (const MapKind& kind : mapKinds()) {
+    if (entryOf(kind).present()) storeMap(kind);
+  }
+  storeAllParams();
+  recount();
+}
+
+void PendingImage::recount() {
+  const RomImage& saved = editorState.savedImage;
+  const std::size_t common = std::min(saved.size(), bytes_.size());
+  unsaved_ = static_cast<std::int64_t>(std::max(saved.size(), bytes_.size()) - common);
+  for (std::size_t i = 0; i < common; ++i) unsaved_ += bytes_[i] != saved[i];
+}
+
+bool PendingImage::isInForce() const {
+  return drawn_ == editorState.cellsDrawn && shown_ == editorState.paramShown &&
+         bytes_.size() == editorState.image.size();
+}
+
+bool PendingImage::storeCell(const MapKind& kind, const StoredCells& cells, std::int64_t index) {
+  if (!isAlone(entryNumber(kind))) return false;
+  const std::int64_t stop = stopsAt_[static_cast<std::size_t>(kind.id)];
+  if (index > stop) return true;
+  if (index == stop) return false;
+  const auto stored = cells.bytesOf(index, cells.rowOf(index), cells.columnOf(index));
+  if (!stored) return false;
+  for (int i = 0; i < stored->count; ++i) {
+    put(cells.addressOf(index) + i, stored->bytes[static_cast<std::size_t>(i)]);
+  }
+  return true;
+}
+
+std::vector<const MapKind*> PendingImage::storeAllAround(const MapKind& kind) {
+  const std::size_t group = groups_[entryNumber(kind)];
+  storeGroup(group);
+  return mapsOf(group);
+}
+
+std::vector<const MapKind*> PendingImage::storeParams() {
+  storeGroup(groups_[firstParam]);
+  return mapsOf(groups_[firstParam]);
+}

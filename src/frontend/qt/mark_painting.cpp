@@ -1,0 +1,51 @@
+#include "frontend/qt/mark_painting.h"
+
+#include <QPainter>
+#include <QPolygon>
+
+#include "frontend/qt/look.h"
+
+namespace {
+
+// A dark corner with a bright edge.
+void paintCorner(QPainter& painter, QPoint corner) {
+  const auto triangle = [corner](int size) {
+    return QPolygon({corner, corner + QPoint(size, 0), corner + QPoint(0, size)});
+  };
+  painter.setBrush(Qt::white);
+  painter.drawPolygon(triangle(markSize + 1));
+  painter.setBrush(inkColour);
+  painter.drawPolygon(triangle(markSize - 1));
+}
+
+// A bright cross on a dark square with a bright edge.
+void paintCross(QPainter& painter, QPoint corner) {
+  constexpr int arm = 2;  // pixels from the square's edge
+  const QRect square(corner, QSize(markSize, markSize));
+  painter.fillRect(square.adjusted(0, 0, 1, 1), Qt::white);
+  painter.fillRect(square, inkColour);
+  painter.setPen(QPen(Qt::white, 1.5));
+  const QRectF cross = QRectF(square).adjusted(arm, arm, -arm, -arm);
+  painter.drawLine(cross.topLeft(), cross.bottomRight());
+  painter.drawLine(cross.topRight(), cross.bottomLeft());
+}
+
+}  // namespace
+
+void paintMark(QPainter& painter, QPoint corner, Mark mark) {
+  if (mark == Mark::none) return;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  mark == Mark::differs ? paintCorner(painter, corner) : paintCross(painter, corner);
+  painter.restore();
+}
+
+MarkView::MarkView(const TextBox& record) : record_(record) {
+  setFixedSize(markSize + 2, markSize + 2);
+}
+
+void MarkView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  paintMark(painter, {}, record_.mark());
+}
