@@ -4,12 +4,16 @@
 #include <cstdlib>
 #include <set>
 
+#include "changes/differences_window.h"
 #include "controls/gesture.h"
+#include "core/differences.h"
 #include "core/global_parameters.h"
 #include "core/history.h"
 #include "core/map_display.h"
+#include "core/pending_image.h"
 #include "core/progress.h"
 #include "core/rom_image.h"
+#include "core/step.h"
 #include "frontend/environment.h"
 #include "frontend/splash.h"
 #include "frontend/startup.h"
@@ -70,7 +74,11 @@ class TirelessUser : public ProgramTest {
     files.broken(folder);
   }
 
-  Window& front() const { return *desk.shownWindows.back(); }
+  // The list of differences stands beside it.
+  Window& front() const {
+    const auto beside = [](const Window* window) { return !window->standsBeside(); };
+    return **std::find_if(desk.shownWindows.rbegin(), desk.shownWindows.rend(), beside);
+  }
 
   // Puts one answer of each kind ready; while the question stands no window may take input.
   void answer() {
@@ -184,9 +192,9 @@ class TirelessUser : public ProgramTest {
         {0, 30, [](User&, Window& in) { in.userEnter(); }},
         {0, 30, [](User&, Window& in) { in.userKey(); }},
     };
-    Window& window = front();
+    Window& window = differencesWindow.takesInput() && chance(10) ? differencesWindow : front();
     const bool main = &window == &form1();
-    if (!main && &window != &frmSplash && chance(10)) knockAtForm1();
+    if (!main && !window.standsBeside() && &window != &frmSplash && chance(10)) knockAtForm1();
     int whole = 0;
     for (const auto& gesture : gestures) whole += main ? gesture.inMain : gesture.inOther;
     int left = number(1, whole);
@@ -246,10 +254,33 @@ class TirelessUser : public ProgramTest {
     ASSERT_EQ(difference(editorState.image, stored(drawn, image)), "");
     boxesWatched += !drawn.empty() && drawn.back().kind == Piece::inBox;
   }
+  // One sign for each cell and box.
+  static std::string allMarks() {
+    std::string marks;
+    for (const MapKind& kind : mapKinds()) {
+      const Grid& grid = gridOf(kind);
+      for (int place = 0; place < grid.rows() * grid.columns(); ++place) {
+        const Mark mark = grid.mark(place / grid.columns(), place % grid.columns());
+        marks += static_cast<char>('0' + static_cast<int>(mark));
+      }
+    }
+    for (const ParamKind& kind : paramKinds()) {
+      marks += static_cast<char>('0' + static_cast<int>((form1().*kind.box).mark()));
+    }
+    return marks;
+  }
   // What stands in the grids and boxes goes into the image; drawn from it, it stands there again.
   void checkEdited() {
+    if (editorState.imageSize == 0) return;
     const Bytes image = editorState.image;
-    if (editorState.imageSize == 0 || !writesBack()) return;
+    const Bytes pending = pendingImage.bytes();
+    const std::string marks = allMarks();
+    const bool whole = writesBack();
+    ASSERT_EQ(difference(editorState.image, pending), "");
+    differencesOutdated();
+    followStep({});
+    ASSERT_EQ(allMarks(), marks);
+    if (!whole) return;
     ASSERT_EQ(difference(editorState.image, stored(shownPieces(), image)), "");
     redrawAllMaps();
     showGlobalParams();

@@ -180,8 +180,10 @@ void Grid::userSelect(const GridSelection& selection) {
   const auto inColumns = [this](int column) {
     return std::clamp(column, fixedColumns_, columns_ - 1);
   };
+  const GridSelection former = selection_;
   selectionChanged({inRows(selection.row), inColumns(selection.column), inRows(selection.rowSel),
                     inColumns(selection.columnSel)});
+  if (selection_ != former) runHandler(onSelect);
 }
 
 void Grid::userDoubleClick() {

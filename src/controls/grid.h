@@ -55,6 +55,7 @@ class Grid : public Control {
     Colour text = black;
     Colour lines = rgb(192, 192, 192);
     Colour ground = white;
+    int leftColumns = 0;  // the first ones, whose texts stand at the left
   };
   // The largest number of cells that a size may ask for.
   static constexpr int maximumCells = 1'048'576;
@@ -138,6 +139,7 @@ class Grid : public Control {
   void userKeyRest();
   void userMouseDown(MouseButton button);
 
+  std::function<void()> onSelect;
   std::function<void()> onDoubleClick;
   std::function<void(char32_t)> onKey;
   std::function<void()> onKeyUp;

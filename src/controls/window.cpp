@@ -22,7 +22,8 @@ void Window::setTopmost(bool on) {
 }
 
 bool Window::takesInput() const {
-  return enabled_ && loaded_ && !(hasDesktop() && desktop().asking());
+  if (!enabled_ || !loaded_ || (beside_ && !beside_->takesInput())) return false;
+  return !(hasDesktop() && desktop().asking());
 }
 
 void Window::load() {

@@ -31,6 +31,9 @@ class Window {
   // The window over whose middle this one is placed; none until `centreOn`.
   const Window* centredOn() const { return centredOn_; }
   void centreOn(const Window& other) { centredOn_ = &other; }
+  // Stays open beside a window, and takes input while that one does.
+  void standBeside(const Window& other) { beside_ = &other; }
+  bool standsBeside() const { return beside_; }
 
   // Its controls, in the order in which they were made.
   const std::vector<Control*>& controls() const { return controls_; }
@@ -89,5 +92,6 @@ class Window {
   bool active_ = false;
   bool topmost_ = false;
   const Window* centredOn_ = nullptr;
+  const Window* beside_ = nullptr;
   Control* focus_ = nullptr;
 };

@@ -216,10 +216,7 @@ void takeOver(const Difference& difference) {
 }
 
 std::string nameOf(const Difference& difference) {
-  if (difference.map) {
-    const std::string& caption = entryOf(*difference.map).caption;
-    return caption.empty() ? difference.map->keyword : caption;
-  }
+  if (difference.map) return nameOf(*difference.map);
   if (difference.param) return (form1().*difference.param->label).caption();
   return captioned({"アドレスマップの外", "Outside the address map"});
 }

@@ -8,8 +8,11 @@
 #include <vector>
 
 #include "controls/grid.h"
+#include "core/difference_list.h"
 #include "core/form1.h"
 #include "core/map_extent.h"
+#include "core/map_places.h"
+#include "core/notices.h"
 #include "core/pending_image.h"
 #include "core/step.h"
 #include "core/stored_bytes.h"
@@ -21,6 +24,7 @@ namespace {
 
 Against against = Against::file;
 bool outdated = false;
+constexpr const char* unstorableSubject = "unstorable";
 std::array<MarkedCells, mapCount + 1> marked{};
 
 MarkedCells& markedIn(const MapKind& kind) { return marked[static_cast<std::size_t>(kind.id)]; }
@@ -106,6 +110,28 @@ std::string noteOf(const MarkedCells& cells) {
   return differing + (differing.empty() || unstorable.empty() ? "" : ", ") + unstorable;
 }
 
+// Names the first cell that stops its map's write-back.
+void noticeUnstorable() {
+  const auto stops = [](const MapKind& kind) {
+    return pendingImage.firstRefused(kind).has_value();
+  };
+  const auto kind = std::find_if(mapKinds().begin(), mapKinds().end(), stops);
+  if (kind == mapKinds().end()) return withdrawNotice(unstorableSubject);
+  const auto [row, column] = *pendingImage.firstRefused(*kind);
+  const std::string text = gridOf(*kind).text(row, column);
+  const StoredCells cells(extentOf(*kind));
+  const std::string place = addressText(cells.addressOf(cells.indexOf(row, column)));
+  const std::string name = nameOf(*kind);
+  tellNotice({unstorableSubject,
+              NoticeKind::warning,
+              {name + "、" + place + "の「" + text +
+                   "」は保存できません。このマップのそれより後も保存されません。",
+               name + ", " + place + ": \"" + text +
+                   "\" can't be stored, and nothing behind it in this map will be saved."},
+              {{{"移動", "Go there"},
+                [kind, row = row, column = column] { showCell(*kind, row, column); }}}});
+}
+
 void noteTabs() {
   TabStrip& tabs = form1().TabStrip1;
   for (int tab = 1; tab <= tabs.count(); ++tab) tabs.setNote(tab, noteOf(markedOn(tab)));
@@ -185,6 +211,13 @@ void followStep(const Step& step) {
     }
   }
   noteTabs();
+  noticeUnstorable();
 }
 
 MarkedCells markedCells(const MapKind& kind) { return markedIn(kind); }
+
+void resetDifferences() {
+  against = Against::file;
+  outdated = false;
+  marked = {};
+}

@@ -22,6 +22,9 @@ void differencesOutdated();
 // What a gesture changed, also when it is taken back.
 void followStep(const Step& step);
 
+// As at the program's start: compared with the file, nothing marked.
+void resetDifferences();
+
 // Cells of a map, by their marks.
 struct MarkedCells {
   std::int32_t differing = 0;

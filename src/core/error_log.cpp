@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <ctime>
 #include <string_view>
 #include <vector>
 
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/text_files.h"
+#include "platform/clock.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/numbers.h"
@@ -18,14 +18,6 @@ namespace {
 
 constexpr std::size_t readableLines = 256;
 constexpr std::size_t keptLines = 249;
-
-std::string currentTime() {
-  const std::time_t now = std::time(nullptr);
-  char text[32];
-  const std::size_t length =
-      std::strftime(text, sizeof text, "%y/%m/%d %H:%M", std::localtime(&now));
-  return {text, length};
-}
 
 bool hasTooManyLines(std::string_view bytes) { return splitLines(bytes).size() > readableLines; }
 
@@ -45,7 +37,7 @@ void addLine(const std::string& line) {
 void logError(const std::string& location, int number, const std::string& text) {
   if (number != 0 && number != cancelled) {
     const std::string line =
-        currentTime() + " " + location + " " + signedBlank(number) + " " + text;
+        localTime("%y/%m/%d %H:%M") + " " + location + " " + signedBlank(number) + " " + text;
     trapFailure([&line] { addLine(line); });
   }
   form1().refresh();

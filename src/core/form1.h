@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/button.h"
 #include "controls/canvas.h"
 #include "controls/controls.h"
 #include "controls/grid.h"
@@ -66,6 +67,13 @@ struct Form1 : Window {
   // The four small grids beside them.
   Label Label11{*this, "TTP_MIN"}, Label12{*this, "TTP_MAX"}, Label2{*this, "AF_LIMIT"},
       Label18{*this, "ADD_FUEL"};
+
+  // The notice strip: what no box says, with at most two things to do about it.
+  Label noticeText{*this};
+  Button noticeAction1{*this}, noticeAction2{*this}, noticeClose{*this};
+  Timer noticeTimer{*this, 0};
+  // The status line: what the cursor is on, what isn't saved, what the last command did.
+  Label cursorStatus{*this}, unsavedStatus{*this}, doneStatus{*this};
 
   MenuItem menuBar{*this, "menuBar"};
   std::array<MenuItem*, 10> mnuRecentFile{};

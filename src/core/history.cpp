@@ -14,6 +14,8 @@
 #include "core/map_cells.h"
 #include "core/map_display.h"
 #include "core/map_kinds.h"
+#include "core/map_places.h"
+#include "core/status_line.h"
 #include "core/step.h"
 #include "platform/numbers.h"
 
@@ -65,9 +67,11 @@ class Watch final : public GestureWatch, public TextWatch {
     thread_ = thread;
   }
   void gestureEnds() override {
+    // Also what an earlier gesture of the thread changed and this one put back.
+    followStep(stepNotes.open());
     Step step = stepNotes.end();
-    followStep(step);
     if (!step.empty()) {
+      sayChanged(step);
       undone.clear();
       done.put(std::move(step));
       done.dropOldestBeyond(historyLimit);
@@ -85,11 +89,6 @@ class Watch final : public GestureWatch, public TextWatch {
 
 Watch watch;
 
-std::string captionOf(const MapKind& kind) {
-  const std::string& caption = entryOf(kind).caption;
-  return caption.empty() ? kind.keyword : caption;
-}
-
 // Where a step happened. A scale that moved with its map goes without saying.
 BothTexts placeOf(const Step& step) {
   const auto both = [](const std::string& text) { return BothTexts{text, text}; };
@@ -97,12 +96,12 @@ BothTexts placeOf(const Step& step) {
   for (const CellsOfStep& part : step.cells) {
     if (!part.kind->isScale()) maps.push_back(part.kind);
   }
-  if (maps.size() == 1) return both(captionOf(*maps.front()));
+  if (maps.size() == 1) return both(nameOf(*maps.front()));
   if (maps.size() > 1) {
     const std::string count = decimalText(static_cast<std::int32_t>(maps.size()));
     return {count + "個のマップ", count + " maps"};
   }
-  if (!step.cells.empty()) return both(captionOf(*step.cells.front().kind));
+  if (!step.cells.empty()) return both(nameOf(*step.cells.front().kind));
   if (!step.boxes.empty()) return both((form1().*step.boxes.front().kind->label).caption());
   return both("&H" + hexText(static_cast<std::uint32_t>(step.bytes.front().offset)));
 }
@@ -186,20 +185,16 @@ void selectChanged(const CellsOfStep& part) {
   grid.lightUp(part.places);
 }
 
-void goTo(std::int32_t tab) {
-  if (editorState.currentTab != tab) form1().TabStrip1.userSelect(tab);
-}
-
 void showPlace(const Step& step) {
   for (const CellsOfStep& part : step.cells) selectChanged(part);
   if (!step.cells.empty()) {
     const auto onTab = [&step](const CellsOfStep& part) { return part.kind->tab == step.tab; };
     const auto part = std::find_if(step.cells.begin(), step.cells.end(), onTab);
     const MapKind& kind = part == step.cells.end() ? *step.cells.front().kind : *part->kind;
-    goTo(kind.tab);
+    showTab(kind.tab);
     gridOf(kind).setFocus();
   } else if (!step.boxes.empty()) {
-    goTo(globalTab);
+    showTab(globalTab);
     (form1().*step.boxes.front().kind->box).setFocus();
   }
 }
@@ -214,6 +209,7 @@ void move(Steps& from, Steps& to, bool back) {
     swapWithNow(step, back);
     for (const CellsOfStep& part : step.cells) showAfterEffect(*part.kind);
     followStep(step);
+    sayChanged(step);
   }
   showPlace(step);
   to.put(std::move(step));

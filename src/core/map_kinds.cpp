@@ -99,6 +99,11 @@ Grid& gridOf(const MapKind& kind) { return form1().*kind.grid; }
 
 const MapEntry& entryOf(const MapKind& kind) { return editorState.addressMap.map(kind.id); }
 
+std::string nameOf(const MapKind& kind) {
+  const std::string& caption = entryOf(kind).caption;
+  return caption.empty() ? kind.keyword : caption;
+}
+
 const MapKind* mapKindOfTab(int tab) {
   for (const MapKind& kind : kindsOfMaps) {
     if (kind.frame && kind.tab == tab) return &kind;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 #include "core/map_entries.h"
 
@@ -70,6 +71,8 @@ const MapKind* findMapKind(int mapId);
 const MapKind* findMapKind(const Grid& grid);
 Grid& gridOf(const MapKind& kind);
 const MapEntry& entryOf(const MapKind& kind);
+// Its caption, or its keyword where it has none.
+std::string nameOf(const MapKind& kind);
 // The map that tab 1 to 13 shows, null for tab 14.
 const MapKind* mapKindOfTab(int tab);
 // The map of `currentTab` and its grid, null on tab 14.

@@ -33,7 +33,9 @@ PendingImage::Stretch PendingImage::stretchOf(std::size_t entry) const {
 }
 
 void PendingImage::joinGroups(std::size_t one, std::size_t other) {
-  std::replace(groups_.begin(), groups_.end(), groups_[other], groups_[one]);
+  const std::size_t from = groups_[other];
+  const std::size_t to = groups_[one];
+  std::replace(groups_.begin(), groups_.end(), from, to);
 }
 
 void PendingImage::formGroups() {
@@ -164,4 +166,14 @@ std::vector<const MapKind*> PendingImage::storeAllAround(const MapKind& kind) {
 std::vector<const MapKind*> PendingImage::storeParams() {
   storeGroup(groups_[firstParam]);
   return mapsOf(groups_[firstParam]);
+}
+
+std::optional<std::pair<int, int>> PendingImage::firstRefused(const MapKind& kind) const {
+  if (!entryOf(kind).present()) return {};
+  const std::int64_t index = stopsAt_[static_cast<std::size_t>(kind.id)];
+  const StoredCells cells(extentOf(kind));
+  if (index >= cells.count() || !cells.drawn(index)) return {};
+  const std::pair place(cells.rowOf(index), cells.columnOf(index));
+  if (cells.bytesOf(index, place.first, place.second)) return {};
+  return place;
 }

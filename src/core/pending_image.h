@@ -5,6 +5,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "core/editor_state.h"
@@ -31,6 +33,8 @@ class PendingImage {
   // Stores all that shares bytes with the map, or with the parameters; gives the maps among it.
   std::vector<const MapKind*> storeAllAround(const MapKind& kind);
   std::vector<const MapKind*> storeParams();
+  // The place in the grid of the map's first cell whose text the image can't take.
+  std::optional<std::pair<int, int>> firstRefused(const MapKind& kind) const;
 
  private:
   struct Stretch {

@@ -13,12 +13,7 @@
 
 #include "controls/grid.h"
 #include "core/map_kinds.h"
-
-// A text in both languages.
-struct BothTexts {
-  std::string japanese;
-  std::string english;
-};
+#include "core/wording.h"
 
 struct CellsOfStep {
   const MapKind* kind;
@@ -67,6 +62,8 @@ class StepNotes {
   // A gesture begins, or `open` goes on.
   void begin();
   void resume(Step open);
+  // All that was noted so far, of which some may stand as before.
+  const Step& open() const { return open_; }
   // Gives the step of what differs from before, and notes nothing more.
   Step end();
   void forget();

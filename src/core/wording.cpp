@@ -9,3 +9,7 @@ std::string worded(const Wording& wording) {
 std::string captioned(const Wording& wording) {
   return editorState.english == 1 ? wording.english : wording.japanese;
 }
+
+std::string captionedBoth(const BothTexts& texts) {
+  return editorState.english == 1 ? texts.english : texts.japanese;
+}

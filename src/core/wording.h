@@ -12,3 +12,12 @@ struct Wording {
 std::string worded(const Wording& wording);
 // The wording that windows take when they are loaded: English only when `english` is 1.
 std::string captioned(const Wording& wording);
+
+// A text in both languages that is made up at run time.
+struct BothTexts {
+  std::string japanese;
+  std::string english;
+};
+
+// In the language of windows.
+std::string captionedBoth(const BothTexts& texts);

@@ -1,13 +1,17 @@
 #include "frontend/form1_loading.h"
 
+#include "changes/differences_window.h"
 #include "changes/undo.h"
 #include "core/address_map.h"
+#include "core/differences.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/history.h"
 #include "core/map_display.h"
 #include "core/map_kinds.h"
+#include "core/notices.h"
 #include "core/settings_file.h"
+#include "core/status_line.h"
 #include "core/wording.h"
 #include "frontend/languages.h"
 #include "frontend/main_menu.h"
@@ -51,6 +55,12 @@ void nameFields(Form1& form) {
   form.TabStrip1.setOwnName(captioned({"マップ", "Maps"}));
 }
 
+void followGesture() {
+  showHistory();
+  showStatus();
+  differencesWindow.follow();
+}
+
 }  // namespace
 
 void loadForm1() {
@@ -69,7 +79,12 @@ void loadForm1() {
   editorState.image = RomImage(startImageBytes);
   form.bringPanelToFront(1);
   rebuildRecentMenu();
-  onHistoryChange = showHistory;
+  onHistoryChange = followGesture;
+  resetDifferences();
+  form.onUnload = [] { differencesWindow.unload(); };
+  differencesWindow.unload();
+  wireNotices();
+  wireStatus();
   keepHistory();
   showHistory();
 }

@@ -6,7 +6,9 @@
 
 #include "calc/af_table.h"
 #include "calc/engine_specification.h"
+#include "changes/differences_window.h"
 #include "changes/undo.h"
+#include "changes/view_commands.h"
 #include "core/address_loading.h"
 #include "core/boost.h"
 #include "core/dialogs.h"
@@ -148,6 +150,17 @@ const MenuRow rows[] = {
     {1, "changes", "変更", "Changes", "", nullptr},
     {2, "undo", "元に戻す", "Undo", "Ctrl+Z", undoChange},
     {2, "redo", "やり直し", "Redo", "Ctrl+Y; Ctrl+Shift+Z", redoChange},
+    {1, "view", "表示", "View", "", nullptr},
+    {2, "against_nothing", "比較しない", "Compare with nothing", "", compareWithNothing, nullptr,
+     followReference},
+    {2, "against_file", "ファイルと比較", "Compare with the file", "", compareWithFile, nullptr,
+     followReference},
+    {2, "against_comparison", "比較元ファイルと比較", "Compare with the comparison image", "",
+     compareWithComparison, nullptr, followReference},
+    {2, "view_line", "-", "", "", nullptr},
+    {2, "differences", "相違一覧", "Differences...", "Ctrl+D", showDifferences},
+    {2, "next_difference", "次の相違", "Next difference", "F3", nextDifference},
+    {2, "last_difference", "前の相違", "Previous difference", "Shift+F3", lastDifference},
     {1, "HLP777", "ヘルプ", "Help", "", nullptr},
     {2, "ver_displ", "バージョン情報", "Veriosn", "", ver_displ},
 };

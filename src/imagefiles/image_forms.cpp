@@ -7,6 +7,7 @@
 
 #include "core/differences.h"
 #include "core/extensions.h"
+#include "core/status_line.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
 #include "platform/failure.h"
@@ -33,11 +34,16 @@ RomImage takeRaw(RomImage fileBytes) {
 
 RomImage takeIntelHex(RomImage fileBytes) { return readIntelHex(fileBytes, imageHexCapacity); }
 
+void tellSaved() {
+  differencesOutdated();
+  saySaved(editorState.savedImage.size());
+}
+
 // All bytes of the image, whatever a pair took of it.
 void writeRaw(const std::string& path) {
   replaceFile(path, editorState.image);
   editorState.savedImage = readFile(path, editorState.image.size());
-  differencesOutdated();
+  tellSaved();
 }
 
 void writeAsIntelHex(const std::string& path) {
@@ -45,7 +51,7 @@ void writeAsIntelHex(const std::string& path) {
   const auto image = std::span(editorState.image).first(size);
   writeIntelHex(path, image);
   editorState.savedImage.assign(image.begin(), image.end());
-  differencesOutdated();
+  tellSaved();
 }
 
 std::int32_t always(const RomImage&) { return 1; }

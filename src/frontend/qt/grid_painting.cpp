@@ -106,8 +106,9 @@ void CellPainter::drawText(const QRect& area, const std::string& text, Side side
     return drawSqueezed(painter_, area.adjusted(1, 0, -1, 0), text, entry.width);
   }
   const bool tight = entry.width > area.width() - 2 * textMargin;
-  const int left = side == Side::right && !tight ? area.right() + 1 - textMargin - entry.width
-                                                 : area.left() + (area.width() - entry.width) / 2;
+  int left = area.left() + (area.width() - entry.width) / 2;
+  if (side == Side::left) left = area.left() + textMargin;
+  if (side == Side::right && !tight) left = area.right() + 1 - textMargin - entry.width;
   painter_.drawStaticText(left, area.top() + (area.height() - textHeight_) / 2, entry.text);
 }
 
@@ -143,7 +144,8 @@ void CellPainter::paintCell(const QRect& area, int row, int column) {
   painter_.fillRect(inside, ground);
   if (lit) lineEdge(inside, litRow ? Qt::RightEdge : Qt::BottomEdge);
   painter_.setPen(ink);
-  drawText(inside, record_.text(row, column), Side::right);
+  drawText(inside, record_.text(row, column),
+           column < record_.look().leftColumns ? Side::left : Side::right);
   paintMark(painter_, inside.topLeft(), record_.mark(row, column));
 }
 

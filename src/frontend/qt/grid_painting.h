@@ -49,7 +49,7 @@ class CellPainter {
   void paintLitCell(const QRect& area);
 
  private:
-  enum class Side { middle, right };
+  enum class Side { middle, left, right };
   bool inSelection(int row, int column) const;
   void lineEdge(const QRect& area, Qt::Edge edge);
   QColor groundOf(int row, int column) const;

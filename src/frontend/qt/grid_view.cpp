@@ -120,6 +120,11 @@ void GridView::showShape() {
   if (record_.columns() > 0) {
     horizontalHeader()->setDefaultSectionSize(pixels(record_.columnWidth(lastColumn())));
     verticalHeader()->setFixedWidth(pixels(record_.columnWidth(0)));
+    for (int column = record_.fixedColumns(); column < lastColumn(); ++column) {
+      const int width = pixels(record_.columnWidth(column));
+      const int section = column - record_.fixedColumns();
+      if (columnWidth(section) != width) setColumnWidth(section, width);
+    }
   }
   if (record_.rows() > 0) {
     verticalHeader()->setDefaultSectionSize(pixels(record_.rowHeight(lastRow())));

@@ -49,10 +49,27 @@ void applyGridChanges(QWidget* window) {
 }
 
 // In the middle of the other window, or of the screen as long as that window isn't shown.
-void centre(QWidget* widget, const QWidget* other) {
+// At the right of the other window where there is room, else in the screen's lower right corner.
+void placeBeside(QWidget* widget, const QWidget* other) {
+  if (!other) return;
+  const QRect screen = other->screen()->availableGeometry();
+  const QRect frame = other->frameGeometry();
+  const QSize margins = frame.size() - other->size();
+  const QSize size = widget->size() + margins;
+  if (frame.right() + size.width() < screen.right()) {
+    widget->move(frame.right() + 1, frame.top());
+  } else {
+    widget->move(screen.right() - size.width(), screen.bottom() - size.height());
+  }
+}
+
+void takeOpeningSize(QWidget* widget) {
   applyGridChanges(widget);
   widget->ensurePolished();
   widget->resize(openingSize(widget));
+}
+
+void centre(QWidget* widget, const QWidget* other) {
   const QRect frame =
       other && other->isVisible() ? other->frameGeometry() : widget->screen()->availableGeometry();
   widget->move(frame.center() - QPoint(widget->width() / 2, widget->height() / 2));
@@ -149,7 +166,9 @@ void QtDesktop::showWindow(Window& window) {
   QWidget* const widget = widgetOf(window);
   if (!widget) return;
   if (!widget->isVisible() && window.centredOn()) {
-    centre(widget, windows_.value(window.centredOn()));
+    QWidget* const other = windows_.value(window.centredOn());
+    takeOpeningSize(widget);
+    window.standsBeside() ? placeBeside(widget, other) : centre(widget, other);
   }
   widget->show();
   widget->raise();

@@ -55,6 +55,12 @@ QLabel* noteFor(Label& record) {
   return label;
 }
 
+QLabel* lineFor(Label& record) {
+  QLabel* const label = labelFor(record);
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  return label;
+}
+
 QLineEdit* boxFor(TextBox& record) {
   auto* const box = new QLineEdit;
   box->setFixedWidth(boxWidth);

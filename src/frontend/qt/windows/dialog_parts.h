@@ -24,6 +24,8 @@ QBoxLayout* rowsOf(QDialog* dialog);
 QLabel* labelFor(Label& record);
 // A label of several lines where its text is long.
 QLabel* noteFor(Label& record);
+// A label that takes the room it gets, whatever its text.
+QLabel* lineFor(Label& record);
 QLineEdit* boxFor(TextBox& record);
 QWidget* checkFor(CheckBox& record);
 QPushButton* buttonFor(Button& record);

@@ -20,6 +20,7 @@
 #include "frontend/qt/windows/dialog_parts.h"
 #include "frontend/qt/windows/form1_panels.h"
 #include "frontend/qt/windows/layouts.h"
+#include "frontend/qt/windows/notice_strip.h"
 
 namespace {
 
@@ -99,8 +100,15 @@ QStatusBar* makeStatusBar(Form1& form) {
   progress->setTextVisible(false);
   progress->setFixedHeight(progressHeight);
   bind(progress, form.ProgressBar1);
+  // While nothing runs, its room is the status line's.
+  QSizePolicy policy = progress->sizePolicy();
+  policy.setRetainSizeWhenHidden(false);
+  progress->setSizePolicy(policy);
   bar->setContentsMargins(6, 0, 6, 0);
-  bar->addWidget(labelFor(form.Label13), 1);
+  bar->addWidget(labelFor(form.Label13));
+  bar->addWidget(lineFor(form.cursorStatus), 1);
+  bar->addWidget(labelFor(form.unsavedStatus));
+  bar->addWidget(labelFor(form.doneStatus));
   bar->addPermanentWidget(progress);
   return bar;
 }
@@ -115,6 +123,7 @@ QWidget* makeForm1Window() {
   auto* const centre = new QWidget;
   auto* const rows = new QVBoxLayout(centre);
   rows->setContentsMargins(10, 8, 10, 4);
+  rows->addWidget(makeNoticeStrip());
   rows->addLayout(makeHeadline(form));
   auto* const panels = new QHBoxLayout;
   QTabBar* const tabs = makeTabs(form);

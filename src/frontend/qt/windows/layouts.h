@@ -17,6 +17,7 @@ QWidget* makeForm9Window();
 QWidget* makeForm10Window();
 QWidget* makeForm11Window();
 QWidget* makeForm13Window();
+QWidget* makeDifferencesWindow();
 QWidget* makeD2GraphWindow();
 QWidget* makeDrGraphWindow();
 QWidget* makeOddEvenWindow();

@@ -4,6 +4,7 @@
 
 #include "calc/af_table.h"
 #include "calc/engine_specification.h"
+#include "changes/differences_window.h"
 #include "core/form1.h"
 #include "editing/add_multiply.h"
 #include "editing/address_dialog.h"
@@ -35,15 +36,24 @@ Window& recordOf() {
 }
 
 constexpr std::array layouts{
-    Layout{form1Record, makeForm1Window},          Layout{recordOf<form2>, makeForm2Window},
-    Layout{recordOf<form3>, makeForm3Window},      Layout{recordOf<form4>, makeForm4Window},
-    Layout{recordOf<form5>, makeForm5Window},      Layout{recordOf<form6>, makeForm6Window},
-    Layout{recordOf<form7>, makeForm7Window},      Layout{recordOf<form8>, makeForm8Window},
-    Layout{recordOf<form9>, makeForm9Window},      Layout{recordOf<form10>, makeForm10Window},
-    Layout{recordOf<form11>, makeForm11Window},    Layout{recordOf<form13>, makeForm13Window},
-    Layout{recordOf<D2_GRAPH>, makeD2GraphWindow}, Layout{recordOf<DR_GRAPH>, makeDrGraphWindow},
-    Layout{recordOf<oddeven>, makeOddEvenWindow},  Layout{recordOf<frmAbout>, makeAboutWindow},
+    Layout{form1Record, makeForm1Window},
+    Layout{recordOf<form2>, makeForm2Window},
+    Layout{recordOf<form3>, makeForm3Window},
+    Layout{recordOf<form4>, makeForm4Window},
+    Layout{recordOf<form5>, makeForm5Window},
+    Layout{recordOf<form6>, makeForm6Window},
+    Layout{recordOf<form7>, makeForm7Window},
+    Layout{recordOf<form8>, makeForm8Window},
+    Layout{recordOf<form9>, makeForm9Window},
+    Layout{recordOf<form10>, makeForm10Window},
+    Layout{recordOf<form11>, makeForm11Window},
+    Layout{recordOf<form13>, makeForm13Window},
+    Layout{recordOf<D2_GRAPH>, makeD2GraphWindow},
+    Layout{recordOf<DR_GRAPH>, makeDrGraphWindow},
+    Layout{recordOf<oddeven>, makeOddEvenWindow},
+    Layout{recordOf<frmAbout>, makeAboutWindow},
     Layout{recordOf<frmSplash>, makeSplashWindow},
+    Layout{recordOf<differencesWindow>, makeDifferencesWindow},
 };
 
 }  // namespace
