@@ -47,7 +47,9 @@ TEST_F(MainWindow, TheMenuTreeStands) {
             "use_s13_vq use_ps13_vq use_s14_vq use_s15_vq)) "
             "G_EDIT_RR(DISP_3D_Graph:Ctrl+G TP_2D) AF_DISP_FORM TP_BST_RECAL:Ctrl+R CALCU:Ctrl+N) "
             "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) "
-            "changes(undo:Ctrl+Z redo:Ctrl+Y; Ctrl+Shift+Z) HLP777(ver_displ)");
+            "changes(undo:Ctrl+Z redo:Ctrl+Y; Ctrl+Shift+Z) view(against_nothing against_file "
+            "against_comparison view_line differences:Ctrl+D next_difference:F3 "
+            "last_difference:Shift+F3) HLP777(ver_displ)");
 }
 
 TEST_F(MainWindow, StatusAndBarAreEmptyBehindEachCommand) {

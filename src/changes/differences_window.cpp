@@ -19,6 +19,7 @@ namespace {
 
 constexpr Grid::Look listLook{black, rgb(192, 192, 192), white, 1};
 constexpr int columns = 5;
+constexpr int emptyRows = 2;  // its header and a row without a difference
 constexpr std::array<int, columns> widths{3900, 900, 1200, 1200, 2400};  // twips
 
 constexpr std::array<Wording, columns> headers{{{"名前", "Name"},
@@ -66,7 +67,7 @@ std::string headingText() {
 DifferencesWindow differencesWindow;
 
 DifferencesWindow::DifferencesWindow()
-    : Window("Differences"), list(*this, 1, columns, 1, 0, listLook) {
+    : Window("Differences"), list(*this, emptyRows, columns, 1, 0, listLook) {
   onLoad = [this] { fill(); };
   list.nameAfter({&heading});
   defaultButton = &goThere;
@@ -112,8 +113,9 @@ void DifferencesWindow::showRows() {
   const int formerRow = list.row();
   rows_ = differences();
   const GridPause pause(list);
-  const int lines = static_cast<int>(std::size(rows_)) + 1;
+  const int lines = std::max(static_cast<int>(std::size(rows_)) + 1, emptyRows);
   if (list.rows() != lines) list.resize(lines, columns);
+  for (int column = 0; column < columns; ++column) list.setText(1, column, "");
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     const auto texts = textsOf(rows_[i]);
     for (int column = 0; column < columns; ++column) {
@@ -124,7 +126,7 @@ void DifferencesWindow::showRows() {
                                  [&kept](const Difference& each) { return isSame(each, kept); });
   const int row = former && same != rows_.end() ? static_cast<int>(same - rows_.begin()) + 1
                                                 : std::min(formerRow, lines - 1);
-  if (lines > 1) list.setSelection({std::max(row, 1), 0, std::max(row, 1), columns - 1});
+  list.setSelection({std::max(row, 1), 0, std::max(row, 1), columns - 1});
   for (Button* button : {&goThere, &takeOver, &copyAsText}) button->setEnabled(!rows_.empty());
   heading.setCaption(headingText());
 }

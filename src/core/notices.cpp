@@ -22,6 +22,7 @@ void show() {
     if (used) buttons[i]->setCaption(captionedBoth(notice->actions[i].caption));
   }
   form.noticeText.setVisible(false);  // another sign stands before another text
+  form.noticeText.setToolTip(notice ? captionedBoth(notice->text) : "");
   if (notice) form.noticeText.setCaption(captionedBoth(notice->text));
   form.noticeClose.setVisible(notice);
   form.noticeText.setVisible(notice);
@@ -64,6 +65,8 @@ void withdrawNotice(const std::string& subject) {
 void wireNotices() {
   Form1& form = form1();
   notices.clear();
+  form.noticeAction1.setCaption(captioned({"実行", "Do it"}));
+  form.noticeAction2.setCaption(captioned({"無視", "Ignore"}));
   form.noticeAction1.onClick = [] { runAction(0); };
   form.noticeAction2.onClick = [] { runAction(1); };
   form.noticeClose.setCaption(captioned({"閉じる", "Close"}));

@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QStyle>
 #include <QTimer>
@@ -40,7 +41,7 @@ QWidget* makeNoticeStrip() {
   strip->setFrameShape(QFrame::StyledPanel);
   auto* const line = new QHBoxLayout(strip);
   line->setContentsMargins(8, 3, 4, 3);
-  auto* const sign = new QLabel;
+  auto* const sign = new QWidget;
   QLabel* const text = lineFor(form.noticeText);
   line->addWidget(sign);
   line->addWidget(text, 1);
@@ -48,13 +49,18 @@ QWidget* makeNoticeStrip() {
     line->addWidget(noticeButton(*button));
   }
   bind(new QTimer(strip), form.noticeTimer);
-  const auto show = [strip, sign, text] {
+  const int size = text->fontMetrics().height();
+  sign->setFixedSize(size, size);
+  tapEvents(sign, [sign, size](QEvent* event) {
     const Notice* const notice = shownNotice();
-    strip->setVisible(notice);
-    if (!notice) return;
-    const int size = text->fontMetrics().height();
-    sign->setPixmap(strip->style()->standardIcon(signOf(notice->kind)).pixmap(size, size));
-    text->setToolTip(text->text());
+    if (event->type() != QEvent::Paint || !notice) return false;
+    QPainter(sign).drawPixmap(sign->rect(),
+                              sign->style()->standardIcon(signOf(notice->kind)).pixmap(size, size));
+    return true;
+  });
+  const auto show = [strip, sign] {
+    strip->setVisible(shownNotice());
+    sign->update();
   };
   tapEvents(text, [show](QEvent* event) {
     const QEvent::Type type = event->type();
