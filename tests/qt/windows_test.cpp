@@ -156,8 +156,9 @@ std::vector<Property> propertiesOf(Control& control) {
   } else if (auto* const grid = dynamic_cast<Grid*>(&control)) {
     const int row = grid->fixedRows(), column = grid->fixedColumns();
     add("cell", grid->text(row, column), probe, [=](auto& t) { grid->setText(row, column, t); });
-    add("selection", GridSelection{row, column, row, column},
-        {row, column, grid->rows() - 1, grid->columns() - 1},
+    const GridSelection first{row, column, row, column};
+    const GridSelection whole{row, column, grid->rows() - 1, grid->columns() - 1};
+    add("selection", grid->selection(), grid->selection() == whole ? first : whole,
         [=](auto& to) { grid->setSelection(to); });
     add("width", grid->columnWidth(column), 1500, [=](int to) { grid->setColumnWidths(to); });
     add("rows", grid->rows(), 40, [=](int to) { grid->resize(to, grid->columns()); });
