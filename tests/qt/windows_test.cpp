@@ -161,7 +161,10 @@ std::vector<Property> propertiesOf(Control& control) {
     add("selection", grid->selection(), grid->selection() == whole ? first : whole,
         [=](auto& to) { grid->setSelection(to); });
     add("width", grid->columnWidth(column), 1500, [=](int to) { grid->setColumnWidths(to); });
-    add("rows", grid->rows(), 40, [=](int to) { grid->resize(to, grid->columns()); });
+    add("rows", grid->rows(), 40, [grid, selection = grid->selection()](int to) {
+      grid->resize(to, grid->columns());
+      grid->setSelection(selection);
+    });
   }
   return all;
 }
