@@ -115,18 +115,26 @@ std::size_t readSome(HANDLE file, std::span<std::uint8_t> room) {
   return count;
 }
 
-// What can't be taken over is left as the folder gives it.
+// What can't be taken over is left as the folder gives it. A new file is marked for archives alone.
 void takeAttributesAndAccess(const fs::path& path, const fs::path& from) {
   const DWORD attributes = GetFileAttributesW(from.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return;
-  SetFileAttributesW(path.c_str(), attributes & keptAttributes);
+  const DWORD kept = attributes & keptAttributes;
+  if (kept != FILE_ATTRIBUTE_ARCHIVE) SetFileAttributesW(path.c_str(), kept);
   constexpr SECURITY_INFORMATION part = DACL_SECURITY_INFORMATION;
+  constexpr DWORD usualSize = 1024;
+  std::vector<std::uint8_t> access(usualSize);
   DWORD size = 0;
-  GetFileSecurityW(from.c_str(), part, nullptr, 0, &size);
-  std::vector<std::uint8_t> access(size);
-  if (size > 0 && GetFileSecurityW(from.c_str(), part, access.data(), size, &size) != FALSE) {
-    SetFileSecurityW(path.c_str(), part, access.data());
+  const auto reads = [&] {
+    const auto room = static_cast<DWORD>(access.size());
+    return GetFileSecurityW(from.c_str(), part, access.data(), room, &size) != FALSE;
+  };
+  bool read = reads();
+  if (!read && size > access.size()) {
+    access.resize(size);
+    read = reads();
   }
+  if (read) SetFileSecurityW(path.c_str(), part, access.data());
 }
 
 // With the current folder before it, separators alike, and without the dots and blanks that the
