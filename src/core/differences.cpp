@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -29,29 +30,38 @@ std::array<MarkedCells, mapCount + 1> marked{};
 
 MarkedCells& markedIn(const MapKind& kind) { return marked[static_cast<std::size_t>(kind.id)]; }
 
-// Nothing where `image` doesn't hold all of them.
-std::span<const std::uint8_t> bytesIn(const RomImage& image, std::int64_t address,
-                                      std::size_t count) {
+bool holds(const RomImage& image, std::int64_t address, std::size_t count) {
   const auto size = static_cast<std::int64_t>(image.size());
-  if (address < 0 || address > size || static_cast<std::size_t>(size - address) < count) return {};
-  return std::span(image).subspan(static_cast<std::size_t>(address), count);
+  return address >= 0 && address + static_cast<std::int64_t>(count) <= size;
+}
+
+// Of few bytes, most often one.
+bool standsIn(const RomImage& image, std::int64_t address, std::span<const std::uint8_t> bytes) {
+  std::size_t at = static_cast<std::size_t>(address);
+  for (const std::uint8_t byte : bytes) {
+    if (image[at++] != byte) return false;
+  }
+  return true;
 }
 
 // Of something that should be stored as `own` from `address` on.
 Mark markOf(std::int64_t address, std::span<const std::uint8_t> own) {
-  const auto pending = bytesIn(pendingImage.bytes(), address, own.size());
-  if (pending.empty()) return Mark::none;
-  if (!std::equal(own.begin(), own.end(), pending.begin())) return Mark::unstorable;
+  if (own.empty() || !holds(pendingImage.bytes(), address, own.size())) return Mark::none;
+  if (!standsIn(pendingImage.bytes(), address, own)) return Mark::unstorable;
   const RomImage* const reference = referenceImage();
-  if (!reference) return Mark::none;
-  const auto former = bytesIn(*reference, address, own.size());
-  const bool same = former.empty() || std::equal(own.begin(), own.end(), former.begin());
-  return same ? Mark::none : Mark::differs;
+  if (!reference || !holds(*reference, address, own.size())) return Mark::none;
+  return standsIn(*reference, address, own) ? Mark::none : Mark::differs;
 }
 
-Mark markOf(const StoredCells& cells, std::int64_t index) {
+// The place of a cell in its grid and in storing order.
+struct CellPlace {
+  std::int64_t index;
+  int row;
+  int column;
+};
+
+Mark markOf(const StoredCells& cells, std::int64_t index, const std::optional<StoredBytes>& own) {
   if (!cells.drawn(index)) return Mark::none;
-  const auto own = cells.bytesOf(index, cells.rowOf(index), cells.columnOf(index));
   if (!own) return Mark::unstorable;
   return markOf(cells.addressOf(index),
                 std::span(own->bytes).first(static_cast<std::size_t>(own->count)));
@@ -62,13 +72,12 @@ void count(MarkedCells& cells, Mark mark, std::int32_t change) {
   if (mark == Mark::unstorable) cells.unstorable += change;
 }
 
-void markCell(const MapKind& kind, Grid& grid, const StoredCells& cells, std::int64_t index) {
-  const int row = cells.rowOf(index);
-  const int column = cells.columnOf(index);
-  const Mark mark = markOf(cells, index);
-  count(markedIn(kind), grid.mark(row, column), -1);
-  count(markedIn(kind), mark, 1);
-  grid.setMark(row, column, mark);
+void markCell(MarkedCells& sums, Grid& grid, const CellPlace& place, Mark mark) {
+  const Mark former = grid.mark(place.row, place.column);
+  if (former == mark) return;
+  count(sums, former, -1);
+  count(sums, mark, 1);
+  grid.setMark(place.row, place.column, mark);
 }
 
 void markMap(const MapKind& kind) {
@@ -77,7 +86,14 @@ void markMap(const MapKind& kind) {
   const StoredCells cells(extentOf(kind));
   const std::int64_t count = std::min<std::int64_t>(
       cells.count(), editorState.cellsDrawn[static_cast<std::size_t>(kind.id)]);
-  for (std::int64_t index = 0; index < count; ++index) markCell(kind, grid, cells, index);
+  CellPlace place{0, cells.top(), cells.left()};
+  for (; place.index < count; ++place.index) {
+    const auto own = cells.bytesOf(place.index, place.row, place.column);
+    markCell(markedIn(kind), grid, place, markOf(cells, place.index, own));
+    if (++place.column < cells.left() + cells.columns()) continue;
+    place.column = cells.left();
+    ++place.row;
+  }
 }
 
 void markParams() {
@@ -163,13 +179,16 @@ void followCells(const CellsOfStep& part) {
   Grid& grid = gridOf(kind);
   const GridPause pause(grid);
   const StoredCells cells(extentOf(kind));
-  for (const std::int32_t place : part.places) {
-    const std::int64_t index = cells.indexOf(place / grid.columns(), place % grid.columns());
-    if (index < 0) continue;
-    if (!pendingImage.storeCell(kind, cells, index)) {
+  MarkedCells& sums = markedIn(kind);
+  for (const std::int32_t number : part.places) {
+    CellPlace place{0, number / grid.columns(), number % grid.columns()};
+    place.index = cells.indexOf(place.row, place.column);
+    if (place.index < 0) continue;
+    const auto own = cells.bytesOf(place.index, place.row, place.column);
+    if (!pendingImage.storeCell(kind, place.index, cells.addressOf(place.index), own)) {
       return markMaps(pendingImage.storeAllAround(kind));
     }
-    markCell(kind, grid, cells, index);
+    markCell(sums, grid, place, markOf(cells, place.index, own));
   }
 }
 

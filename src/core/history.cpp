@@ -67,11 +67,12 @@ class Watch final : public GestureWatch, public TextWatch {
     thread_ = thread;
   }
   void gestureEnds() override {
+    const bool touched = stepNotes.touched();
     // Also what an earlier gesture of the thread changed and this one put back.
-    followStep(stepNotes.open());
+    touched ? followStep(stepNotes.open()) : followStep({});
     Step step = stepNotes.end();
     if (!step.empty()) {
-      sayChanged(step);
+      if (touched) sayChanged(step);
       undone.clear();
       done.put(std::move(step));
       done.dropOldestBeyond(historyLimit);

@@ -52,10 +52,9 @@ void PendingImage::formGroups() {
       if (std::max(one.from, other.from) < std::min(one.to, other.to)) joinGroups(i, j);
     }
   }
-}
-
-bool PendingImage::isAlone(std::size_t entry) const {
-  return std::count(groups_.begin(), groups_.end(), groups_[entry]) == 1;
+  for (std::size_t i = 0; i < groups_.size(); ++i) {
+    alone_[i] = std::count(groups_.begin(), groups_.end(), groups_[i]) == 1;
+  }
 }
 
 std::vector<const MapKind*> PendingImage::mapsOf(std::size_t group) const {
@@ -144,15 +143,13 @@ bool PendingImage::isInForce() const {
          bytes_.size() == editorState.image.size();
 }
 
-bool PendingImage::storeCell(const MapKind& kind, const StoredCells& cells, std::int64_t index) {
-  if (!isAlone(entryNumber(kind))) return false;
+bool PendingImage::storeCell(const MapKind& kind, std::int64_t index, std::int64_t address,
+                             const std::optional<StoredBytes>& stored) {
   const std::int64_t stop = stopsAt_[static_cast<std::size_t>(kind.id)];
+  if (!alone_[entryNumber(kind)] || index == stop || (index < stop && !stored)) return false;
   if (index > stop) return true;
-  if (index == stop) return false;
-  const auto stored = cells.bytesOf(index, cells.rowOf(index), cells.columnOf(index));
-  if (!stored) return false;
   for (int i = 0; i < stored->count; ++i) {
-    put(cells.addressOf(index) + i, stored->bytes[static_cast<std::size_t>(i)]);
+    put(address + i, stored->bytes[static_cast<std::size_t>(i)]);
   }
   return true;
 }

@@ -11,8 +11,7 @@
 
 #include "core/editor_state.h"
 #include "core/map_kinds.h"
-
-class StoredCells;
+#include "core/stored_bytes.h"
 
 class PendingImage {
  public:
@@ -29,7 +28,8 @@ class PendingImage {
 
   // Stores one cell. False where more than its own bytes may follow from it: a map of which an
   // earlier cell can't be stored, or which shares bytes with other entries.
-  bool storeCell(const MapKind& kind, const StoredCells& cells, std::int64_t index);
+  bool storeCell(const MapKind& kind, std::int64_t index, std::int64_t address,
+                 const std::optional<StoredBytes>& stored);
   // Stores all that shares bytes with the map, or with the parameters; gives the maps among it.
   std::vector<const MapKind*> storeAllAround(const MapKind& kind);
   std::vector<const MapKind*> storeParams();
@@ -46,7 +46,6 @@ class PendingImage {
   void joinGroups(std::size_t one, std::size_t other);
   void storeGroup(std::size_t group);
   std::vector<const MapKind*> mapsOf(std::size_t group) const;
-  bool isAlone(std::size_t entry) const;
   void storeMap(const MapKind& kind);
   void storeAllParams();
   void put(std::int64_t address, std::uint8_t byte);
@@ -60,6 +59,7 @@ class PendingImage {
   // Entries with bytes in common have one number: maps in MapId order, then the parameters, which
   // are all one group, since one that can't be stored stops those behind it.
   std::array<std::size_t, mapCount + paramCount> groups_{};
+  std::array<bool, mapCount + paramCount> alone_{};
 };
 
 extern PendingImage pendingImage;

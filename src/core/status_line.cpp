@@ -144,10 +144,13 @@ std::string unsavedText() {
   return captionedBoth({"● 変わるバイト数: " + count, "● bytes that will change: " + count});
 }
 
-bool atLimit(const MapKind& kind, std::int32_t place) {
-  const Grid& grid = gridOf(kind);
-  const std::int32_t number = cellNumber(grid.text(place / grid.columns(), place % grid.columns()));
-  return number <= 0 || number >= kind.rules().limit;
+std::int64_t cellsAtLimit(const CellsOfStep& part) {
+  const Grid& grid = gridOf(*part.kind);
+  const std::string limit = decimalText(part.kind->rules().limit);
+  return std::count_if(part.places.begin(), part.places.end(), [&](std::int32_t place) {
+    const std::string& text = grid.text(place / grid.columns(), place % grid.columns());
+    return text == "0" || text == limit;
+  });
 }
 
 std::string counted(std::int64_t count, const char* one, const char* many) {
@@ -166,8 +169,7 @@ void sayChanged(const Step& step) {
   std::int64_t limited = 0;
   for (const CellsOfStep& part : step.cells) {
     cells += std::ssize(part.places);
-    limited += std::count_if(part.places.begin(), part.places.end(),
-                             [&part](std::int32_t place) { return atLimit(*part.kind, place); });
+    limited += cellsAtLimit(part);
   }
   if (cells == 0) return form1().doneStatus.setCaption("");
   BothTexts text{std::to_string(cells) + "個のセルを変更",

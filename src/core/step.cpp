@@ -42,12 +42,14 @@ void StepNotes::begin() {
   open_.shown = shownNow();
   for (const MapKind& kind : mapKinds()) selections_[indexOf(kind)] = gridOf(kind).selection();
   ++number_;
+  touched_ = false;
   inGesture_ = true;
   settle();
 }
 
 void StepNotes::resume(Step open) {
   open_ = std::move(open);
+  touched_ = false;
   inGesture_ = true;
   settle();
 }
@@ -55,7 +57,7 @@ void StepNotes::resume(Step open) {
 Step StepNotes::end() {
   inGesture_ = false;
   settle();
-  dropUnchanged();
+  if (touched_) dropUnchanged();
   return std::exchange(open_, {});
 }
 
@@ -71,6 +73,7 @@ void StepNotes::pause(bool on) {
 }
 
 void StepNotes::cell(const MapKind& kind, int row, int column) {
+  touched_ = true;
   const Grid& grid = gridOf(kind);
   const std::int32_t place = row * grid.columns() + column;
   std::vector<std::uint32_t>& noted = noted_[indexOf(kind)];
@@ -95,6 +98,7 @@ void StepNotes::cell(const MapKind& kind, int row, int column) {
 
 void StepNotes::box(const TextBox& box) {
   if (!on_) return;
+  touched_ = true;
   const auto isBox = [&box](const ParamKind& kind) { return &(form1().*kind.box) == &box; };
   const auto kind = std::find_if(paramKinds().begin(), paramKinds().end(), isBox);
   const auto holds = [&kind](const BoxOfStep& part) { return part.kind == &*kind; };
@@ -104,6 +108,7 @@ void StepNotes::box(const TextBox& box) {
 }
 
 void StepNotes::byte(std::int64_t offset, std::uint8_t former) {
+  touched_ = true;
   std::vector<BytesOfStep>& runs = open_.bytes;
   if (runs.empty() || runs.back().offset + std::ssize(runs.back().bytes) != offset) {
     runs.push_back({offset, {}});

@@ -64,6 +64,8 @@ class StepNotes {
   void resume(Step open);
   // All that was noted so far, of which some may stand as before.
   const Step& open() const { return open_; }
+  // Whether this gesture noted anything.
+  bool touched() const { return touched_; }
   // Gives the step of what differs from before, and notes nothing more.
   Step end();
   void forget();
@@ -85,6 +87,7 @@ class StepNotes {
   std::array<std::vector<std::uint32_t>, mapCount> noted_;
   std::uint32_t number_ = 0;
   int paused_ = 0;
+  bool touched_ = false;
   bool inGesture_ = false;
   bool on_ = false;
 };
