@@ -18,6 +18,8 @@
 namespace {
 
 constexpr int boxWidth = 84;
+constexpr int markGap = 2;  // pixels to both sides of a mark
+constexpr int unitGap = 6;  // pixels before a unit, beside that
 constexpr Qt::Alignment corner = Qt::AlignTop | Qt::AlignLeft;
 const QString mapName = QStringLiteral("map");
 
@@ -114,6 +116,7 @@ QWidget* makeParameters(const Row (&rows)[size], Label* note) {
   Form1& form = form1();
   auto* const group = new QGroupBox;
   auto* const cells = new QGridLayout(group);
+  cells->setHorizontalSpacing(markGap);
   if (note) cells->addWidget(labelFor(*note), 0, 0, 1, 4);
   for (const Row& row : rows) {
     const int line = cells->rowCount();
@@ -124,7 +127,10 @@ QWidget* makeParameters(const Row (&rows)[size], Label* note) {
     cells->addWidget(labelFor(form.*row.label), line, 0);
     cells->addWidget(mark, line, 1);
     cells->addWidget(box, line, 2);
-    if (row.unit) cells->addWidget(labelFor(form.*row.unit), line, 3);
+    if (!row.unit) continue;
+    QLabel* const unit = labelFor(form.*row.unit);
+    unit->setContentsMargins(unitGap, 0, 0, 0);
+    cells->addWidget(unit, line, 3);
   }
   keepToTheCorner(cells);
   return group;
