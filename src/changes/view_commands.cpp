@@ -20,28 +20,12 @@ namespace {
 constexpr const char* noticeSubject = "differences";
 
 // A cell of a map, or a parameter's box.
-struct Place {
-  const MapKind* map = nullptr;
-  const ParamKind* param = nullptr;
+struct Place : MapPlace {
   int row = 0;
   int column = 0;
 };
 
-// Maps and parameters in the order of the tabs.
-std::vector<Place> placesByTab() {
-  std::vector<Place> places;
-  for (int tab = 1; tab <= globalTab; ++tab) {
-    if (tab == globalTab) {
-      for (const ParamKind& kind : paramKinds()) places.push_back({nullptr, &kind});
-    }
-    for (const MapKind& kind : mapKinds()) {
-      if (kind.tab == tab) places.push_back({&kind});
-    }
-  }
-  return places;
-}
-
-bool bearsMark(const Place& place) {
+bool bearsMark(const MapPlace& place) {
   if (place.param) return (form1().*place.param->box).mark() != Mark::none;
   const MarkedCells cells = markedCells(*place.map);
   return cells.differing + cells.unstorable > 0;
@@ -49,16 +33,12 @@ bool bearsMark(const Place& place) {
 
 // Where the cursor is: on the control that has the focus, else on the map of the tab.
 Place placeOfCursor() {
-  const Control* const focus = form1().focus();
-  for (const ParamKind& kind : paramKinds()) {
-    if (&(form1().*kind.box) == focus) return {nullptr, &kind};
-  }
-  const MapKind* map = activeMap();
-  for (const MapKind& kind : mapKinds()) {
-    if (&gridOf(kind) == focus && kind.tab == editorState.currentTab) map = &kind;
-  }
-  if (!map) return {nullptr, &paramKinds().front()};
-  return {map, nullptr, gridOf(*map).row(), gridOf(*map).column()};
+  const MapPlace focus = placeOfFocus();
+  if (focus.param) return {focus};
+  const bool inSight = focus.map && focus.map->tab == editorState.currentTab;
+  const MapKind* const map = inSight ? focus.map : activeMap();
+  if (!map) return {{nullptr, &paramKinds().front()}};
+  return {{map}, gridOf(*map).row(), gridOf(*map).column()};
 }
 
 // The marked cell of the map next to `from`, counted row by row from `step` cells behind it; false
@@ -70,15 +50,15 @@ bool findInMap(const MapKind& kind, std::int64_t from, int step, Place& found) {
     const auto row = static_cast<int>(at / grid.columns());
     const auto column = static_cast<int>(at % grid.columns());
     if (grid.mark(row, column) == Mark::none) continue;
-    found = {&kind, nullptr, row, column};
+    found = {{&kind}, row, column};
     return true;
   }
   return false;
 }
 
-bool findIn(const Place& place, int step, Place& found) {
+bool findIn(const MapPlace& place, int step, Place& found) {
   if (!bearsMark(place)) return false;
-  found = place;
+  found = {place};
   if (place.param) return true;
   const Grid& grid = gridOf(*place.map);
   const std::int64_t last = std::int64_t{grid.rows()} * grid.columns() - 1;
@@ -93,12 +73,11 @@ bool findNext(int step, Place& found) {
         std::int64_t{cursor.row} * gridOf(*cursor.map).columns() + cursor.column;
     if (findInMap(*cursor.map, here + step, step, found)) return true;
   }
-  const std::vector<Place> places = placesByTab();
-  const auto isCursor = [&cursor](const Place& each) {
-    return each.map == cursor.map && each.param == cursor.param;
-  };
+  const std::vector<MapPlace> places = placesByTab();
   const std::ptrdiff_t count = std::ssize(places);
-  std::ptrdiff_t at = std::find_if(places.begin(), places.end(), isCursor) - places.begin();
+  std::ptrdiff_t at =
+      std::find(places.begin(), places.end(), static_cast<const MapPlace&>(cursor)) -
+      places.begin();
   for (std::ptrdiff_t i = 0; i < count; ++i) {
     at = (at + step + count) % count;
     if (findIn(places[static_cast<std::size_t>(at)], step, found)) return true;
@@ -162,7 +141,7 @@ void lastDifference() { step(-1); }
 
 void goToDifference(const Difference& difference) {
   if (difference.isOutside()) return offerToAddressEditor(difference);
-  Place place{difference.map, difference.param};
+  Place place{{difference.map, difference.param}};
   if (place.map && !findIn(place, 1, place)) return;
   goTo(place);
   desktop().bringToFront(form1());

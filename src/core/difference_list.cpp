@@ -11,6 +11,7 @@
 #include "core/image_bytes.h"
 #include "core/map_cells.h"
 #include "core/map_extent.h"
+#include "core/map_places.h"
 #include "core/pending_image.h"
 #include "core/shown_values.h"
 #include "core/stored_bytes.h"
@@ -156,13 +157,8 @@ std::vector<Difference> differences() {
   std::vector<Difference> list;
   const RomImage* const reference = referenceImage();
   if (!reference) return list;
-  for (int tab = 1; tab <= globalTab; ++tab) {
-    if (tab == globalTab) {
-      for (const ParamKind& kind : paramKinds()) addParam(list, kind, *reference);
-    }
-    for (const MapKind& kind : mapKinds()) {
-      if (kind.tab == tab) addMap(list, kind);
-    }
+  for (const MapPlace& place : placesByTab()) {
+    place.map ? addMap(list, *place.map) : addParam(list, *place.param, *reference);
   }
   addAllOutside(list, *reference);
   return list;

@@ -111,8 +111,8 @@ std::string nameOf(const Step* step) {
   if (!step) return {};
   const BothTexts place = placeOf(*step);
   const auto& [japanese, english] = step->what;
-  if (editorState.english == 1) return (english.empty() ? "entry" : english) + ", " + place.english;
-  return (japanese.empty() ? "入力" : japanese) + "、" + place.japanese;
+  return captionedBoth({(japanese.empty() ? "入力" : japanese) + "、" + place.japanese,
+                        (english.empty() ? "entry" : english) + ", " + place.english});
 }
 
 void swapShown(ShownMaps& other) {

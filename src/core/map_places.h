@@ -1,7 +1,22 @@
 // Going to a place of the main window, as the user would.
 #pragma once
 
+#include <vector>
+
 struct MapKind;
+struct ParamKind;
+
+// A map or a parameter; neither: no place.
+struct MapPlace {
+  const MapKind* map = nullptr;
+  const ParamKind* param = nullptr;
+  bool operator==(const MapPlace&) const = default;
+};
+
+// All maps and parameters in the order of the tabs.
+std::vector<MapPlace> placesByTab();
+// What the main window's focus is on.
+MapPlace placeOfFocus();
 
 void showTab(int tab);
 // The tab of the map, its cell selected alone, and the focus on it.

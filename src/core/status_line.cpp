@@ -10,6 +10,7 @@
 #include "core/global_parameters.h"
 #include "core/map_extent.h"
 #include "core/map_kinds.h"
+#include "core/map_places.h"
 #include "core/pending_image.h"
 #include "core/shown_values.h"
 #include "core/step.h"
@@ -126,14 +127,9 @@ std::string lineOf(const ParamKind& kind) {
 // What the focus is on; elsewhere the map of the tab.
 std::string lineAtCursor() {
   if (editorState.imageSize == 0) return {};
-  const Control* const focus = form1().focus();
-  for (const MapKind& kind : mapKinds()) {
-    if (&gridOf(kind) == focus) return lineOf(kind);
-  }
-  for (const ParamKind& kind : paramKinds()) {
-    if (&(form1().*kind.box) == focus) return lineOf(kind);
-  }
-  const MapKind* const map = activeMap();
+  const MapPlace focus = placeOfFocus();
+  if (focus.param) return lineOf(*focus.param);
+  const MapKind* const map = focus.map ? focus.map : activeMap();
   return map ? lineOf(*map) : std::string();
 }
 
