@@ -55,7 +55,6 @@ class TextBox : public Control {
   const std::string& text() const { return text_; }
   void setText(std::string text);
   // The longest text in characters that the user's editing can make; 0: no limit.
-  int maxLength() const { return maxLength_; }
   void setMaxLength(int characters) { assign(maxLength_, characters); }
   Mark mark() const { return mark_; }
   void setMark(Mark mark) { assign(mark_, mark); }

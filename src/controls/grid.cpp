@@ -45,13 +45,6 @@ void Grid::changed(Change::Kind kind) {
   }
 }
 
-void Grid::setBackground(int row, int column, Colour colour) {
-  Cell& target = cell(row, column);
-  target.background = colour;
-  target.painted = true;
-  cellChanged(row, column);
-}
-
 void Grid::swapCell(int row, int column, Cell& other) {
   Cell& target = cell(row, column);
   std::swap(target, other);

@@ -81,7 +81,6 @@ class Grid : public Control {
     cell(row, column).text = text;
     cellChanged(row, column);
   }
-  void setBackground(int row, int column, Colour colour);
   void setCell(int row, int column, std::string_view text, const Colour& colour) {
     Cell& target = cell(row, column);
     target.text = text;

@@ -63,8 +63,7 @@ void drawAirflow(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
     grid.setText(r, 0, addressHeader(extent.address));
     for (int word = 0; word < words; ++word) {
       const std::int64_t place = extent.address + 2 * std::int64_t{word};
-      const int value = imageByte(place) * 256 + imageByte(place + 1);
-      cells.set(r, word + 1, value);
+      cells.set(r, word + 1, storedIn(editorState.image, extent.kind, place));
       ++drawn;
       countProgress();
     }

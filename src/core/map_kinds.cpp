@@ -88,13 +88,6 @@ const MapKind* findMapKind(int mapId) {
   return &kindsOfMaps[static_cast<std::size_t>(mapId - 1)];
 }
 
-const MapKind* findMapKind(const Grid& grid) {
-  for (const MapKind& kind : kindsOfMaps) {
-    if (&gridOf(kind) == &grid) return &kind;
-  }
-  return nullptr;
-}
-
 Grid& gridOf(const MapKind& kind) { return form1().*kind.grid; }
 
 const MapEntry& entryOf(const MapKind& kind) { return editorState.addressMap.map(kind.id); }

@@ -67,8 +67,6 @@ struct MapKind {
 const std::array<MapKind, mapCount>& mapKinds();
 // The kind of `mapId`, null outside 1 to 21.
 const MapKind* findMapKind(int mapId);
-// The map whose cells `grid` shows, null for the grids of dialogs.
-const MapKind* findMapKind(const Grid& grid);
 Grid& gridOf(const MapKind& kind);
 const MapEntry& entryOf(const MapKind& kind);
 // Its caption, or its keyword where it has none.

@@ -67,6 +67,7 @@ QWidget* makeWindow(Window& window) {
 
 std::vector<Window*> allWindows() {
   std::vector<Window*> windows;
+  windows.reserve(std::size(layouts));
   for (const Layout& layout : layouts) windows.push_back(&layout.window());
   return windows;
 }
