@@ -144,9 +144,12 @@ void CellPainter::paintCell(const QRect& area, int row, int column) {
   painter_.fillRect(inside, ground);
   if (lit) lineEdge(inside, litRow ? Qt::RightEdge : Qt::BottomEdge);
   painter_.setPen(ink);
-  drawText(inside, record_.text(row, column),
+  const Mark mark = record_.mark(row, column);
+  // What can't be stored is often long: its sign covers none of it.
+  const QRect room = inside.adjusted(mark == Mark::unstorable ? markSize : 0, 0, 0, 0);
+  drawText(room, record_.text(row, column),
            column < record_.look().leftColumns ? Side::left : Side::right);
-  paintMark(painter_, inside.topLeft(), record_.mark(row, column));
+  paintMark(painter_, inside.topLeft(), mark);
 }
 
 void CellPainter::paintHeaderCell(const QRect& area, int row, int column) {
