@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/odd_even.h"
 #include "platform/files.h"
 #include "support.h"
 
@@ -156,10 +157,22 @@ TEST_F(ImageFiles, SavingReplacesTheWholeFileAndTheImageTakesItsNameAndForm) {
   told();
   pick("update_bin_file");
   EXPECT_EQ(readText("error.log").find(" 上書き  75 Path/File access error\r\n"), 14U);
-  EXPECT_EQ(told(), "") << "an overwrite that fails is only logged";
+  EXPECT_EQ(told(), "") << "an overwrite that fails shows no box";
+  EXPECT_EQ(form1().noticeText.caption(), "raw.hEx was not saved: [75] Path/File access error");
+  EXPECT_TRUE(form1().noticeText.visible());
   std::filesystem::remove(path("raw.hEx"));
   pick("update_bin_file");
   EXPECT_EQ(readBytes("raw.hEx"), encoded(forms[1], image)) << "the name decides the form";
+  EXPECT_FALSE(form1().noticeText.visible());
+  loadImage(patternImage(140002));
+  run("ANY_NAME_SAVE_IntelHEX", "long.hex");
+  EXPECT_NE(form1().noticeText.caption().find("at most 140001 bytes"), std::string::npos);
+  pick("odd_even_file");
+  desk.saveAnswers = {path("odd"), path("even")};
+  oddeven.List1.userSelect(0);
+  oddeven.Command2.userClick();
+  EXPECT_NE(form1().noticeText.caption().find("the last 131810 bytes"), std::string::npos)
+      << form1().noticeText.caption();
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "core/unsaved_guard.h"
 #include "imagefiles/image_forms.h"
 #include "imagefiles/recent_files.h"
+#include "imagefiles/save_notices.h"
 #include "platform/failure.h"
 
 namespace {
@@ -87,7 +88,7 @@ void load_bin_file() { loadImage(rawImages); }
 
 void write_bin_file() { saveImage(rawImages); }
 
-void update_bin_file() { runFileCommand({"上書き", updateSteps, {}}); }
+void update_bin_file() { runFileCommand({"上書き", updateSteps, tellNotSaved}); }
 
 void LOAD_IntelHEX_FILE() { loadImage(intelHexImages); }
 

@@ -10,6 +10,7 @@
 #include "core/status_line.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/save_notices.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 
@@ -34,16 +35,17 @@ RomImage takeRaw(RomImage fileBytes) {
 
 RomImage takeIntelHex(RomImage fileBytes) { return readIntelHex(fileBytes, imageHexCapacity); }
 
-void tellSaved() {
+void followSave() {
   differencesOutdated();
   saySaved(editorState.savedImage.size());
+  tellSaved();
 }
 
 // All bytes of the image, whatever a pair took of it.
 void writeRaw(const std::string& path) {
   replaceFile(path, editorState.image);
   editorState.savedImage = readFile(path, editorState.image.size());
-  tellSaved();
+  followSave();
 }
 
 void writeAsIntelHex(const std::string& path) {
@@ -51,7 +53,8 @@ void writeAsIntelHex(const std::string& path) {
   const auto image = std::span(editorState.image).first(size);
   writeIntelHex(path, image);
   editorState.savedImage.assign(image.begin(), image.end());
-  tellSaved();
+  followSave();
+  tellLongIntelHex(size);
 }
 
 std::int32_t always(const RomImage&) { return 1; }

@@ -22,6 +22,7 @@
 #include "imagefiles/image_forms.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/save_notices.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/numbers.h"
@@ -205,6 +206,8 @@ void savePair(const Choice& choice) {
   const std::string even = choice.form.encode(halfFrom(1, choice.imageBytes));
   replaceFiles(
       std::array{FileContent{*oddPath, bytesOf(odd)}, FileContent{*evenPath, bytesOf(even)}});
+  tellSaved();
+  tellPartSaved(choice.imageBytes);
   keepChoice(choice, saving);
   updateTitleBar();
 }

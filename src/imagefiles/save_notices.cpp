@@ -1,0 +1,48 @@
+#include "imagefiles/save_notices.h"
+
+#include <string>
+
+#include "core/editor_state.h"
+#include "core/notices.h"
+#include "imagefiles/intel_hex_reader.h"
+#include "platform/failure.h"
+
+namespace {
+
+constexpr const char* failedSubject = "save failed";
+constexpr const char* contentsSubject = "what a save holds";
+
+}  // namespace
+
+void tellNotSaved(int failure) {
+  const std::string what = "[" + std::to_string(failure) + "] " + failureText(failure);
+  const std::string& title = editorState.imageTitle;
+  tellNotice({failedSubject,
+              NoticeKind::trouble,
+              {title + "を保存できませんでした。" + what, title + " was not saved: " + what}});
+}
+
+void tellSaved() {
+  withdrawNotice(failedSubject);
+  withdrawNotice(contentsSubject);
+}
+
+void tellLongIntelHex(std::size_t bytes) {
+  if (bytes <= static_cast<std::size_t>(imageHexCapacity)) return;
+  const std::string most = std::to_string(imageHexCapacity);
+  tellNotice(
+      {contentsSubject,
+       NoticeKind::warning,
+       {"「読み込み(IntelHEX)」は" + most +
+            "バイトまでしか読めません。このファイルは読み込めません。",
+        "Load (IntelHEX) takes at most " + most + " bytes: it can't load this file again."}});
+}
+
+void tellPartSaved(std::size_t bytes) {
+  if (bytes >= editorState.image.size()) return;
+  const std::string left = std::to_string(editorState.image.size() - bytes);
+  tellNotice({contentsSubject,
+              NoticeKind::warning,
+              {"奇数/偶数ファイルには最後の" + left + "バイトが入っていません。",
+               "The odd and even files don't hold the last " + left + " bytes of the image."}});
+}
