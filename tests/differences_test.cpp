@@ -180,6 +180,18 @@ TEST_F(Differences, TheListNamesMapsParametersAndBytesOutsideAndTakesThemOverOne
   EXPECT_FALSE(differencesWindow.loaded());
 }
 
+TEST_F(Differences, ManyStretchesOutsideAreToldAsOneButNeverAcrossAMap) {
+  startAnewWithMap("TYPE_UNIT\r\nMANY\r\n" + mapBlock("HIGH_FUEL", "&H4000", 5, 3, 15));
+  Bytes other(0x5000);
+  loadImage(other);
+  for (std::size_t at = 4; at < other.size(); at += 20) other[at] = 1;
+  compareWith(other);
+  const std::vector<Difference> list = differences();
+  ASSERT_EQ(list.size(), 502U);
+  EXPECT_EQ(list[500].to, 0x4000 - 20);
+  EXPECT_EQ(list[501].from, 0x4000 + 20);
+}
+
 TEST_F(Differences, StepsGoOverAllTabsRoundAndRound) {
   Form1& form = form1();
   enterCell(form.Grid1, 1, 8, "1");

@@ -112,8 +112,9 @@ void addOutside(std::vector<Difference>& list, const RomImage& reference, Stretc
     at = std::mismatch(now.begin() + at, now.begin() + end, reference.begin() + at).first -
          now.begin();
     if (at == end) return;
-    const bool joins = open && at - list.back().to <= bytesBetweenStretches;
-    if (!joins && stretches < mostStretches) {
+    const bool joins =
+        open && (at - list.back().to <= bytesBetweenStretches || stretches >= mostStretches);
+    if (!joins) {
       list.push_back({nullptr, nullptr, at, at, 0});
       ++stretches;
       open = true;

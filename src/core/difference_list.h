@@ -21,7 +21,8 @@ struct Difference {
 };
 
 // In the order of the tabs; none without a reference. Stretches outside the address map with fewer
-// than 16 equal bytes between them are told as one, and all behind the 500th as one, too.
+// than 16 equal bytes between them are told as one, and behind the 500th all that no entry of the
+// address map lies between.
 std::vector<Difference> differences();
 
 // Each place of a difference: where it is stored, what is compared with, and what a save would
