@@ -28,6 +28,7 @@ constexpr QSize usualSize(1060, 680);
 constexpr QSize smallestSize(800, 420);  // the airflow view fits beside the tabs
 constexpr int progressWidth = 220;
 constexpr int progressHeight = 14;
+constexpr int doneGap = 12;  // pixels before what the last command did
 
 QLayout* makeHeadline(Form1& form) {
   auto* const model = labelFor(form.Label1);
@@ -108,7 +109,9 @@ QStatusBar* makeStatusBar(Form1& form) {
   bar->addWidget(labelFor(form.Label13));
   bar->addWidget(lineFor(form.cursorStatus), 1);
   bar->addWidget(labelFor(form.unsavedStatus));
-  bar->addWidget(labelFor(form.doneStatus));
+  QLabel* const done = labelFor(form.doneStatus);
+  done->setContentsMargins(doneGap, 0, 0, 0);
+  bar->addWidget(done);
   bar->addPermanentWidget(progress);
   return bar;
 }
