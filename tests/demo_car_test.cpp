@@ -1,5 +1,6 @@
 // The demo car as a newcomer meets it: the delivered settings start without a question, both
-// address maps fit the image, and nothing changes that nobody edited.
+// address maps and the one that the manual lists fit the image, and nothing changes that nobody
+// edited.
 #include <algorithm>
 #include <filesystem>
 
@@ -62,6 +63,26 @@ TEST_F(DemoCar, LiesWholeInThePictureOfThe3DGraphFromBothSides) {
       }
     }
     DR_GRAPH.Command1.userClick();
+  }
+}
+
+TEST_F(DemoCar, FitsTheAddressMapThatTheManualLists) {
+  fs::copy(MANUAL_FOLDER, path("manual"));
+  for (const auto& [page, model] : {std::pair("manual/manual_en.html", "My car 2.0 turbo"),
+                                    {"manual/manual_ja.html", "マイカー 2.0 ターボ"}}) {
+    // The first listing whose first line is a comment.
+    std::string listing = readText(page);
+    listing = listing.substr(listing.find("<pre>\n#") + 6);
+    listing.resize(listing.find("</pre>"));
+    while (listing.find("&amp;") != listing.npos) listing.erase(listing.find("&amp;") + 1, 4);
+    startAnewWithMap(listing);
+    pickFile("load_bin_file", "demo/demo.bin");
+    EXPECT_EQ(told() + form1().Label1.caption(), model);
+    std::ptrdiff_t present = 0;
+    for (const MapEntry& entry : editorState.addressMap.maps) present += entry.present();
+    for (const ParamEntry& entry : editorState.addressMap.params) present += entry.present();
+    EXPECT_EQ(present, 18) << page;
+    EXPECT_EQ(form1().RPM_FIRE.text(15, 0) + form1().Text4.text(), "80006500");
   }
 }
 

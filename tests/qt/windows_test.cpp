@@ -389,4 +389,24 @@ TEST_F(WindowsTest, CaptionsAreFilledAndDifferBetweenTheLanguages) {
       << "pictures, read-outs, and what English writes in one line";
 }
 
+TEST_F(WindowsTest, TheAddressEditorShowsAllOfAStretchThatFitsAtEachOpening) {
+  for (const auto& [rows, columns] : {std::pair(64, 8), {3, 64}, {64, 64}, {3, 5}}) {
+    QtDesktop fresh;
+    for (int opening = 0; opening < 2; ++opening) {
+      SCOPED_TRACE(testing::Message() << rows << " x " << columns << " opened " << opening);
+      form6.load();
+      form6.eGrid.resize(rows + 1, columns + 1);
+      form6.eGrid.setColumnWidths(430);
+      fresh.showWindow(form6);
+      QTest::qWait(50);
+      const QWidget& window = *fresh.widgetOf(form6);
+      const auto* const grid = window.findChild<QTableView*>();
+      EXPECT_EQ(grid->verticalScrollBar()->maximum() > 0, rows == 64);
+      EXPECT_EQ(grid->horizontalScrollBar()->maximum() > 0, columns == 64);
+      EXPECT_EQ(window.size().boundedTo(roomFor(&window)), window.size());
+      fresh.hideWindow(form6);
+    }
+  }
+}
+
 }  // namespace
