@@ -1,6 +1,7 @@
 // The address-designated editor: its two dialogs, editing in hexadecimal, and the way back into the
 // image.
 
+#include <algorithm>
 #include <array>
 
 #include "core/map_colours.h"
@@ -140,6 +141,7 @@ TEST_F(AddressEditor, PasteTakesTheBufferWhateverFilledIt) {
     return texts;
   };
   EXPECT_EQ(pasted(1, 2), "00 " + bytes(0x101, 1)) << "nothing was copied yet";
+  std::ranges::fill(editorState.copyBuffer, 0x77);
   selectTab(airflowTab);
   fill(form1().Grid5, {{65535, 256, 16, -3}});
   drag(form1().Grid5, 1, 1, 1, 4);

@@ -1,4 +1,4 @@
-// The air/fuel table: its guard, its formula, and the table it shows for each fuel map.
+// The air/fuel table: its formula, headers and colours.
 
 #include "calc/af_table.h"
 
@@ -10,22 +10,6 @@ class AfTable : public LoadedCarTest {
  protected:
   const Grid& table = form5.Grid1;
 };
-
-TEST_F(AfTable, RefusesTabsWithoutFuelAndShowsAllOthers) {
-  for (int tab = 1; tab <= 13; ++tab) {
-    selectTab(tab);
-    pick("AF_DISP_FORM");
-    const bool refused = tab == 2 || tab == 4 || tab == 5;
-    EXPECT_NE(told().empty(), refused) << tab;
-    ASSERT_NE(form5.loaded(), refused) << tab;
-    if (refused) continue;
-    const Grid& grid = tabGrid(tab);
-    const double cell = std::stod(grid.text(rows, columns));
-    EXPECT_NEAR(std::stod(table.text(rows, columns)), 14.7 * 128 / (cell + 128), 0.05001) << tab;
-    form5.Command1.userClick();
-    EXPECT_TRUE(form1().enabled() && !form5.loaded());
-  }
-}
 
 TEST_F(AfTable, WorkedExamples) {
   editorState.gridColorRate = 2;

@@ -202,29 +202,20 @@ TEST_F(Differences, StepsGoOverAllTabsRoundAndRound) {
   selectTab(1);
   form.Grid1.userSelect({1, 8, 1, 8});
   form.Grid1.userFocus();
-  std::string way;
-  const auto tell = [&] {
-    const Control* const focus = form.focus();
-    for (const MapKind& kind : mapKinds()) {
-      const Grid& grid = gridOf(kind);
-      if (&grid == focus) {
-        way += std::to_string(grid.row()) + "," + std::to_string(grid.column()) + "@" +
-               std::to_string(editorState.currentTab) + " ";
-      }
+  // Where each step leads: the grid's row and column, or the box, and the tab.
+  const auto way = [&](const char* command, int steps) {
+    std::string places;
+    for (int i = 0; i < steps; ++i) {
+      pick(command);
+      const auto* const grid = dynamic_cast<const Grid*>(form.focus());
+      if (grid) places += std::to_string(grid->row()) + "," + std::to_string(grid->column());
+      if (form.focus() == &form.Text6) places += "box";
+      places += "@" + std::to_string(editorState.currentTab) + " ";
     }
-    if (focus == &form.Text6) way += "box@" + std::to_string(editorState.currentTab) + " ";
+    return places;
   };
-  for (int i = 0; i < 5; ++i) {
-    pick("next_difference");
-    tell();
-  }
-  EXPECT_EQ(way, "4,2@1 1,5@1 2,2@6 box@14 1,8@1 ");
-  way.clear();
-  for (int i = 0; i < 2; ++i) {
-    pick("last_difference");
-    tell();
-  }
-  EXPECT_EQ(way, "box@14 2,2@6 ");
+  EXPECT_EQ(way("next_difference", 5), "4,2@1 1,5@1 2,2@6 box@14 1,8@1 ");
+  EXPECT_EQ(way("last_difference", 2), "box@14 2,2@6 ");
 }
 
 TEST_F(Differences, WhatASaveWouldChangeUnaskedIsSeenBeforeIt) {

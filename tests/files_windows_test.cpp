@@ -9,7 +9,6 @@
 #include <atomic>
 #include <chrono>
 #include <functional>
-#include <optional>
 #include <thread>
 
 #include "platform/failure.h"
@@ -185,29 +184,6 @@ TEST(FilesOnWindows, APairWhoseLastFileIsHeldStandsAsItWas) {
     EXPECT_EQ(contentOf(odd) + contentOf(even), "new oddnew even");
     EXPECT_EQ(folder.count(), 2U);
   }
-}
-
-TEST(FilesOnWindows, WhatCannotBePutBackIsNotThrownAway) {
-  const ScratchFolder folder;
-  const std::string odd = folder / "odd.bin", even = folder / "even.bin";
-  ASSERT_EQ(saved(odd, "old odd"), 0);
-  ASSERT_EQ(saved(even, "old even"), 0);
-  const FileContent files[] = {{odd, bytesOf("new odd")}, {even, bytesOf("new even")}};
-  std::optional<Held> held;
-  fault = {"move", ERROR_NOT_READY, [&] {
-             if (contentOf(odd) != "new odd") return false;
-             held.emplace(odd, shareWriting);
-             return true;
-           }};
-  EXPECT_EQ(trapFailure([&] { replaceFiles(files); }), diskNotReady);
-  fault = {};
-  held.reset();
-  bool kept = false;
-  for (const auto& entry : fs::directory_iterator(folder.path())) {
-    const std::u8string name = entry.path().u8string();
-    kept = kept || contentOf(std::string(name.begin(), name.end())) == "old odd";
-  }
-  EXPECT_TRUE(kept) << "odd.bin holds " << contentOf(odd) << ", even.bin " << contentOf(even);
 }
 
 // A full disk, a drive that vanished, a share that went, a folder without permission.

@@ -92,17 +92,4 @@ TEST_F(GlobalParameters, EachKeywordReachesItsBoxAndItsBytesAlone) {
   }
 }
 
-TEST_F(GlobalParameters, OneOutsideTheImageEndsTheTailAndLosesNoByte) {
-  const Bytes image = patternImage(0x50);
-  for (const int bytes : {2, 2147483647}) {
-    loadUnder(
-        mapBlock("K_DATA", "&H40", 0, 0, 2) + mapBlock("SPEED4_LIMIT", "&H4F", 0, 0, bytes, "1"),
-        image);
-    EXPECT_NE(told().find("*ERROR = [9]"), std::string::npos) << bytes;
-    EXPECT_EQ(boxOf(K_DATA).text().size(), 4U);
-    EXPECT_EQ(saveImage("saved" + std::to_string(bytes)), image);
-    EXPECT_EQ(told(), "ERROR (Function:ANY_SET_MEMORY)");
-  }
-}
-
 }  // namespace

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <random>
 
 #include "platform/failure.h"
 
@@ -52,17 +51,6 @@ TEST(Numbers, TheLenientReaderTakesTheNumberAtTheStart) {
         "-1e-99999999999999999999"s, "0." + zeros + "1"}) {
     EXPECT_EQ(parseNumber(text), 0) << text;
     EXPECT_FALSE(std::signbit(parseNumber(text))) << text;
-  }
-}
-
-TEST(Numbers, EveryWordAndManyFractionsReadBackAsTheyAre) {
-  for (std::int32_t i = 0; i <= 65535; ++i) ASSERT_EQ(parseNumber(decimalText(i)), i);
-  std::mt19937 random(1);
-  for (int i = 0; i < 2000; ++i) {
-    const int exponent = static_cast<int>(random() % 90) - 60;
-    const double value = std::ldexp(static_cast<double>(random()), exponent);
-    ASSERT_EQ(parseNumber(plainNumber(-value)), -value);
-    ASSERT_EQ(parseReal(shortestReal(static_cast<float>(value))), static_cast<float>(value));
   }
 }
 

@@ -89,8 +89,10 @@ TEST_F(RomImageTest, WhatNeverCouldBeDrawnOrHasNoScaleIsNeverWritten) {
   EXPECT_EQ(saveImage("saved.bin"), image);
   useMap("TYPE_UNIT\r\nX\r\n" + mapBlock("HIGH_FUEL", "12", 4, 4, 16) +
          mapBlock("REG_FUEL", "-4", 4, 4, 16) + mapBlock("K_DATA", "15", 1, 1, 2));
+  told();
   pick("update_bin_file");
   EXPECT_EQ(readBytes("saved.bin"), image);
+  EXPECT_TRUE(told().ends_with("ERROR (Function:ANY_SET_MEMORY)")) << "one outside the image";
 }
 
 TEST_F(RomImageTest, TheContentTestReadsThirtyThreeBytesAndNoneOutside) {
