@@ -120,12 +120,16 @@ TEST_F(MainWindowTest,
   EXPECT_EQ(lit(), "0000000000000000 0000000000000000");
 }
 
-TEST_F(MainWindowTest, TheTabOfAnAbsentMapIsFaint) {
+TEST_F(MainWindowTest, TheTabOfAnAbsentMapIsFaintAndHasTheFocusInItsPlace) {
   window->resize(1060, 680);
   auto* const tabs = window->findChild<QTabBar*>();
   const auto shownTab = [tabs](int tab) { return tabs->grab(tabs->tabRect(tab - 1)).toImage(); };
   for (const auto& [tab, map] : {std::pair(3, &form1().Grid3), std::pair(13, &form1().AddGrid14)}) {
     map->setEnabled(false);
+    form1().bringPanelToFront(1);
+    form1().Grid1.setFocus();
+    form1().bringPanelToFront(tab);
+    EXPECT_EQ(window->focusWidget(), tabs) << tab;
     const QImage absent = shownTab(tab);
     map->setEnabled(true);
     EXPECT_NE(shownTab(tab), absent) << tab;

@@ -78,7 +78,8 @@ void addTabKeys(QWidget* window, QTabBar* tabs) {
 }
 
 // Shows the record's front panel, which is made first if this is its first time. Its map gets
-// the focus, unless the user walks along the tabs; a parameter's box would take a stray key.
+// the focus, unless it is absent or the user walks along the tabs; a parameter's box would take a
+// stray key.
 void showFrontPanel(QStackedWidget* stack, QTabBar* tabs, const Form1& form) {
   const QString name = QString::number(form.frontPanel());
   auto* panel = stack->findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
@@ -91,7 +92,7 @@ void showFrontPanel(QStackedWidget* stack, QTabBar* tabs, const Form1& form) {
   if (!isNew && stack->currentWidget() == panel) return;
   QWidget* const map = tabs->hasFocus() ? nullptr : mapOf(panel);
   stack->setCurrentWidget(panel);
-  (map ? map : tabs)->setFocus();
+  (map && map->isEnabled() ? map : tabs)->setFocus();
 }
 
 QStatusBar* makeStatusBar(Form1& form) {
