@@ -125,6 +125,7 @@ TEST_F(Differences, ACellThatNoByteHoldsIsNamedAndOneStepAway) {
   Form1& form = form1();
   enterCell(form.RPM_FUEL, 2, 0, "15000");
   EXPECT_EQ(marks(), "RPM_SCALE_FUEL !2,0; ");
+  EXPECT_TRUE(form.RPM_FUEL.spokenCell(2, 0).ends_with(": 15000, can't be stored"));
   enterCell(form.RPM_FUEL, 3, 0, "100");
   EXPECT_EQ(marks(), "RPM_SCALE_FUEL !2,0; RPM_SCALE_FUEL !3,0; ") << "what stands behind it";
   selectTab(3);

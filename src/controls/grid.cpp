@@ -6,6 +6,9 @@
 
 #include "controls/gesture.h"
 #include "controls/handler.h"
+#include "controls/mark_meaning.h"
+
+std::function<std::string(Mark)> markMeaning;
 
 Grid::Grid(Window& owner, int rows, int columns, int fixedRows, int fixedColumns, Look look)
     : Control(owner),
@@ -106,11 +109,12 @@ std::string Grid::spokenCell(int row, int column) const {
     const std::string more = meaning ? meaning(place) : std::string();
     return more.empty() ? name : name + " (" + more + ')';
   };
+  const std::string meaning = markMeaning ? markMeaning(mark(row, column)) : "";
   const std::string rowHeader = fixedColumns_ > 0 ? text(row, 0) : std::string();
   const std::string columnHeader = fixedRows_ > 0 ? text(0, column) : std::string();
   return named(rowHeader, row - fixedRows_, rowMeaning, row) + ", " +
          named(columnHeader, column - fixedColumns_, columnMeaning, column) + ": " +
-         text(row, column);
+         text(row, column) + (meaning.empty() ? "" : ", " + meaning);
 }
 
 std::string Grid::clip() const {

@@ -2,6 +2,7 @@
 
 #include "changes/differences_window.h"
 #include "changes/undo.h"
+#include "controls/mark_meaning.h"
 #include "core/address_map.h"
 #include "core/differences.h"
 #include "core/editor_state.h"
@@ -40,8 +41,15 @@ void nameGrid(Form1& form, const MapKind& kind) {
   grid.rowMeaning = [&kind](int row) { return textOf(speedCellOf(kind, row)); };
 }
 
+std::string spokenMark(Mark mark) {
+  if (mark == Mark::none) return {};
+  return mark == Mark::differs ? captioned({"相違あり", "differs"})
+                               : captioned({"保存できない値", "can't be stored"});
+}
+
 // What the fields of the main window are called: after what stands beside or around them.
 void nameFields(Form1& form) {
+  markMeaning = spokenMark;
   for (const MapKind& kind : mapKinds()) nameGrid(form, kind);
   for (const ParamKind& kind : paramKinds()) {
     TextBox& box = form.*kind.box;

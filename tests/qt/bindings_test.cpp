@@ -7,6 +7,7 @@
 #include <QtWidgets>
 
 #include "../panel.h"
+#include "controls/mark_meaning.h"
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/bind_menu.h"
 #include "frontend/qt/bind_window.h"
@@ -60,6 +61,9 @@ TEST_F(BindingsTest, ATextBoxTakesWhatItsFilterLetsThrough) {
   QKeyEvent alt(QEvent::KeyPress, Qt::Key_7, Qt::AltModifier, "7");
   QCoreApplication::sendEvent(box, &alt);
   EXPECT_EQ(record.box.text(), "3x9") << "Alt is for menus";
+  markMeaning = [](Mark mark) { return mark == Mark::differs ? "differs" : ""; };
+  record.box.setMark(Mark::differs);
+  EXPECT_TRUE(box->accessibleDescription().startsWith("differs"));
   QTest::keyClick(box, Qt::Key_Home);
   QTest::keyClicks(box, "12");
   EXPECT_EQ(record.box.text(), "123x9") << "the cursor stays where the user types";

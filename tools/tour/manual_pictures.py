@@ -10,12 +10,15 @@ import tempfile
 
 from door import middle
 from screen import run
-from tour import COMPARISON_BOX, MAP, Tour
+from tour import COMPARISON_BOX, MAP, SPEED_SCALE, Tour
 
 MAP_SIZE = (900, 500)
 GLOBAL_SIZE = (1180, 620)
+MARKS_SIZE = (960, 560)
 SURFACE = "3D GRAPH EDIT"
 CURVE = "load scale|TPスケール"
+DIFFERENCES = "^(Differences|相違一覧)$"
+TOO_FAST = "15000"  # rpm that no byte of the scale holds
 
 
 class Photographer(Tour):
@@ -85,6 +88,38 @@ class Photographer(Tour):
             file.write(image)
         return self.saved("other.bin")
 
+    def take_differences(self):
+        """What a friend changed, then marks, notice and status line over them."""
+        self.menu("file_load", "Norika", "comp_bin")
+        self.choose_file("compare", self.friends_image())
+        self.menu("view", "against_comparison")
+        self.screen.keys("ctrl+d")
+        self.take(self.screen.wait_for(DIFFERENCES), "differences")
+        self.screen.keys("Escape")
+        self.screen.wait_until_gone(DIFFERENCES)
+        self.resize(MARKS_SIZE)
+        self.select(range(7, 9), range(9, 13))
+        self.screen.keys("plus")
+        self.enter(self.cell(14, 1, SPEED_SCALE), TOO_FAST)
+        self.screen.keys("Return")
+        self.gone("ask")
+        self.screen.click(self.cell(4, 8))
+        self.take(self.main, "marks")
+        self.screen.keys("ctrl+z", "ctrl+z")
+
+    def friends_image(self):
+        """Two cells of the map, one of a scale, one of a small table, a limit, a stray byte."""
+        image = bytearray(self.original)
+        places = {name: self.car.entries[name].address
+                  for name in ("HIGH_FUEL", "TP_SCALE_FUEL", "AF_LIMIT", "REV1_LIMIT")}
+        for place, change in ((places["HIGH_FUEL"] + 0x37, 7), (places["HIGH_FUEL"] + 0x48, 4),
+                              (places["TP_SCALE_FUEL"] + 5, 1), (places["AF_LIMIT"] + 3, -2),
+                              (places["REV1_LIMIT"] + 1, 8), (0x6000, 1)):
+            image[place] = (image[place] + change) % 256
+        with open(self.saved("friend.bin"), "wb") as file:
+            file.write(image)
+        return self.saved("friend.bin")
+
     def take_dialog(self, name, picture, *path):
         self.menu(*path)
         self.take(self.wait(name), picture)
@@ -107,6 +142,7 @@ class Photographer(Tour):
     def run(self):
         self.start()
         self.take_panels()
+        self.take_differences()
         self.take_graphs()
         self.take_address_editor()
         self.take_dialog("af", "af_table", "edit_0", "AF_DISP_FORM")

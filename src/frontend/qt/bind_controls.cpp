@@ -21,13 +21,26 @@
 #include <limits>
 #include <memory>
 
+#include "controls/controls.h"
+#include "controls/mark_meaning.h"
 #include "frontend/qt/event_tap.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/text.h"
 
+namespace {
+
+// A marked box tells of its mark first.
+std::string descriptionOf(const Control& record) {
+  const auto* const box = dynamic_cast<const TextBox*>(&record);
+  const std::string meaning = box && markMeaning ? markMeaning(box->mark()) : "";
+  return meaning.empty() ? record.description() : meaning + ' ' + record.description();
+}
+
+}  // namespace
+
 void showNames(QWidget* widget, const Control& record) {
   const QString name = shown(record.spokenName()).simplified();
-  const QString description = shown(record.description()).simplified();
+  const QString description = shown(descriptionOf(record)).simplified();
   if (name != widget->accessibleName()) widget->setAccessibleName(name);
   if (description != widget->accessibleDescription()) widget->setAccessibleDescription(description);
 }

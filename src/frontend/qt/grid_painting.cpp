@@ -144,12 +144,15 @@ void CellPainter::paintCell(const QRect& area, int row, int column) {
   painter_.fillRect(inside, ground);
   if (lit) lineEdge(inside, litRow ? Qt::RightEdge : Qt::BottomEdge);
   painter_.setPen(ink);
-  const Mark mark = record_.mark(row, column);
   // What can't be stored is often long: its sign covers none of it.
-  const QRect room = inside.adjusted(mark == Mark::unstorable ? markSize : 0, 0, 0, 0);
+  const bool unstorable = record_.mark(row, column) == Mark::unstorable;
+  const QRect room = inside.adjusted(unstorable ? markSize : 0, 0, 0, 0);
   drawText(room, record_.text(row, column),
            column < record_.look().leftColumns ? Side::left : Side::right);
-  paintMark(painter_, inside.topLeft(), mark);
+}
+
+void CellPainter::paintMark(const QRect& area, int row, int column) {
+  ::paintMark(painter_, area.topLeft(), record_.mark(row, column));
 }
 
 void CellPainter::paintHeaderCell(const QRect& area, int row, int column) {

@@ -41,6 +41,8 @@ class CellPainter {
   // The ground of an area of cells, of which the lines at the cells' right and lower edges stay.
   void paintLines(const QRect& area);
   void paintCell(const QRect& area, int row, int column);
+  // The mark that the cell bears, above whatever border runs around it.
+  void paintMark(const QRect& area, int row, int column);
   // A fixed cell. One whose row or column the selection touches is marked.
   void paintHeaderCell(const QRect& area, int row, int column);
   // The border around the selected block, which covers `area`.

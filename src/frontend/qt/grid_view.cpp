@@ -315,14 +315,18 @@ void GridView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   CellPainter cells(painter, record_, *this, marks());
   cells.paintLines(placeOf(firstRow, firstColumn) | placeOf(lastRow, lastColumn));
-  for (int row = firstRow; row <= lastRow; ++row) {
-    for (int column = firstColumn; column <= lastColumn; ++column) {
-      cells.paintCell(placeOf(row, column), row + record_.fixedRows(),
-                      column + record_.fixedColumns());
+  const auto paintEach = [&](void (CellPainter::*paint)(const QRect&, int, int)) {
+    for (int row = firstRow; row <= lastRow; ++row) {
+      for (int column = firstColumn; column <= lastColumn; ++column) {
+        (cells.*paint)(placeOf(row, column), row + record_.fixedRows(),
+                       column + record_.fixedColumns());
+      }
     }
-  }
+  };
+  paintEach(&CellPainter::paintCell);
   paintSelection(cells);
   if (lit_) paintLitCells(cells);
+  paintEach(&CellPainter::paintMark);
 }
 
 QRect GridView::placeOf(int row, int column) const {

@@ -7,21 +7,23 @@
 
 namespace {
 
+constexpr int edgeOfCorner = 2;  // pixels along the cell's sides
+
 // A dark corner with a bright edge.
 void paintCorner(QPainter& painter, QPoint corner) {
   const auto triangle = [corner](int size) {
     return QPolygon({corner, corner + QPoint(size, 0), corner + QPoint(0, size)});
   };
   painter.setBrush(Qt::white);
-  painter.drawPolygon(triangle(markSize + 1));
+  painter.drawPolygon(triangle(markSize));
   painter.setBrush(inkColour);
-  painter.drawPolygon(triangle(markSize - 1));
+  painter.drawPolygon(triangle(markSize - edgeOfCorner));
 }
 
 // A bright cross on a dark square with a bright edge.
 void paintCross(QPainter& painter, QPoint corner) {
-  constexpr int arm = 2;  // pixels from the square's edge
-  const QRect square(corner, QSize(markSize, markSize));
+  constexpr double arm = 1;  // pixels from the square's edge
+  const QRect square(corner, QSize(markSize - 1, markSize - 1));
   painter.fillRect(square.adjusted(0, 0, 1, 1), Qt::white);
   painter.fillRect(square, inkColour);
   painter.setPen(QPen(Qt::white, 1.5));
@@ -42,7 +44,7 @@ void paintMark(QPainter& painter, QPoint corner, Mark mark) {
 }
 
 MarkView::MarkView(const TextBox& record) : record_(record) {
-  setFixedSize(markSize + 2, markSize + 2);
+  setFixedSize(markSize + 1, markSize + 1);
 }
 
 void MarkView::paintEvent(QPaintEvent*) {

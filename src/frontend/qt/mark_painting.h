@@ -9,7 +9,7 @@
 
 class QPainter;
 
-constexpr int markSize = 8;  // pixels
+constexpr int markSize = 7;  // pixels; texts of three digits begin beside it
 
 // Draws the sign of `mark` with its upper left corner at `corner`; nothing for Mark::none.
 void paintMark(QPainter& painter, QPoint corner, Mark mark);

@@ -4,13 +4,18 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QGridLayout>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
+#include <QToolTip>
 
 #include "frontend/qt/bind_controls.h"
+#include "frontend/qt/text.h"
 
 namespace {
 
@@ -26,6 +31,32 @@ QWidget* mainWindow() {
   }
   return nullptr;
 }
+
+// One line that is cut where its room ends; its tool tip has the whole of it then.
+class LineLabel : public QLabel {
+ public:
+  explicit LineLabel(const Label& record) : record_(record) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                          isEnabled(), shownLine(), foregroundRole());
+  }
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::ToolTip || shownLine() == text()) return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), shownTip(record_.caption()),
+                       this);
+    return true;
+  }
+
+ private:
+  QString shownLine() const {
+    return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+  }
+
+  const Label& record_;
+};
 
 }  // namespace
 
@@ -56,7 +87,8 @@ QLabel* noteFor(Label& record) {
 }
 
 QLabel* lineFor(Label& record) {
-  QLabel* const label = labelFor(record);
+  auto* const label = new LineLabel(record);
+  bind(label, record);
   label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   return label;
 }
