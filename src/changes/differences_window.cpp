@@ -28,9 +28,9 @@ constexpr std::array<Wording, columns> headers{{{"名前", "Name"},
                                                 {"最大減", "Largest -"},
                                                 {"アドレス", "Addresses"}}};
 
-std::string signedChange(std::int32_t change) {
+std::string signedChange(std::int64_t change) {
   if (change == 0) return {};
-  return change > 0 ? "+" + decimalText(change) : decimalText(change);
+  return (change > 0 ? "+" : "") + std::to_string(change);
 }
 
 std::array<std::string, columns> textsOf(const Difference& each) {

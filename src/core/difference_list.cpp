@@ -52,7 +52,7 @@ void addMap(std::vector<Difference>& list, const MapKind& kind) {
   const ShownValue shown(kind);
   Difference found{&kind};
   forEachCell(kind, cells, [&](std::int64_t index, int former, int now) {
-    const std::int32_t change = shown(now) - shown(former);
+    const std::int64_t change = std::int64_t{shown(now)} - shown(former);
     if (found.count++ == 0) found.from = cells.addressOf(index);
     found.to = cells.addressOf(index) + cells.cellBytes() - 1;
     found.up = std::max(found.up, change);
@@ -73,7 +73,7 @@ void addParam(std::vector<Difference>& list, const ParamKind& kind, const RomIma
   if (!entry.present() || !differ(reference, entry.address, entry.bytes)) return;
   Difference found{nullptr, &kind, entry.address, std::int64_t{entry.address} + entry.bytes - 1, 1};
   if (kind.scaled()) {
-    const std::int32_t change = cellNumber(shownParam(kind, pendingImage.bytes())) -
+    const std::int64_t change = std::int64_t{cellNumber(shownParam(kind, pendingImage.bytes()))} -
                                 cellNumber(shownParam(kind, reference));
     (change > 0 ? found.up : found.down) = change;
   }

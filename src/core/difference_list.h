@@ -15,8 +15,8 @@ struct Difference {
   std::int64_t from = 0;             // the first byte that differs
   std::int64_t to = 0;               // the last one
   std::int64_t count = 0;            // cells or, outside, bytes that differ; 1 for a parameter
-  std::int32_t up = 0;               // the largest change upwards, in the numbers shown; 0: none
-  std::int32_t down = 0;             // the largest change downwards, below 0; 0: none
+  std::int64_t up = 0;               // the largest change upwards, in the numbers shown; 0: none
+  std::int64_t down = 0;             // the largest change downwards, below 0; 0: none
   bool isOutside() const { return !map && !param; }
 };
 
