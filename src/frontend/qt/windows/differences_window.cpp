@@ -18,12 +18,14 @@ QWidget* makeDifferencesWindow() {
   auto* const rows = new QVBoxLayout(window);
   rows->addWidget(noteFor(record.heading));
   auto* const list = new GridView(record.list);
-  list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  // Many rows make no window that hides the main one.
+  list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   constexpr QSize smallestList(660, 280);
   list->setMinimumSize(smallestList);
   rows->addWidget(list, 1);
   rows->addLayout(
       buttonRow({&record.goThere, &record.takeOver, &record.copyAsText, &record.close}));
+  window->setMinimumSize(window->layout()->minimumSize());
   bindWindow(window, record);
   return window;
 }
