@@ -223,7 +223,10 @@ TEST_F(Differences, WhatASaveWouldChangeUnaskedIsSeenBeforeIt) {
   Bytes image = evenImage();
   image[0x30] = 1;  // 315 times 12.5 is shown as 3937, which is stored as 314
   image[0x31] = 59;
+  enterCell(form1().Grid1, 1, 1, "9");
+  pick("undo");
   loadImage(image);
+  EXPECT_EQ(form1().doneStatus.caption(), "");
   EXPECT_EQ(marks(), "REV1_LIMIT; ");
   EXPECT_EQ(form1().unsavedStatus.caption(), "● bytes that will change: 1");
   expectPendingIsWrittenBack();

@@ -1,6 +1,7 @@
 #include "core/data_replaced.h"
 
 #include "core/differences.h"
+#include "core/form1.h"
 #include "core/history.h"
 #include "core/map_display.h"
 
@@ -8,4 +9,5 @@ void dataReplaced() {
   forgetHistory();
   differencesOutdated();
   resetPanels();
+  form1().doneStatus.setCaption("");
 }

@@ -140,6 +140,17 @@ std::string unsavedText() {
   return captionedBoth({"● 変わるバイト数: " + count, "● bytes that will change: " + count});
 }
 
+// A cell that only took another colour stands as it stood.
+std::int64_t textsChanged(const CellsOfStep& part) {
+  const Grid& grid = gridOf(*part.kind);
+  std::int64_t count = 0;
+  for (std::size_t i = 0; i < part.places.size(); ++i) {
+    const std::int32_t place = part.places[i];
+    if (grid.text(place / grid.columns(), place % grid.columns()) != part.cells[i].text) ++count;
+  }
+  return count;
+}
+
 std::int64_t cellsAtLimit(const CellsOfStep& part) {
   const Grid& grid = gridOf(*part.kind);
   const std::string limit = decimalText(part.kind->rules().limit);
@@ -164,8 +175,9 @@ void sayChanged(const Step& step) {
   std::int64_t cells = 0;
   std::int64_t limited = 0;
   for (const CellsOfStep& part : step.cells) {
-    cells += std::ssize(part.places);
-    limited += cellsAtLimit(part);
+    const std::int64_t changed = textsChanged(part);
+    cells += changed;
+    if (changed > 0) limited += cellsAtLimit(part);
   }
   if (cells == 0) return form1().doneStatus.setCaption("");
   BothTexts text{std::to_string(cells) + "個のセルを変更",
