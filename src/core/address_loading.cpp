@@ -8,7 +8,6 @@
 #include "core/editor_state.h"
 #include "core/error_log.h"
 #include "core/file_command.h"
-#include "core/form1.h"
 #include "core/loader_tail.h"
 #include "core/map_display.h"
 #include "core/rom_image.h"
