@@ -142,8 +142,9 @@ std::string hexByte(int byte) { return padHex(hexText(static_cast<std::uint32_t>
 std::string lineOf(const Difference& each) {
   std::string line = nameOf(each);
   if (!each.param) {
-    line += ": " + decimalText(static_cast<std::int32_t>(each.count)) +
-            captioned(each.map ? Wording{"個のセル", " cells"} : Wording{"バイト", " bytes"});
+    line += ": " + std::to_string(each.count) +
+            captioned(each.map ? Wording{"個のセル", " cell"} : Wording{"バイト", " byte"}) +
+            captioned({"", each.count == 1 ? "" : "s"});
   }
   return line + ", " + addressText(each.from) + "-" + addressText(each.to);
 }
