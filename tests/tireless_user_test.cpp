@@ -335,6 +335,8 @@ class TirelessUser : public ProgramTest {
     ASSERT_EQ(difference(editorState.image, stored(shownPieces(), image)), "");
     redrawAllMaps();
     showGlobalParams();
+    differencesOutdated();
+    followStep({});
     checkDrawn();
   }
   // A gesture that changes bytes by what stands in the cells and boxes alone, but for the commands
