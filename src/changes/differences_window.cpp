@@ -13,7 +13,6 @@
 #include "core/history.h"
 #include "core/pending_image.h"
 #include "core/wording.h"
-#include "platform/numbers.h"
 
 namespace {
 
