@@ -63,6 +63,11 @@ void Grid::setMark(int row, int column, Mark mark) {
   marksDirty_ = true;
 }
 
+void Grid::clearMarks() {
+  for (Cell& each : cells_) each.mark = Mark::none;
+  redraw_ ? tell({Change::marks}) : void(marksDirty_ = true);
+}
+
 void Grid::lightUp(std::vector<std::int32_t> cells) {
   litCells_ = std::move(cells);
   tell({Change::light});

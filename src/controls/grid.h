@@ -91,6 +91,7 @@ class Grid : public Control {
   const GridCell& cellAt(int row, int column) const { return cell(row, column); }
   Mark mark(int row, int column) const { return cell(row, column).mark; }
   void setMark(int row, int column, Mark mark);
+  void clearMarks();
   // Puts the contents of `other` into the cell and gives what stood there; the mark stays.
   void swapCell(int row, int column, GridCell& other);
   // Takes all texts and colours away; the size stays.

@@ -35,26 +35,39 @@ bool differ(const RomImage& reference, std::int64_t address, int bytes) {
   return !std::equal(first, first + bytes, reference.begin() + place);
 }
 
-// Calls `tell(index, former, now)` with the stored numbers of each cell that differs.
+// A cell with the numbers that are stored for it.
+struct DifferentCell {
+  std::int64_t address;
+  int row;
+  int column;
+  int former;
+  int now;
+};
+
+// Calls `tell` for each cell that differs.
 template <class Tell>
 void forEachCell(const MapKind& kind, const StoredCells& cells, Tell tell) {
   const RomImage* const reference = referenceImage();
   if (!reference || !entryOf(kind).present()) return;
-  for (std::int64_t index = 0; index < cells.count(); ++index) {
+  cells.visit([&](std::int64_t index, int row, int column) {
+    if (!cells.drawn(index)) return false;
     const std::int64_t address = cells.addressOf(index);
-    if (!cells.drawn(index) || !differ(*reference, address, cells.cellBytes())) continue;
-    tell(index, storedIn(*reference, kind, address), storedIn(pendingImage.bytes(), kind, address));
-  }
+    if (differ(*reference, address, cells.cellBytes())) {
+      tell({address, row, column, storedIn(*reference, kind, address),
+            storedIn(pendingImage.bytes(), kind, address)});
+    }
+    return true;
+  });
 }
 
 void addMap(std::vector<Difference>& list, const MapKind& kind) {
   const StoredCells cells(extentOf(kind));
   const ShownValue shown(kind);
   Difference found{&kind};
-  forEachCell(kind, cells, [&](std::int64_t index, int former, int now) {
-    const std::int64_t change = std::int64_t{shown(now)} - shown(former);
-    if (found.count++ == 0) found.from = cells.addressOf(index);
-    found.to = cells.addressOf(index) + cells.cellBytes() - 1;
+  forEachCell(kind, cells, [&](const DifferentCell& cell) {
+    const std::int64_t change = std::int64_t{shown(cell.now)} - shown(cell.former);
+    if (found.count++ == 0) found.from = cell.address;
+    found.to = cell.address + cells.cellBytes() - 1;
     found.up = std::max(found.up, change);
     found.down = std::min(found.down, change);
   });
@@ -80,29 +93,17 @@ void addParam(std::vector<Difference>& list, const ParamKind& kind, const RomIma
   list.push_back(found);
 }
 
-struct Stretch {
-  std::int64_t from;
-  std::int64_t to;  // past the last byte
-};
-
 // What the address map names, by address.
-std::vector<Stretch> namedStretches() {
-  std::vector<Stretch> named;
-  for (const MapKind& kind : mapKinds()) {
-    if (!entryOf(kind).present()) continue;
-    const StoredCells cells(extentOf(kind));
-    named.push_back({cells.addressOf(0), cells.addressOf(cells.count())});
-  }
-  for (const ParamEntry& entry : editorState.addressMap.params) {
-    if (entry.present())
-      named.push_back({entry.address, std::int64_t{entry.address} + entry.bytes});
-  }
+std::vector<ByteStretch> namedStretches() {
+  std::vector<ByteStretch> named;
+  for (const MapKind& kind : mapKinds()) named.push_back(stretchOf(kind));
+  for (const ParamKind& kind : paramKinds()) named.push_back(stretchOf(kind));
   std::sort(named.begin(), named.end(),
-            [](const Stretch& a, const Stretch& b) { return a.from < b.from; });
+            [](const ByteStretch& a, const ByteStretch& b) { return a.from < b.from; });
   return named;
 }
 
-void addOutside(std::vector<Difference>& list, const RomImage& reference, Stretch gap,
+void addOutside(std::vector<Difference>& list, const RomImage& reference, ByteStretch gap,
                 std::size_t& stretches) {
   const RomImage& now = pendingImage.bytes();
   bool open = false;
@@ -128,9 +129,9 @@ void addAllOutside(std::vector<Difference>& list, const RomImage& reference) {
   const std::int64_t size = comparedBytes(reference);
   std::int64_t at = 0;
   std::size_t stretches = 0;
-  std::vector<Stretch> named = namedStretches();
+  std::vector<ByteStretch> named = namedStretches();
   named.push_back({size, size});
-  for (const Stretch& each : named) {
+  for (const ByteStretch& each : named) {
     const std::int64_t end = std::clamp<std::int64_t>(each.from, at, size);
     addOutside(list, reference, {at, end}, stretches);
     at = std::clamp<std::int64_t>(std::max(at, each.to), 0, size);
@@ -173,9 +174,9 @@ void forEachPlace(const Difference& difference,
   if (difference.map) {
     const StoredCells cells(extentOf(*difference.map));
     const ShownValue shown(*difference.map);
-    return forEachCell(*difference.map, cells, [&](std::int64_t index, int former, int now) {
-      tell({cells.addressOf(index), decimalText(shown(former)), decimalText(shown(now)),
-            cells.rowOf(index), cells.columnOf(index)});
+    return forEachCell(*difference.map, cells, [&](const DifferentCell& cell) {
+      tell({cell.address, decimalText(shown(cell.former)), decimalText(shown(cell.now)), cell.row,
+            cell.column});
     });
   }
   if (difference.param) {
@@ -198,8 +199,8 @@ void takeOver(const Difference& difference) {
     const StoredCells cells(extentOf(kind));
     const ShownValue shown(kind);
     const GridPause pause(gridOf(kind));
-    forEachCell(kind, cells, [&](std::int64_t index, int former, int) {
-      showStored(target, shown, cells.rowOf(index), cells.columnOf(index), former);
+    forEachCell(kind, cells, [&](const DifferentCell& cell) {
+      showStored(target, shown, cell.row, cell.column, cell.former);
     });
     showAfterEffect(kind);
   } else if (difference.param) {

@@ -11,6 +11,7 @@
 #include "controls/grid.h"
 #include "core/difference_list.h"
 #include "core/form1.h"
+#include "core/image_bytes.h"
 #include "core/map_extent.h"
 #include "core/map_places.h"
 #include "core/notices.h"
@@ -30,11 +31,6 @@ std::array<MarkedCells, mapCount + 1> marked{};
 
 MarkedCells& markedIn(const MapKind& kind) { return marked[static_cast<std::size_t>(kind.id)]; }
 
-bool holds(const RomImage& image, std::int64_t address, std::size_t count) {
-  const auto size = static_cast<std::int64_t>(image.size());
-  return address >= 0 && address + static_cast<std::int64_t>(count) <= size;
-}
-
 // Of few bytes, most often one.
 bool standsIn(const RomImage& image, std::int64_t address, std::span<const std::uint8_t> bytes) {
   std::size_t at = static_cast<std::size_t>(address);
@@ -46,19 +42,13 @@ bool standsIn(const RomImage& image, std::int64_t address, std::span<const std::
 
 // Of something that should be stored as `own` from `address` on.
 Mark markOf(std::int64_t address, std::span<const std::uint8_t> own) {
-  if (own.empty() || !holds(pendingImage.bytes(), address, own.size())) return Mark::none;
+  const std::int64_t count = std::ssize(own);
+  if (own.empty() || !holdsBytes(pendingImage.bytes(), address, count)) return Mark::none;
   if (!standsIn(pendingImage.bytes(), address, own)) return Mark::unstorable;
   const RomImage* const reference = referenceImage();
-  if (!reference || !holds(*reference, address, own.size())) return Mark::none;
+  if (!reference || !holdsBytes(*reference, address, count)) return Mark::none;
   return standsIn(*reference, address, own) ? Mark::none : Mark::differs;
 }
-
-// The place of a cell in its grid and in storing order.
-struct CellPlace {
-  std::int64_t index;
-  int row;
-  int column;
-};
 
 Mark markOf(const StoredCells& cells, std::int64_t index, const std::optional<StoredBytes>& own) {
   if (!cells.drawn(index)) return Mark::none;
@@ -72,28 +62,24 @@ void count(MarkedCells& cells, Mark mark, std::int32_t change) {
   if (mark == Mark::unstorable) cells.unstorable += change;
 }
 
-void markCell(MarkedCells& sums, Grid& grid, const CellPlace& place, Mark mark) {
-  const Mark former = grid.mark(place.row, place.column);
+void markCell(MarkedCells& sums, Grid& grid, int row, int column, Mark mark) {
+  const Mark former = grid.mark(row, column);
   if (former == mark) return;
   count(sums, former, -1);
   count(sums, mark, 1);
-  grid.setMark(place.row, place.column, mark);
+  grid.setMark(row, column, mark);
 }
 
 void markMap(const MapKind& kind) {
   Grid& grid = gridOf(kind);
   const GridPause pause(grid);
   const StoredCells cells(extentOf(kind));
-  const std::int64_t count = std::min<std::int64_t>(
-      cells.count(), editorState.cellsDrawn[static_cast<std::size_t>(kind.id)]);
-  CellPlace place{0, cells.top(), cells.left()};
-  for (; place.index < count; ++place.index) {
-    const auto own = cells.bytesOf(place.index, place.row, place.column);
-    markCell(markedIn(kind), grid, place, markOf(cells, place.index, own));
-    if (++place.column < cells.left() + cells.columns()) continue;
-    place.column = cells.left();
-    ++place.row;
-  }
+  MarkedCells& sums = markedIn(kind);
+  cells.visit([&](std::int64_t index, int row, int column) {
+    if (!cells.drawn(index)) return false;
+    markCell(sums, grid, row, column, markOf(cells, index, cells.bytesOf(index, row, column)));
+    return true;
+  });
 }
 
 void markParams() {
@@ -160,11 +146,7 @@ void markAll() {
   for (const MapKind& kind : mapKinds()) {
     Grid& grid = gridOf(kind);
     const GridPause pause(grid);
-    for (int row = 0; row < grid.rows(); ++row) {
-      for (int column = 0; column < grid.columns(); ++column) {
-        grid.setMark(row, column, Mark::none);
-      }
-    }
+    grid.clearMarks();
     if (entryOf(kind).present()) markMap(kind);
   }
   markParams();
@@ -181,14 +163,15 @@ void followCells(const CellsOfStep& part) {
   const StoredCells cells(extentOf(kind));
   MarkedCells& sums = markedIn(kind);
   for (const std::int32_t number : part.places) {
-    CellPlace place{0, number / grid.columns(), number % grid.columns()};
-    place.index = cells.indexOf(place.row, place.column);
-    if (place.index < 0) continue;
-    const auto own = cells.bytesOf(place.index, place.row, place.column);
-    if (!pendingImage.storeCell(kind, place.index, cells.addressOf(place.index), own)) {
+    const int row = number / grid.columns();
+    const int column = number % grid.columns();
+    const std::int64_t index = cells.indexOf(row, column);
+    if (index < 0) continue;
+    const auto own = cells.bytesOf(index, row, column);
+    if (!pendingImage.storeCell(kind, index, cells.addressOf(index), own)) {
       return markMaps(pendingImage.storeAllAround(kind));
     }
-    markCell(sums, grid, place, markOf(cells, place.index, own));
+    markCell(sums, grid, row, column, markOf(cells, index, own));
   }
 }
 

@@ -16,6 +16,10 @@ inline std::int64_t imageBytesFrom(std::int64_t offset) {
   return offset < 0 || offset > size ? 0 : size - offset;
 }
 
+inline bool holdsBytes(const RomImage& image, std::int64_t offset, std::int64_t count) {
+  return offset >= 0 && offset + count <= static_cast<std::int64_t>(image.size());
+}
+
 // A single byte; an offset outside fails with badSubscript.
 inline int byteOf(const RomImage& image, std::int64_t offset) {
   if (offset < 0 || offset >= static_cast<std::int64_t>(image.size())) throw Failure(badSubscript);

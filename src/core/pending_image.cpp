@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "core/image_bytes.h"
 #include "core/map_extent.h"
 #include "core/stored_bytes.h"
 #include "platform/failure.h"
@@ -15,22 +16,12 @@ constexpr std::size_t firstParam = mapCount;
 
 std::size_t entryNumber(const MapKind& kind) { return static_cast<std::size_t>(kind.id - 1); }
 
-bool holds(const RomImage& image, std::int64_t address, std::int64_t bytes) {
-  return address >= 0 && address + bytes <= static_cast<std::int64_t>(image.size());
+ByteStretch stretchOfEntry(std::size_t entry) {
+  return entry < firstParam ? stretchOf(mapKinds()[entry])
+                            : stretchOf(paramKinds()[entry - firstParam]);
 }
 
 }  // namespace
-
-PendingImage::Stretch PendingImage::stretchOf(std::size_t entry) const {
-  if (entry >= firstParam) {
-    const ParamEntry& param = editorState.addressMap.params[entry - firstParam];
-    return {param.address, std::int64_t{param.address} + std::max(param.bytes, 0)};
-  }
-  const MapKind& kind = mapKinds()[entry];
-  if (!entryOf(kind).present()) return {};
-  const StoredCells cells(extentOf(kind));
-  return {cells.addressOf(0), cells.addressOf(cells.count())};
-}
 
 void PendingImage::joinGroups(std::size_t one, std::size_t other) {
   const std::size_t from = groups_[other];
@@ -40,15 +31,15 @@ void PendingImage::joinGroups(std::size_t one, std::size_t other) {
 
 void PendingImage::formGroups() {
   std::iota(groups_.begin(), groups_.end(), std::size_t{0});
-  std::array<Stretch, mapCount + paramCount> stretches;
+  std::array<ByteStretch, mapCount + paramCount> stretches;
   for (std::size_t i = 0; i < stretches.size(); ++i) {
-    stretches[i] = stretchOf(i);
+    stretches[i] = stretchOfEntry(i);
     if (i > firstParam) joinGroups(firstParam, i);
   }
   for (std::size_t i = 0; i < stretches.size(); ++i) {
     for (std::size_t j = 0; j < i; ++j) {
-      const Stretch& one = stretches[i];
-      const Stretch& other = stretches[j];
+      const ByteStretch& one = stretches[i];
+      const ByteStretch& other = stretches[j];
       if (std::max(one.from, other.from) < std::min(one.to, other.to)) joinGroups(i, j);
     }
   }
@@ -78,24 +69,24 @@ void PendingImage::put(std::int64_t address, std::uint8_t byte) {
 
 void PendingImage::storeMap(const MapKind& kind) {
   const StoredCells cells(extentOf(kind));
-  std::int64_t index = 0;
-  for (; index < cells.count(); ++index) {
+  const auto store = [&](std::int64_t index, int row, int column) {
+    const auto stored = cells.bytesOf(index, row, column);
     const std::int64_t address = cells.addressOf(index);
-    const auto stored = cells.bytesOf(index, cells.rowOf(index), cells.columnOf(index));
-    if (!stored || !holds(bytes_, address, 1)) break;
+    if (!stored || !holdsBytes(bytes_, address, 1)) return false;
     put(address, stored->bytes[0]);
-    if (stored->count == 1) continue;
-    if (!holds(bytes_, address, 2)) break;
+    if (stored->count == 1) return true;
+    if (!holdsBytes(bytes_, address, 2)) return false;
     put(address + 1, stored->bytes[1]);
-  }
-  stopsAt_[static_cast<std::size_t>(kind.id)] = index;
+    return true;
+  };
+  stopsAt_[static_cast<std::size_t>(kind.id)] = cells.visit(store);
 }
 
 void PendingImage::storeAllParams() {
   trapFailure([this] {
     for (const ParamKind& kind : paramKinds()) {
       const ParamEntry& entry = editorState.addressMap.param(kind.id);
-      if (entry.present() && !holds(bytes_, entry.address, entry.bytes))
+      if (entry.present() && !holdsBytes(bytes_, entry.address, entry.bytes))
         throw Failure(badSubscript);
       std::int64_t address = entry.address;
       for (const std::uint8_t byte : storedBytesOf(kind)) {
@@ -108,7 +99,7 @@ void PendingImage::storeAllParams() {
 void PendingImage::storeGroup(std::size_t group) {
   for (std::size_t entry = 0; entry < groups_.size(); ++entry) {
     if (groups_[entry] != group) continue;
-    const Stretch stretch = stretchOf(entry);
+    const ByteStretch stretch = stretchOfEntry(entry);
     const auto size = static_cast<std::int64_t>(bytes_.size());
     for (auto at = std::clamp<std::int64_t>(stretch.from, 0, size); at < std::min(stretch.to, size);
          ++at) {
@@ -128,10 +119,10 @@ void PendingImage::rebuild() {
     if (entryOf(kind).present()) storeMap(kind);
   }
   storeAllParams();
-  recount();
+  countUnsaved();
 }
 
-void PendingImage::recount() {
+void PendingImage::countUnsaved() {
   const RomImage& saved = editorState.savedImage;
   const std::size_t common = std::min(saved.size(), bytes_.size());
   unsaved_ = static_cast<std::int64_t>(std::max(saved.size(), bytes_.size()) - common);

@@ -21,8 +21,6 @@ class PendingImage {
 
   // All of it anew.
   void rebuild();
-  // The file's bytes are others.
-  void recount();
   // True as long as what was drawn stands as it did at the last `rebuild`.
   bool isInForce() const;
 
@@ -37,11 +35,6 @@ class PendingImage {
   std::optional<std::pair<int, int>> firstRefused(const MapKind& kind) const;
 
  private:
-  struct Stretch {
-    std::int64_t from = 0;
-    std::int64_t to = 0;  // past the last byte
-  };
-  Stretch stretchOf(std::size_t entry) const;
   void formGroups();
   void joinGroups(std::size_t one, std::size_t other);
   void storeGroup(std::size_t group);
@@ -49,6 +42,7 @@ class PendingImage {
   void storeMap(const MapKind& kind);
   void storeAllParams();
   void put(std::int64_t address, std::uint8_t byte);
+  void countUnsaved();
 
   RomImage bytes_;
   std::int64_t unsaved_ = 0;

@@ -21,17 +21,15 @@ namespace {
 void storeCells(const MapExtent& extent) {
   const StoredCells cells(extent);
   const bool counts = extent.kind.countsProgress();
-  std::int64_t index = 0;
-  for (int line = 0; line < cells.rows(); ++line) {
-    for (int place = 0; place < cells.columns(); ++place, ++index) {
-      const auto stored = cells.bytesOf(index, cells.top() + line, cells.left() + place);
-      if (!stored) throw Failure(overflow);
-      const std::int64_t address = cells.addressOf(index);
-      setImageByte(address, stored->bytes[0]);
-      if (stored->count > 1) setImageByte(address + 1, stored->bytes[1]);
-      if (counts) countProgress();
-    }
-  }
+  cells.visit([&](std::int64_t index, int row, int column) {
+    const auto stored = cells.bytesOf(index, row, column);
+    if (!stored) throw Failure(overflow);
+    const std::int64_t address = cells.addressOf(index);
+    setImageByte(address, stored->bytes[0]);
+    if (stored->count > 1) setImageByte(address + 1, stored->bytes[1]);
+    if (counts) countProgress();
+    return true;
+  });
 }
 
 void checkInsideImage(const ParamEntry& entry) {

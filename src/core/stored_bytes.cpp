@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "controls/controls.h"
-#include "controls/grid.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "platform/failure.h"
@@ -19,15 +18,6 @@ namespace {
 std::int32_t unscaled(double number, double scale) {
   if (scale == 0) throw Failure(divisionByZero);
   return roundToLong(std::floor(number / scale));
-}
-
-// The number that is stored for a cell's text, which is that number times `scale` in a scaled map.
-std::int32_t storedNumber(std::string_view text, bool scaled, std::int32_t scale) {
-  if (const auto whole = bareNumber(text); whole && (!scaled || scale > 0)) {
-    return scaled ? *whole / scale : *whole;
-  }
-  const double number = parseNumber(text);
-  return scaled ? unscaled(number, scale) : roundToLong(number);
 }
 
 std::uint8_t digitPair(std::string_view digits, std::size_t pair) {
@@ -75,6 +65,7 @@ StoredCells::StoredCells(const MapExtent& extent)
       words_(extent.kind.family == MapFamily::airflow),
       scaled_(extent.kind.scaled()),
       scale_(entryOf(extent.kind).scale),
+      bareDigits_(!words_ && (!scaled_ || scale_ > 0)),
       drawn_(editorState.cellsDrawn[static_cast<std::size_t>(extent.kind.id)]),
       top_(grid_.fixedRows()),
       left_(grid_.fixedColumns()),
@@ -91,16 +82,26 @@ std::int64_t StoredCells::indexOf(int row, int column) const {
   return std::int64_t{line} * columns_ + place;
 }
 
-std::optional<StoredBytes> StoredCells::bytesOf(std::int64_t index, int row, int column) const {
-  if (!drawn(index)) return {};
+std::optional<StoredBytes> StoredCells::bytesOfAny(const std::string& text) const {
   try {
-    const std::int32_t number = storedNumber(grid_.text(row, column), scaled_, scale_);
-    if (words_) return wordOf(number);
-    if (number < 0 || number > byteLimit) return {};
-    return StoredBytes{{static_cast<std::uint8_t>(number), 0}, 1};
+    const double number = parseNumber(text);
+    if (words_) return wordOf(roundToLong(number));
+    return byteOf(scaled_ ? unscaled(number, scale_) : roundToLong(number));
   } catch (const Failure&) {
     return {};
   }
+}
+
+ByteStretch stretchOf(const MapKind& kind) {
+  if (!entryOf(kind).present()) return {};
+  const StoredCells cells(extentOf(kind));
+  return {cells.addressOf(0), cells.addressOf(cells.count())};
+}
+
+ByteStretch stretchOf(const ParamKind& kind) {
+  const ParamEntry& entry = editorState.addressMap.param(kind.id);
+  if (!entry.present()) return {};
+  return {entry.address, std::int64_t{entry.address} + entry.bytes};
 }
 
 std::vector<std::uint8_t> storedBytesOf(const ParamKind& kind) {

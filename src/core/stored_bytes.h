@@ -5,15 +5,23 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
+#include "controls/grid.h"
 #include "core/map_extent.h"
+#include "platform/numbers.h"
 
-class Grid;
-
+// Small enough to be handed over in a register: there is one for each cell of a write-back.
 struct StoredBytes {
   std::array<std::uint8_t, 2> bytes{};
-  int count = 1;
+  std::uint8_t count = 1;
+};
+
+// Bytes of the image that belong together.
+struct ByteStretch {
+  std::int64_t from = 0;
+  std::int64_t to = 0;  // past the last byte
 };
 
 // The cells of a map in the order in which they are stored, row by row, counted from 0.
@@ -33,14 +41,39 @@ class StoredCells {
   int cellBytes() const { return cellBytes_; }
 
   // Nothing for a text that the image can't take, and for a cell that no draw has filled.
-  std::optional<StoredBytes> bytesOf(std::int64_t index, int row, int column) const;
+  std::optional<StoredBytes> bytesOf(std::int64_t index, int row, int column) const {
+    if (!drawn(index)) return {};
+    const std::string& text = grid_.text(row, column);
+    const auto whole = bareDigits_ ? bareNumber(text) : std::nullopt;
+    return whole ? byteOf(scaled_ ? *whole / scale_ : *whole) : bytesOfAny(text);
+  }
   bool drawn(std::int64_t index) const { return index < drawn_; }
+  // Calls `visit(index, row, column)` for each cell in storing order, as long as it gives true.
+  // Gives the index at which it ended, `count` at the end.
+  template <class Visit>
+  std::int64_t visit(Visit each) const {
+    std::int64_t index = 0;
+    for (int row = top_; row < top_ + rows_; ++row) {
+      for (int column = left_; column < left_ + columns_; ++column, ++index) {
+        if (!each(index, row, column)) return index;
+      }
+    }
+    return index;
+  }
 
  private:
+  static std::optional<StoredBytes> byteOf(std::int32_t number) {
+    if (number < 0 || number > byteLimit) return {};
+    return StoredBytes{{static_cast<std::uint8_t>(number), 0}, 1};
+  }
+  // Of a text that is more than bare digits, or of a word.
+  std::optional<StoredBytes> bytesOfAny(const std::string& text) const;
+
   const Grid& grid_;
   bool words_;
   bool scaled_;
   std::int32_t scale_;
+  bool bareDigits_;  // say without real numbers which byte is stored
   std::int32_t drawn_;
   int top_;
   int left_;
@@ -49,6 +82,10 @@ class StoredCells {
   int cellBytes_;
   std::int64_t address_;
 };
+
+// Where the cells of a map and the bytes of a parameter are stored; empty for an absent entry.
+ByteStretch stretchOf(const MapKind& kind);
+ByteStretch stretchOf(const ParamKind& kind);
 
 // The bytes of a parameter's box, as many as its entry has; none for a box that never showed the
 // image's bytes, which has nothing to say about them. A text that is no number the image can take
