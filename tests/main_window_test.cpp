@@ -47,9 +47,11 @@ TEST_F(MainWindow, TheMenuTreeStands) {
             "use_s13_vq use_ps13_vq use_s14_vq use_s15_vq)) "
             "G_EDIT_RR(DISP_3D_Graph:Ctrl+G TP_2D) AF_DISP_FORM TP_BST_RECAL:Ctrl+R CALCU:Ctrl+N) "
             "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) "
-            "changes(undo:Ctrl+Z redo:Ctrl+Y; Ctrl+Shift+Z) view(against_nothing against_file "
-            "against_comparison view_line differences:Ctrl+D next_difference:F3 "
-            "last_difference:Shift+F3) HLP777(ver_displ)");
+            "changes(undo:Ctrl+Z redo:Ctrl+Y; Ctrl+Shift+Z changes_line set:Ctrl+E percent:Ctrl+5 "
+            "interpolate(across down both:Ctrl+I) coarse_up coarse_down) "
+            "view(against_nothing against_file against_comparison view_line differences:Ctrl+D "
+            "next_difference:F3 last_difference:Shift+F3) "
+            "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V) HLP777(ver_displ)");
 }
 
 TEST_F(MainWindow, StatusAndBarAreEmptyBehindEachCommand) {

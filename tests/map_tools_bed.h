@@ -90,8 +90,8 @@ class LoadedCarTest : public ProgramTest {
     return cells;
   }
   // "1 2|3" as the cells of a whole map, zeros behind.
-  static Matrix matrix(const std::string& text) {
-    Matrix cells(rows, std::vector<int>(columns));
+  static Matrix matrix(const std::string& text, int height = rows) {
+    Matrix cells(static_cast<std::size_t>(height), std::vector<int>(columns));
     std::istringstream lines(text);
     std::string line;
     for (int r = 0; std::getline(lines, line, '|'); ++r) {

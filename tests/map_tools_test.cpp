@@ -7,6 +7,7 @@
 #include "core/map_colours.h"
 #include "core/map_kinds.h"
 #include "editing/add_multiply.h"
+#include "editing/cell_change_dialogs.h"
 #include "editing/cell_editing.h"
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"
@@ -133,6 +134,64 @@ TEST_F(MapTools, WorkedExamplesOfAddingAndMultiplyingAndEntriesThatAreRefused) {
     EXPECT_EQ(dialog.loaded(), refused) << "stays open";
     EXPECT_EQ(dialog.focus() == &dialog.Text1, badThreshold) << given;
     dialog.userClose();
+  }
+}
+
+TEST_F(MapTools, SettingPercentAndFillingGiveTheNearestNumbersThatCanBeStored) {
+  // Tab, command, entry ("!": at least one step), threshold, and the block before and after;
+  // "refused" keeps it. Tab 7 is doubled, tab 1 has scales.
+  const std::tuple<int, const char*, std::string, const char*, const char*, const char*> table[] = {
+      {1, "set", "300", "", "1 2|3 4", "255 255|255 255"},
+      {1, "set", "7.5", "3", "1 2|3 4", "8 8|3 4"},
+      {1, "set", "", "", "1 2|3 4", "refused"},
+      {5, "set", "65536", "", "1 2", "65535 65535"},
+      {7, "set", "7", "", "1 2|3 4", "8 8|8 8"},
+      {1, "percent", "-3", "", "100 33 50 255", "97 32 49 247"},
+      {1, "percent", "1", "", "50 49 0 255", "51 49 0 255"},
+      {1, "percent", "-1!", "100", "50 49 0 100", "49 48 0 100"},
+      {1, "percent", "-100.001", "", "50 49", "refused"},
+      {5, "percent", "12.5", "", "4 65535 1000 12345", "5 65535 1125 13888"},
+      {7, "percent", "-3", "", "400 402 10 4", "388 390 10 4"},
+      {7, "percent", "3!", "", "10 510", "12 510"},
+      {1, "across", "even", "", "0 9 9 10|100 9 9 0", "0 3 7 10|100 67 33 0"},
+      {1, "across", "", "", "0 9 9 100", "0 22 56 100"},
+      {1, "across", "even", "9", "0 9 8 10", "0 9 7 10"},
+      {1, "down", "even", "", "0 1|9 9|10 0", "0 1|5 1|10 0"},
+      {1, "down", "", "", "0 1|9 9|100 0", "0 1|40 1|100 0"},
+      {1, "both", "even", "", "0 9 20|9 9 9|40 9 255", "0 10 20|20 79 138|40 148 255"},
+      {1, "across", "even", "", "1 2|3 4", "refused"}};
+  for (int i = 1; i <= columns; ++i)
+    form.TP_FUEL.setText(1, i, std::to_string(i * (i + 1) / 2 * 5));
+  for (int i = 0; i < rows; ++i) form.RPM_FUEL.setText(i, 0, std::to_string(i * (i + 3) * 250));
+  for (const auto& [tab, command, entry, threshold, before, after] : table) {
+    SCOPED_TRACE(std::string(command) + " " + before);
+    selectTab(tab);
+    Grid& grid = *activeGrid();
+    const std::string block(before);
+    const auto across =
+        std::count(block.begin(), block.begin() + std::min(block.find('|'), block.size()), ' ');
+    fill(grid, matrix(block, tab == airflowTab ? 1 : rows));
+    drag(grid, 1, 1, static_cast<int>(std::count(block.begin(), block.end(), '|')) + 1,
+         static_cast<int>(across) + 1);
+    const Matrix outside = numbers(grid);
+    pick(command);
+    for (CellChangeDialog* dialog : {static_cast<CellChangeDialog*>(&setDialog),
+                                     static_cast<CellChangeDialog*>(&percentDialog),
+                                     static_cast<CellChangeDialog*>(&interpolateDialog)}) {
+      if (!dialog->loaded()) continue;
+      if (*threshold) dialog->onlyBelow.userToggle();
+      if (*threshold) typeOver(dialog->threshold, threshold);
+      typeOver(setDialog.value, entry);
+      typeOver(percentDialog.percent, entry);
+      if (entry.ends_with('!')) percentDialog.atLeastOne.userToggle();
+      if (entry == "even") interpolateDialog.even.userSelect();
+      dialog->userEnter();
+      EXPECT_EQ(dialog->loaded(), after == std::string("refused"));
+      dialog->userClose();
+    }
+    EXPECT_EQ(selected(grid), after == std::string("refused") ? before : after);
+    EXPECT_EQ(told().empty(), after != std::string("refused"));
+    EXPECT_TRUE(form.enabled());
   }
 }
 

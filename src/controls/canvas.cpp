@@ -22,12 +22,20 @@ void Canvas::userMouseDown() {
   runHandler(onMouseDown);
 }
 
+void Canvas::userClick(int x, int y) {
+  if (takesInput()) runHandler(onClick, x, y);
+}
+
 void Canvas::userKeyDown(int keyCode) {
   if (takesInput()) runHandler(onKeyDown, keyCode);
 }
 
 void Canvas::userKey(char32_t key) {
   if (takesInput()) runHandler(onKey, key);
+}
+
+void Canvas::userControlKey(char32_t key) {
+  if (takesInput()) runHandler(onControlKey, key);
 }
 
 void Canvas::userKeyUp(int keyCode) {

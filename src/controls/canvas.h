@@ -47,12 +47,18 @@ class Canvas : public Control {
 
   // The user's doors. `key` is one of the codes below or a character's.
   void userMouseDown();
+  // A press of the left button, behind that, at a point of the surface.
+  void userClick(int x, int y);
   void userKeyDown(int keyCode);
   void userKey(char32_t key);
+  // The same with Ctrl, for a key that is no command of the window.
+  void userControlKey(char32_t key);
   void userKeyUp(int keyCode);
   std::function<void()> onMouseDown;
+  std::function<void(int x, int y)> onClick;
   std::function<void(int)> onKeyDown;
   std::function<void(char32_t)> onKey;
+  std::function<void(char32_t)> onControlKey;
   std::function<void(int)> onKeyUp;
 
  private:

@@ -61,6 +61,10 @@ class Desktop {
   bool asking() const { return asking_ > 0; }
 
   virtual void setClipboardText(const std::string& text) = 0;
+  // The same table as tab-separated text and as HTML at once.
+  virtual void setClipboardTable(const std::string& text, const std::string& html) = 0;
+  // Whether the clipboard holds HTML beside its text, as spreadsheets put it there.
+  virtual bool clipboardHasHtml() = 0;
   // Nothing when the clipboard holds no text.
   virtual std::optional<std::string> clipboardText() = 0;
 

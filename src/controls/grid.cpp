@@ -192,11 +192,18 @@ void Grid::userDoubleClick() {
   if (takesInput()) runHandler(onDoubleClick);
 }
 
-void Grid::userKey(char32_t key) {
+void Grid::userKey(char32_t key) { pressKey(key, key, onKey); }
+
+void Grid::userControlKey(char32_t key) {
+  constexpr char32_t withControl = 1U << 31;  // no character's
+  pressKey(key, key | withControl, onControlKey);
+}
+
+void Grid::pressKey(char32_t key, char32_t held, const std::function<void(char32_t)>& handler) {
   if (!takesInput()) return;
-  heldKey_ = key;
-  const Gesture gesture({this, key});
-  runHandler(onKey, key);
+  heldKey_ = held;
+  const Gesture gesture({this, held});
+  runHandler(handler, key);
 }
 
 void Grid::userKeyUp() {

@@ -134,6 +134,8 @@ class Grid : public Control {
   void userSelect(const GridSelection& selection);
   void userDoubleClick();
   void userKey(char32_t key);
+  // The same with Ctrl, for a key that is no command of the window.
+  void userControlKey(char32_t key);
   // A key that repeats goes up and down each time on some systems; `userKeyRest` is its real end.
   void userKeyUp();
   void userKeyRest();
@@ -142,6 +144,7 @@ class Grid : public Control {
   std::function<void()> onSelect;
   std::function<void()> onDoubleClick;
   std::function<void(char32_t)> onKey;
+  std::function<void(char32_t)> onControlKey;
   std::function<void()> onKeyUp;
   std::function<void(MouseButton)> onMouseDown;
 
@@ -169,6 +172,7 @@ class Grid : public Control {
       tell({Change::cell, row, column});
     }
   }
+  void pressKey(char32_t key, char32_t held, const std::function<void(char32_t)>& handler);
   void selectionChanged(const GridSelection& selection);
   void changed(Change::Kind kind);
 

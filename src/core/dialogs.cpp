@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "core/editor_state.h"
 #include "core/form1.h"
 
 const char* const failureTitle = "Detected error.This error is not fatal.";
@@ -43,6 +44,11 @@ void wireDialog(Window& dialog, DialogParts parts) {
 
 void showRefusal(const Wording& text) {
   desktop().showBox({BoxIcon::critical, BoxButtons::ok, worded(errorTitle), worded(text)});
+}
+
+void showMadeUpRefusal(const BothTexts& text) {
+  desktop().showBox({BoxIcon::critical, BoxButtons::ok, worded(errorTitle),
+                     editorState.english != 0 ? text.english : text.japanese});
 }
 
 void showFailure(int number, const std::string& remark, const std::string& name, BoxIcon icon) {

@@ -28,6 +28,8 @@ void wireDialog(Window& dialog, DialogParts parts);
 
 // A critical box titled "エラー" or "Error": the refusal of a command.
 void showRefusal(const Wording& text);
+// The same with a text that is made up at run time.
+void showMadeUpRefusal(const BothTexts& text);
 // The box of a command's failure: "*ERROR = [", the number, "]", `remark` and the name of the file.
 void showFailure(int number, const std::string& remark = {}, const std::string& name = {},
                  BoxIcon icon = BoxIcon::critical);

@@ -3,5 +3,8 @@
 
 #include <string_view>
 
+// So many steps does one of them together with Ctrl.
+constexpr int coarseSteps = 10;
+
 // True if `key` is the first character of `assignment`. An empty assignment matches no key.
 bool isAssignedKey(std::string_view assignment, char32_t key);

@@ -66,6 +66,10 @@ void MapCells::set(int row, int column, std::int32_t number, const Colour& colou
   put(row, column, {text.digits.data(), text.length}, background);
 }
 
+void MapCells::change(int row, int column, std::int32_t number) {
+  if (bareNumber(grid_.text(row, column)) != number) set(row, column, number);
+}
+
 void MapCells::setText(int row, int column, std::string_view text) {
   put(row, column, text, nullptr);
 }

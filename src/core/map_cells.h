@@ -29,6 +29,9 @@ class MapCells {
   void set(int row, int column, std::int32_t number);
   // The same in another colour, for what paints by a rule of its own. A scale stays unpainted.
   void set(int row, int column, std::int32_t number, const Colour& colour);
+  // The same as the first for a cell that shows another number; one that shows it already stays as
+  // it is, colour included.
+  void change(int row, int column, std::int32_t number);
   // A text that is no whole number, unpainted.
   void setText(int row, int column, std::string_view text);
   // Takes all texts and colours of the map's grid away, headers included.

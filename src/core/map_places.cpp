@@ -27,6 +27,13 @@ MapPlace placeOfFocus() {
   return {};
 }
 
+const MapKind* mapOfCursor() {
+  const MapKind* const focus = placeOfFocus().map;
+  const bool inSight = focus && focus->tab == editorState.currentTab;
+  const MapKind* const map = inSight ? focus : activeMap();
+  return map && entryOf(*map).present() ? map : nullptr;
+}
+
 void showTab(int tab) {
   if (editorState.currentTab != tab) form1().TabStrip1.userSelect(tab);
 }

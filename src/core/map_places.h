@@ -18,6 +18,10 @@ std::vector<MapPlace> placesByTab();
 // What the main window's focus is on.
 MapPlace placeOfFocus();
 
+// The map or scale on which the commands of many cells work: the one with the focus, else the map
+// of the tab. Null where the tab shows neither and for a map that the model lacks.
+const MapKind* mapOfCursor();
+
 void showTab(int tab);
 // The tab of the map, its cell selected alone, and the focus on it.
 void showCell(const MapKind& kind, int row, int column);

@@ -14,6 +14,9 @@ const Wording noAddressMap{
 const Wording nothingToSave{"データが読み込まれていないのに保存しようとしました。",
                             "Data did to preserve it been crowded as reading."};
 
+const Wording nothingSelected{"先にマップかスケールのセルを選択してください。",
+                              "Please select cells of a map or of a scale first."};
+
 bool refusedWithoutAddressMap() {
   if (!editorState.addressMap.typeUnit.empty()) return false;
   showRefusal(noAddressMap);

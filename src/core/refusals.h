@@ -8,3 +8,5 @@ bool refusedWithoutAddressMap();
 // The refusal of a saver while no image is loaded.
 bool refusedWithoutImage(const Wording& text);
 extern const Wording nothingToSave;
+// The refusal of a command that works on selected cells where there are none.
+extern const Wording nothingSelected;

@@ -15,6 +15,7 @@
 #include "core/global_parameters.h"
 #include "core/history.h"
 #include "core/image_bytes.h"
+#include "core/key_assignment.h"
 #include "core/map_colours.h"
 #include "core/map_display.h"
 #include "core/map_kinds.h"
@@ -129,12 +130,12 @@ void editHexCell() {
   writeHexCell(grid, grid.row(), grid.column(), editorState.cellValue);
 }
 
-void stepHexSelection(char32_t key) {
-  onStepKeys(key, [](int direction) {
+void stepHexSelection(char32_t key, int times) {
+  onStepKeys(key, [times](int direction) {
     Grid& grid = form6.eGrid;
     walkSelection(grid, [&](int row, int column) {
       const std::int32_t number = hexNumber(grid.text(row, column));
-      writeHexCell(grid, row, column, stepped(number, direction, 1, byteLimit));
+      writeHexCell(grid, row, column, stepped(number, direction, times, byteLimit));
     });
   });
 }
@@ -164,7 +165,8 @@ Form6::Form6()
   eGrid.nameAfter({&Frame1});
   onUnload = [this] { eGrid.resize(emptyRows, emptyColumns); };
   eGrid.onDoubleClick = editHexCell;
-  eGrid.onKey = stepHexSelection;
+  eGrid.onKey = [](char32_t key) { stepHexSelection(key, 1); };
+  eGrid.onControlKey = [](char32_t key) { stepHexSelection(key, coarseSteps); };
   eGrid.onMouseDown = [this](MouseButton button) {
     if (button == MouseButton::right) desktop().popUpMenu(edit_02);
   };

@@ -5,11 +5,16 @@
 #include <optional>
 
 #include "controls/desktop.h"
+#include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/history.h"
+#include "core/key_assignment.h"
 #include "core/map_cells.h"
 #include "core/map_colours.h"
+#include "core/map_places.h"
+#include "core/refusals.h"
+#include "core/wording.h"
 #include "editing/entry.h"
 #include "editing/selection.h"
 #include "platform/numbers.h"
@@ -55,10 +60,32 @@ bool followsAtRelease(const MapKind& kind) {
   return kind.rules().after == AfterEffect::airflowView;
 }
 
+void stepCells(const MapKind& kind, int direction, int times) {
+  Grid& grid = gridOf(kind);
+  const bool speeds = kind.family == MapFamily::rpmScale;
+  const std::int32_t step = clampTo32Bits(std::int64_t{speeds ? entryOf(kind).scale : 1} * times);
+  MapCells cells(kind);
+  const GridPause pause(grid);
+  nameStep(direction > 0 ? Wording{"増加キー", "step up"} : Wording{"減少キー", "step down"});
+  walkSelection(grid, [&](int row, int column) {
+    const std::int32_t value =
+        stepped(cells.number(row, column), direction, step, kind.rules().stepLimit);
+    cells.set(row, column, value, steppedColour(kind, value));
+  });
+}
+
+void stepCoarsely(int direction) {
+  const MapKind* const kind = mapOfCursor();
+  if (!kind) return showRefusal(nothingSelected);
+  stepCells(*kind, direction, coarseSteps);
+  showAfterEffect(*kind);
+}
+
 void wireMapGrid(const MapKind& kind) {
   Grid& grid = gridOf(kind);
   grid.onDoubleClick = [&kind] { editCell(kind); };
   grid.onKey = [&kind](char32_t key) { stepSelection(kind, key); };
+  grid.onControlKey = [&kind](char32_t key) { stepSelection(kind, key, coarseSteps); };
   if (followsAtRelease(kind)) grid.onKeyUp = [&kind] { showAfterEffect(kind); };
   if (!kind.ownsTab()) return;
   grid.onMouseDown = [](MouseButton button) {
@@ -80,21 +107,23 @@ void editCell(const MapKind& kind) {
   nameStep({"入力", "entry"}, decimalText(editorState.cellValue));
 }
 
-void stepSelection(const MapKind& kind, char32_t key) {
-  Grid& grid = gridOf(kind);
-  const bool speeds = kind.family == MapFamily::rpmScale;
-  const std::int32_t step = speeds ? entryOf(kind).scale : 1;
-  MapCells cells(kind);
+void stepSelection(const MapKind& kind, char32_t key, int times) {
   onStepKeys(key, [&](int direction) {
-    const GridPause pause(grid);
-    nameStep(direction > 0 ? Wording{"増加キー", "step up"} : Wording{"減少キー", "step down"});
-    walkSelection(grid, [&](int row, int column) {
-      const std::int32_t value =
-          stepped(cells.number(row, column), direction, step, kind.rules().stepLimit);
-      cells.set(row, column, value, steppedColour(kind, value));
-    });
+    stepCells(kind, direction, times);
     if (!followsAtRelease(kind)) showAfterEffect(kind);
   });
+}
+
+void stepCoarselyUp() { stepCoarsely(1); }
+
+void stepCoarselyDown() { stepCoarsely(-1); }
+
+void followCoarseKeys(MenuItem& row) {
+  const bool up = row.name() == "coarse_up";
+  const std::string& key = up ? editorState.plusKey : editorState.minusKey;
+  const std::string caption = captioned(up ? Wording{"10 段階増やす", "Ten steps up"}
+                                           : Wording{"10 段階減らす", "Ten steps down"});
+  row.setCaption(key.empty() ? caption : caption + " (Ctrl " + key + ")");
 }
 
 void wireMapGrids() {

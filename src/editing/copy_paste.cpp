@@ -8,14 +8,18 @@
 
 #include "controls/desktop.h"
 #include "core/editor_state.h"
+#include "core/form1.h"
 #include "core/history.h"
 #include "core/map_cells.h"
 #include "core/map_colours.h"
 #include "core/map_kinds.h"
+#include "core/notices.h"
 #include "editing/copy_buffer.h"
 #include "platform/numbers.h"
 
 namespace {
+
+constexpr const char* noticeSubject = "paste";
 
 bool startsWithNumber(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
@@ -77,6 +81,21 @@ std::int64_t readCells(ClipboardBlock& block, const GridBlock& target) {
   return place;
 }
 
+// A text that is no block of this program may be a spreadsheet's.
+void tellOfOtherPaste(std::string_view text) {
+  if (text.find_first_not_of(" \t\r\n") == std::string_view::npos) return;
+  tellNotice({noticeSubject,
+              NoticeKind::information,
+              {"このプログラムのブロックではありません。表計算の値は「表計算から張り付け」"
+               "(Ctrl+Shift+V) で張り付けられます。",
+               "This is no block of the program. Values of a spreadsheet are taken by \"Paste from "
+               "a spreadsheet\" (Ctrl+Shift+V)."},
+              {{{"張り付ける", "Paste them"}, [] {
+                  withdrawNotice(noticeSubject);
+                  form1().menuBar.find("paste_table")->userPick();
+                }}}});
+}
+
 }  // namespace
 
 void copyBlock(Grid& grid) {
@@ -93,7 +112,8 @@ void pasteBlock(const MapKind& kind) {
   const std::optional<std::string> text = desktop().clipboardText();
   if (!text) return;
   std::optional<ClipboardBlock> block = splitClipboard(*text);
-  if (!block) return;
+  if (!block) return tellOfOtherPaste(*text);
+  withdrawNotice(noticeSubject);
   editorState.copyLastColumn = block->lastColumn;
   editorState.copyLastRow = block->lastRow;
   const std::int64_t numbers = readCells(*block, grid.block());

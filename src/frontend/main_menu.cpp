@@ -17,10 +17,13 @@
 #include "core/map_kinds.h"
 #include "editing/add_multiply.h"
 #include "editing/address_dialog.h"
+#include "editing/cell_change_dialogs.h"
+#include "editing/cell_editing.h"
 #include "editing/copy_paste.h"
 #include "editing/map_copy.h"
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"
+#include "exchange/spreadsheet.h"
 #include "frontend/about.h"
 #include "frontend/environment.h"
 #include "frontend/main_window.h"
@@ -95,6 +98,9 @@ constexpr CommandGuard boost{
     {"ROM DATAが読み込まれていないのに、加給圧の計算はできません。",
      "ROM DATA reads and been crowded, a calculation of boost aren't possible."}};
 
+// The added commands say it in one way.
+constexpr CommandGuard needsImage{{"ROM DATAが読み込まれていません。", "No ROM image is loaded."}};
+
 const MenuRow rows[] = {
     {1, "file_load", "ﾌｧｲﾙ", "File", "", nullptr},
     {2, "read_read", "読み込み", "Load", "", nullptr},
@@ -150,6 +156,17 @@ const MenuRow rows[] = {
     {1, "changes", "変更", "Changes", "", nullptr},
     {2, "undo", "元に戻す", "Undo", "Ctrl+Z", undoChange},
     {2, "redo", "やり直し", "Redo", "Ctrl+Y; Ctrl+Shift+Z", redoChange},
+    {2, "changes_line", "-", "", "", nullptr},
+    {2, "set", "値の設定...", "Set...", "Ctrl+E", setSelection, &needsImage},
+    {2, "percent", "パーセント増減...", "Percent...", "Ctrl+5", changeByPercent, &needsImage},
+    {2, "interpolate", "補間", "Interpolate", "", nullptr},
+    {3, "across", "横...", "Across...", "", interpolateAcross, &needsImage},
+    {3, "down", "縦...", "Down...", "", interpolateDown, &needsImage},
+    {3, "both", "縦横...", "Both ways...", "Ctrl+I", interpolateBoth, &needsImage},
+    {2, "coarse_up", "10 段階増やす", "Ten steps up", "", stepCoarselyUp, &needsImage,
+     followCoarseKeys},
+    {2, "coarse_down", "10 段階減らす", "Ten steps down", "", stepCoarselyDown, &needsImage,
+     followCoarseKeys},
     {1, "view", "表示", "View", "", nullptr},
     {2, "against_nothing", "比較しない", "Compare with nothing", "", compareWithNothing, nullptr,
      followReference},
@@ -161,6 +178,11 @@ const MenuRow rows[] = {
     {2, "differences", "相違一覧", "Differences...", "Ctrl+D", showDifferences},
     {2, "next_difference", "次の相違", "Next difference", "F3", nextDifference},
     {2, "last_difference", "前の相違", "Previous difference", "Shift+F3", lastDifference},
+    {1, "exchange", "交換", "Exchange", "", nullptr},
+    {2, "copy_table", "表計算へコピー", "Copy for a spreadsheet", "Ctrl+Shift+C",
+     copyForSpreadsheet, &needsImage},
+    {2, "paste_table", "表計算から張り付け", "Paste from a spreadsheet", "Ctrl+Shift+V",
+     pasteFromSpreadsheet, &needsImage},
     {1, "HLP777", "ヘルプ", "Help", "", nullptr},
     {2, "ver_displ", "バージョン情報", "Veriosn", "", ver_displ},
 };

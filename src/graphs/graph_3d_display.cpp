@@ -126,7 +126,9 @@ void wireGraph3D() {
   window.onUnload = [] { DR_GRAPH.formActive = false; };
   window.Picture1.onMouseDown = [] { DR_GRAPH.Label13.setVisible(false); };
   window.Picture1.onKeyDown = graphKeyDown;
+  window.Picture1.onClick = graphClick;
   window.Picture1.onKey = graphKey;
+  window.Picture1.onControlKey = graphControlKey;
   window.Picture1.onKeyUp = graphKeyUp;
   window.onUndo = [] { moveBetweenSteps(undoGraphStep); };
   window.onRedo = [] { moveBetweenSteps(redoGraphStep); };

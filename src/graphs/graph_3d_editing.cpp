@@ -1,6 +1,8 @@
 #include "graphs/graph_3d_editing.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <limits>
 #include <string>
 
 #include "controls/canvas.h"
@@ -88,6 +90,29 @@ void takeParameters() {
   editorState.graphMagnification = selectedMagnification();
 }
 
+void changeHeight(char32_t key, int times) {
+  const std::int32_t step = selectedMagnification();
+  const std::int64_t change = std::int64_t{step} * times;
+  std::int32_t& height = heightAtCursor();
+  if (isAssignedKey(editorState.plusKey, key)) {
+    height = std::min(clampTo32Bits(height + change), byteLimit * step);
+  }
+  if (isAssignedKey(editorState.minusKey, key)) height = clampTo32Bits(height - change);
+  DR_GRAPH.Picture1.setFocus();
+}
+
+// Points far outside the picture are as good as one another.
+std::int64_t squaredDistance(std::int32_t column, std::int32_t row, int x, int y) {
+  constexpr std::int64_t farthest = 1'000'000;
+  const auto c = static_cast<std::size_t>(column), r = static_cast<std::size_t>(row);
+  const auto reach = [&](std::int64_t distance) {
+    return std::clamp<std::int64_t>(distance, -farthest, farthest);
+  };
+  const std::int64_t right = reach(std::int64_t{graphState.screenX[c][r]} - x);
+  const std::int64_t down = reach(std::int64_t{graphState.screenY[c][r]} - y);
+  return right * right + down * down;
+}
+
 }  // namespace
 
 void graphKeyDown(int keyCode) {
@@ -97,16 +122,22 @@ void graphKeyDown(int keyCode) {
   markCursor(markerRed);
 }
 
-void graphKey(char32_t key) {
-  const std::int32_t step = selectedMagnification();
-  std::int32_t& height = heightAtCursor();
-  if (isAssignedKey(editorState.plusKey, key)) {
-    height = std::min(clampTo32Bits(std::int64_t{height} + step), byteLimit * step);
+void graphKey(char32_t key) { changeHeight(key, 1); }
+
+void graphControlKey(char32_t key) { changeHeight(key, coarseSteps); }
+
+void graphClick(int x, int y) {
+  std::int64_t nearest = std::numeric_limits<std::int64_t>::max();
+  for (std::int32_t row = 1; row <= graphState.rows; ++row) {
+    for (std::int32_t column = 1; column <= graphState.columns; ++column) {
+      const std::int64_t distance = squaredDistance(column, row, x, y);
+      if (distance >= nearest) continue;
+      nearest = distance;
+      graphState.cursorColumn = column;
+      graphState.cursorRow = row;
+    }
   }
-  if (isAssignedKey(editorState.minusKey, key)) {
-    height = clampTo32Bits(std::int64_t{height} - step);
-  }
-  DR_GRAPH.Picture1.setFocus();
+  graphKeyUp(0);
 }
 
 void graphKeyUp(int /*keyCode*/) {

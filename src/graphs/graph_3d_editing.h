@@ -9,7 +9,12 @@
 // The keys of the canvas. A held key moves or changes without a redraw; that comes at its release.
 void graphKeyDown(int keyCode);
 void graphKey(char32_t key);
+// The same with Ctrl: ten steps.
+void graphControlKey(char32_t key);
 void graphKeyUp(int keyCode);
+
+// The cursor goes to the cell whose point is nearest.
+void graphClick(int x, int y);
 
 // Writes the heights into the map's cells with their colours, values limited to 0 to 255. A
 // failure is logged; cells written so far stay.

@@ -88,11 +88,13 @@ void keyDown(int keyCode) {
   D2_GRAPH.Picture1.repaint();
 }
 
-void keyPress(char32_t key) {
+void movePoint(char32_t key, int times) {
   if (tpGraphState.pointCount < 1) return;
   std::int32_t& y = pointY(tpGraphState.cursorPoint);
-  if (isAssignedKey(editorState.minusKey, key)) y = loweredTpPoint(y);
-  if (isAssignedKey(editorState.plusKey, key)) y = raisedTpPoint(y);
+  for (; times > 0; --times) {
+    if (isAssignedKey(editorState.minusKey, key)) y = loweredTpPoint(y);
+    if (isAssignedKey(editorState.plusKey, key)) y = raisedTpPoint(y);
+  }
 }
 
 void keyUp(int /*keyCode*/) {
@@ -139,7 +141,8 @@ D2Graph::D2Graph() : Window("D2_GRAPH") {
   Label2.setColour(orange);
   Picture1.describeBy({&Label1});
   Picture1.onKeyDown = keyDown;
-  Picture1.onKey = keyPress;
+  Picture1.onKey = [](char32_t key) { movePoint(key, 1); };
+  Picture1.onControlKey = [](char32_t key) { movePoint(key, coarseSteps); };
   Picture1.onKeyUp = keyUp;
   onUndo = [] { show(steps.undo()); };
   onRedo = [] { show(steps.redo()); };

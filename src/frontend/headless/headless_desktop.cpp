@@ -3,7 +3,15 @@
 #include "controls/window.h"
 #include "platform/files.h"
 
-void HeadlessDesktop::setClipboardText(const std::string& text) { clipboard = text; }
+void HeadlessDesktop::setClipboardText(const std::string& text) {
+  clipboard = text;
+  clipboardHtml.clear();
+}
+
+void HeadlessDesktop::setClipboardTable(const std::string& text, const std::string& html) {
+  clipboard = text;
+  clipboardHtml = html;
+}
 
 std::optional<std::string> HeadlessDesktop::clipboardText() { return clipboard; }
 

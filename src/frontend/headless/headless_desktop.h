@@ -42,9 +42,12 @@ class HeadlessDesktop : public Desktop {
   bool programsStart = true;
   bool storeWorks = true;
   std::optional<std::string> clipboard;
+  std::string clipboardHtml;  // "": none
   std::map<std::string, std::map<std::string, std::string>> store;
 
   void setClipboardText(const std::string& text) override;
+  void setClipboardTable(const std::string& text, const std::string& html) override;
+  bool clipboardHasHtml() override { return !clipboardHtml.empty(); }
   std::optional<std::string> clipboardText() override;
   std::string storedValue(const std::string& section, const std::string& key) override;
   bool storeValue(const std::string& section, const std::string& key,

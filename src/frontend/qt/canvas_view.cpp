@@ -6,11 +6,14 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/event_tap.h"
+#include "frontend/qt/key_text.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/text.h"
 
@@ -65,7 +68,7 @@ void paintRectangle(QPainter& painter, const CanvasItem& item) {
 // Where a pixel of the canvas is no whole number of the screen's, a line of that width would change
 // its own width from step to step; it is smoothed, through the middle of its pixels.
 void paintLines(QPainter& painter, const std::vector<QLine>& lines, Colour colour) {
-  const double ratio = painter.device()->devicePixelRatio();
+  const double ratio = painter.device()->devicePixelRatio() * painter.transform().m11();
   painter.save();
   if (ratio != std::floor(ratio)) {
     painter.setRenderHint(QPainter::Antialiasing);
@@ -135,17 +138,21 @@ void CanvasView::showValues() {
 void CanvasView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::black);
+  painter.translate(origin_);
+  painter.scale(scale_, scale_);
   paintItems(painter, record_.items());
 }
 
 void CanvasView::keyPressEvent(QKeyEvent* event) {
-  const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
-  if (command || forTheWindow(*event)) return event->ignore();
+  const auto commands = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+  const char32_t coarse = commands == Qt::ControlModifier ? characterWithControl(*event) : 0;
+  if ((commands && coarse == 0) || forTheWindow(*event)) return event->ignore();
   const bool repeated = isHeld(*event) && event->timestamp() == releasedAt_;
   if (release_.isActive() && !repeated) releaseHeldKey();
   release_.stop();
-  heldKey_ = HeldKey{keyCode(*event), event->nativeScanCode()};
+  heldKey_ = HeldKey{coarse ? otherKeyCode(coarse) : keyCode(*event), event->nativeScanCode()};
   record_.userKeyDown(heldKey_->code);
+  if (coarse) return record_.userControlKey(coarse);
   if (const char32_t typed = character(*event)) record_.userKey(typed);
 }
 
@@ -170,9 +177,32 @@ void CanvasView::releaseHeldKey() {
   record_.userKeyUp(code);
 }
 
-void CanvasView::mousePressEvent(QMouseEvent*) {
+// Only the left button picks a point.
+void CanvasView::mousePressEvent(QMouseEvent* event) {
   setFocus(Qt::MouseFocusReason);
   record_.userMouseDown();
+  if (event->button() != Qt::LeftButton) return;
+  const QPointF point = (event->position() - origin_) / scale_;
+  record_.userClick(qFloor(point.x()), qFloor(point.y()));
+}
+
+void CanvasView::growWithRoom() {
+  setMinimumSize(record_.width(), record_.height());
+  setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+}
+
+void CanvasView::onPlace(std::function<void()> follow) {
+  follow();
+  followers_.push_back(std::move(follow));
+}
+
+void CanvasView::resizeEvent(QResizeEvent*) {
+  const QSizeF picture(record_.width(), record_.height());
+  scale_ = std::max(std::min(width() / picture.width(), height() / picture.height()), 1.0);
+  const QSizeF room = size() - picture * scale_;
+  origin_ = QPointF(std::max(std::floor(room.width() / 2), 0.0),
+                    std::max(std::floor(room.height() / 2), 0.0));
+  for (const auto& follow : followers_) follow();
 }
 
 void CanvasView::focusInEvent(QFocusEvent* event) {
@@ -192,13 +222,16 @@ CanvasFrame::CanvasFrame(CanvasView* canvas) {
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(width);
   setFocusPolicy(Qt::NoFocus);
-  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+  const bool grows = canvas->maximumWidth() > canvas->minimumWidth();
+  setSizePolicy(QSizePolicy::Preferred, grows ? QSizePolicy::Expanding : QSizePolicy::Maximum);
   setAlignment(Qt::AlignCenter);
   // A frame that is wider than the canvas looks like more of it.
   QPalette palette = viewport()->palette();
   palette.setColor(QPalette::Window, Qt::black);
   viewport()->setPalette(palette);
   setWidget(canvas);
+  // One that can't grow stays as large as it is.
+  setWidgetResizable(true);
   tapEvents(canvas, [this](QEvent* event) {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
     return false;
@@ -206,7 +239,7 @@ CanvasFrame::CanvasFrame(CanvasView* canvas) {
 }
 
 QSize CanvasFrame::sizeHint() const {
-  return widget()->size() + QSize(frameWidth(), frameWidth()) * 2;
+  return widget()->minimumSize() + QSize(frameWidth(), frameWidth()) * 2;
 }
 
 QSize CanvasFrame::minimumSizeHint() const {
@@ -226,12 +259,25 @@ bool CanvasFrame::event(QEvent* event) {
 }
 
 QLabel* labelOn(CanvasView* canvas, Label& record, int x, int y) {
+  constexpr int fontPixels = 12;
   auto* const label = new QLabel(canvas);
-  QFont font = label->font();
-  font.setPixelSize(12);
-  label->setFont(font);
-  bind(label, record);
   label->setAttribute(Qt::WA_TransparentForMouseEvents);
-  label->move(x, y);
+  canvas->onPlace([canvas, label, x, y] {
+    QFont font = label->font();
+    font.setPixelSize(qRound(fontPixels * canvas->scale()));
+    label->setFont(font);
+    label->adjustSize();
+    label->move(canvas->placeOf(QPointF(x, y)).toPoint());
+  });
+  bind(label, record);
+  return label;
+}
+
+QLabel* boxOn(CanvasView* canvas, Label& record, const QRect& place) {
+  QLabel* const label = labelOn(canvas, record, place.x(), place.y());
+  label->setAlignment(Qt::AlignCenter);
+  canvas->onPlace([canvas, label, size = place.size()] {
+    label->setFixedSize((QSizeF(size) * canvas->scale()).toSize());
+  });
   return label;
 }

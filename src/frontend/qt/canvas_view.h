@@ -6,7 +6,9 @@
 #include <QTimer>
 #include <QWidget>
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <vector>
 
 #include "controls/canvas.h"
 #include "controls/controls.h"
@@ -17,12 +19,20 @@ class CanvasView : public QWidget {
  public:
   explicit CanvasView(Canvas& record, QWidget* parent = nullptr);
   ~CanvasView() override;
+  // The picture grows with the widget, drawn anew in each size; it is never smaller than designed.
+  void growWithRoom();
+  // Runs `follow` now and whenever the picture has another place.
+  void onPlace(std::function<void()> follow);
+  // Where a point of the picture stands in the widget, and by what it is enlarged.
+  QPointF placeOf(QPointF point) const { return origin_ + point * scale_; }
+  double scale() const { return scale_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
@@ -36,6 +46,9 @@ class CanvasView : public QWidget {
     std::uint32_t scanCode;
   };
   Canvas& record_;
+  double scale_ = 1;
+  QPointF origin_;
+  std::vector<std::function<void()>> followers_;
   std::optional<HeldKey> heldKey_;
   QTimer release_;
   unsigned long long releasedAt_ = 0;  // time stamp of the event
@@ -55,3 +68,5 @@ class CanvasFrame : public QScrollArea {
 
 // Places a label on the canvas; presses go through it to the canvas.
 QLabel* labelOn(CanvasView* canvas, Label& record, int x, int y);
+// The same with a place of fixed size.
+QLabel* boxOn(CanvasView* canvas, Label& record, const QRect& place);

@@ -9,6 +9,7 @@
 #include "frontend/qt/bind_menu.h"
 #include "frontend/qt/grid_model.h"
 #include "frontend/qt/grid_view.h"
+#include "frontend/qt/key_text.h"
 
 namespace {
 
@@ -210,6 +211,12 @@ bool GridView::editByKey(const QKeyEvent& event) {
 
 bool GridView::typeKey(const QKeyEvent& event) {
   const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  if ((event.modifiers() & commands) == Qt::ControlModifier) {
+    const char32_t key = characterWithControl(event);
+    if (key == 0) return false;
+    record_.userControlKey(key);
+    return true;
+  }
   const auto characters = event.text().toUcs4();
   if (characters.isEmpty() || (event.modifiers() & commands)) return false;
   if (!QChar::isPrint(characters.front())) return false;

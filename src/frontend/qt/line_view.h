@@ -1,13 +1,15 @@
-// The view of a line that belongs to a canvas's design.
+// The view of a line that belongs to a canvas's design, and grows with it.
 #pragma once
 
 #include <QWidget>
 
 #include "controls/line.h"
 
+class CanvasView;
+
 class LineView : public QWidget {
  public:
-  LineView(Line& record, QWidget* canvas);
+  LineView(Line& record, CanvasView* canvas);
   ~LineView() override;
 
  protected:
@@ -17,4 +19,5 @@ class LineView : public QWidget {
   void showValues();
 
   Line& record_;
+  const CanvasView& canvas_;
 };

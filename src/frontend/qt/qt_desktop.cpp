@@ -85,6 +85,18 @@ void QtDesktop::setClipboardText(const std::string& text) {
   QGuiApplication::clipboard()->setText(shown(text));
 }
 
+void QtDesktop::setClipboardTable(const std::string& text, const std::string& html) {
+  auto* const data = new QMimeData;
+  data->setText(shown(text));
+  data->setHtml(shown(html));
+  QGuiApplication::clipboard()->setMimeData(data);
+}
+
+bool QtDesktop::clipboardHasHtml() {
+  const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+  return data && data->hasHtml();
+}
+
 std::optional<std::string> QtDesktop::clipboardText() {
   const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
   if (!data || !data->hasText()) return std::nullopt;

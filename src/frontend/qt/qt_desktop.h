@@ -24,6 +24,8 @@ class QtDesktop : public Desktop {
   QWidget* widgetOf(Window& window);
 
   void setClipboardText(const std::string& text) override;
+  void setClipboardTable(const std::string& text, const std::string& html) override;
+  bool clipboardHasHtml() override;
   std::optional<std::string> clipboardText() override;
 
   std::string storedValue(const std::string& section, const std::string& key) override;

@@ -20,10 +20,9 @@ QWidget* makeD2GraphWindow() {
   D2Graph& form = D2_GRAPH;
   QDialog* const window = newDialog();
   auto* const canvas = new CanvasView(form.Picture1);
+  canvas->growWithRoom();
   labelOn(canvas, form.Label1, readOut.x(), readOut.y());
-  QLabel* const axis = labelOn(canvas, form.Label2, axisText.x(), axisText.y());
-  axis->setFixedSize(axisText.size());
-  axis->setAlignment(Qt::AlignCenter);
+  boxOn(canvas, form.Label2, axisText);
   auto* const rows = new QVBoxLayout(window);
   rows->addWidget(new CanvasFrame(canvas), 1);
   rows->addLayout(buttonRow({&form.Command1, &form.Command2}));

@@ -37,14 +37,6 @@ constexpr QRect busyNotice(453, 6, 134, 18);
 constexpr QRect tip(140, 8, 300, 66);
 constexpr int listWidth = 44;
 
-// A label in a place of fixed size.
-QLabel* boxOn(CanvasView* canvas, Label& record, const QRect& place) {
-  QLabel* const label = labelOn(canvas, record, place.x(), place.y());
-  label->setFixedSize(place.size());
-  label->setAlignment(Qt::AlignCenter);
-  return label;
-}
-
 void paintGround(QLabel* label, const QColor& colour) {
   QPalette palette = label->palette();
   palette.setColor(QPalette::Window, colour);
@@ -54,6 +46,7 @@ void paintGround(QLabel* label, const QColor& colour) {
 
 CanvasView* makeCanvas(DrGraph& form) {
   auto* const canvas = new CanvasView(form.Picture1);
+  canvas->growWithRoom();
   for (Line* line : {&form.Line1, &form.Line2, &form.Line3, &form.Line4}) {
     new LineView(*line, canvas);
   }

@@ -9,6 +9,7 @@
 #include "editing/add_multiply.h"
 #include "editing/address_dialog.h"
 #include "editing/address_grid.h"
+#include "editing/cell_change_dialogs.h"
 #include "editing/map_copy.h"
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"
@@ -53,6 +54,9 @@ constexpr std::array layouts{
     Layout{recordOf<oddeven>, makeOddEvenWindow},
     Layout{recordOf<frmAbout>, makeAboutWindow},
     Layout{recordOf<frmSplash>, makeSplashWindow},
+    Layout{recordOf<setDialog>, makeSetWindow},
+    Layout{recordOf<percentDialog>, makePercentWindow},
+    Layout{recordOf<interpolateDialog>, makeInterpolateWindow},
     Layout{recordOf<differencesWindow>, makeDifferencesWindow},
 };
 
