@@ -55,7 +55,7 @@ void showAfTable(Grid& targetGrid, const Grid& sourceGrid, int columns, int rows
   }
   for (int r = 1; r <= shownRows; ++r) {
     const std::int64_t rowAddress = address + std::int64_t{r - 1} * columns;
-    targetGrid.setText(r, 0, padHex(hexText(static_cast<std::uint32_t>(rowAddress)), 2));
+    targetGrid.setText(r, 0, hexDigits(rowAddress, 2));
     for (int c = 1; c <= shownColumns; ++c) showCell(targetGrid, r, c, sourceGrid.text(r, c));
   }
 }

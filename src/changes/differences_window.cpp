@@ -50,10 +50,8 @@ std::string headingText() {
   const RomImage* const reference = referenceImage();
   if (!reference)
     return captioned({"比較の対象がありません。", "There is nothing to compare with."});
-  const bool file = comparedWith() == Against::file;
-  const std::string other = file ? captioned({"ファイル", "the file"}) : editorState.compareTitle;
-  std::string text =
-      editorState.imageTitle + sizeOf(pendingImage.bytes()) + " - " + other + sizeOf(*reference);
+  std::string text = editorState.imageTitle + sizeOf(pendingImage.bytes()) + " - " +
+                     referenceName() + sizeOf(*reference);
   if (reference->size() != pendingImage.bytes().size()) {
     text += captioned({"　短い方の長さまで比較しています。",
                        ". They are compared as far as the shorter one goes."});
@@ -111,6 +109,7 @@ void DifferencesWindow::showRows() {
   const Difference kept = former ? *former : Difference{};
   const int formerRow = list.row();
   rows_ = differences();
+  shownChanges_ = changesOfDifferences();
   const GridPause pause(list);
   const int lines = std::max(static_cast<int>(std::size(rows_)) + 1, emptyRows);
   if (list.rows() != lines) list.resize(lines, columns);
@@ -131,7 +130,7 @@ void DifferencesWindow::showRows() {
 }
 
 void DifferencesWindow::follow() {
-  if (loaded()) showRows();
+  if (loaded() && shownChanges_ != changesOfDifferences()) showRows();
 }
 
 void showDifferences() {

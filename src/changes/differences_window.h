@@ -2,6 +2,7 @@
 // each map, scale and parameter that differs, then the stretches of bytes outside the address map.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "controls/button.h"
@@ -26,6 +27,7 @@ struct DifferencesWindow : Window {
   const Difference* chosen() const;
 
   std::vector<Difference> rows_;
+  std::uint64_t shownChanges_ = 0;
 };
 
 extern DifferencesWindow differencesWindow;

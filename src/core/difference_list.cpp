@@ -138,8 +138,6 @@ void addAllOutside(std::vector<Difference>& list, const RomImage& reference) {
   }
 }
 
-std::string hexByte(int byte) { return padHex(hexText(static_cast<std::uint32_t>(byte)), 1); }
-
 std::string lineOf(const Difference& each) {
   std::string line = nameOf(each);
   if (!each.param) {
@@ -186,7 +184,7 @@ void forEachPlace(const Difference& difference,
   for (std::int64_t at = difference.from; at <= difference.to; ++at) {
     const int former = byteOf(*reference, at);
     const int now = byteOf(pendingImage.bytes(), at);
-    if (former != now) tell({at, hexByte(former), hexByte(now), 0, 0});
+    if (former != now) tell({at, hexDigits(former, 1), hexDigits(now, 1), 0, 0});
   }
 }
 
@@ -220,17 +218,18 @@ std::string nameOf(const Difference& difference) {
   return captioned({"アドレスマップの外", "Outside the address map"});
 }
 
-std::string addressText(std::int64_t address) {
-  return "&H" + padHex(hexText(static_cast<std::uint32_t>(address)), 2);
+std::string referenceName() {
+  return comparedWith() == Against::file ? captioned({"ファイル", "the file"})
+                                         : editorState.compareTitle;
 }
+
+std::string addressText(std::int64_t address) { return "&H" + hexDigits(address, 2); }
 
 std::string differenceReport() {
   const RomImage* const reference = referenceImage();
   if (!reference) return {};
-  const bool file = comparedWith() == Against::file;
   std::string text = sizeText(editorState.imageTitle, pendingImage.bytes().size()) +
-                     sizeText(file ? captioned({"ファイル", "The file"}) : editorState.compareTitle,
-                              reference->size());
+                     sizeText(referenceName(), reference->size());
   for (const Difference& each : differences()) {
     text += "\r\n" + lineOf(each) + "\r\n";
     forEachPlace(each, [&text](const DifferentPlace& place) {

@@ -42,6 +42,8 @@ void takeOver(const Difference& difference);
 
 // What the user calls it.
 std::string nameOf(const Difference& difference);
+// What it is compared with: "the file", or the comparison image by its name.
+std::string referenceName();
 // "&H0100".
 std::string addressText(std::int64_t address);
 

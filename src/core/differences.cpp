@@ -26,10 +26,27 @@ namespace {
 
 Against against = Against::file;
 bool outdated = false;
-constexpr const char* unstorableSubject = "unstorable";
+std::uint64_t changes = 0;
 std::array<MarkedCells, mapCount + 1> marked{};
+std::vector<MarkedCells> noted;  // by tab
+
+constexpr const char* unstorableSubject = "unstorable";
+struct RefusedCell {
+  const MapKind* kind;
+  std::int64_t index;
+  std::string text;
+  bool operator==(const RefusedCell&) const = default;
+};
+std::optional<RefusedCell> noticed;
 
 MarkedCells& markedIn(const MapKind& kind) { return marked[static_cast<std::size_t>(kind.id)]; }
+
+bool sameBytes(const RomImage& one, const RomImage& other, const ByteStretch& stretch) {
+  const auto from = static_cast<std::ptrdiff_t>(stretch.from);
+  const auto to = static_cast<std::ptrdiff_t>(stretch.to);
+  return holdsBytes(one, from, to - from) && holdsBytes(other, from, to - from) &&
+         std::equal(one.begin() + from, one.begin() + to, other.begin() + from);
+}
 
 // Of few bytes, most often one.
 bool standsIn(const RomImage& image, std::int64_t address, std::span<const std::uint8_t> bytes) {
@@ -70,10 +87,37 @@ void markCell(MarkedCells& sums, Grid& grid, int row, int column, Mark mark) {
   grid.setMark(row, column, mark);
 }
 
+void clearMarks(const MapKind& kind) {
+  MarkedCells& sums = markedIn(kind);
+  if (sums == MarkedCells{}) return;
+  sums = {};
+  gridOf(kind).clearMarks();
+}
+
+// Of a map whose bytes tell all that its texts tell.
+void markByBytes(const MapKind& kind, const StoredCells& cells) {
+  const RomImage* const reference = referenceImage();
+  const ByteStretch all{cells.addressOf(0), cells.addressOf(cells.count())};
+  if (!reference || sameBytes(*reference, pendingImage.bytes(), all)) {
+    return clearMarks(kind);
+  }
+  MarkedCells& sums = markedIn(kind);
+  Grid& grid = gridOf(kind);
+  const std::int64_t bytes = cells.cellBytes();
+  cells.visit([&](std::int64_t index, int row, int column) {
+    const std::int64_t at = cells.addressOf(index);
+    const bool same = !holdsBytes(*reference, at, bytes) ||
+                      sameBytes(*reference, pendingImage.bytes(), {at, at + bytes});
+    markCell(sums, grid, row, column, same ? Mark::none : Mark::differs);
+    return true;
+  });
+}
+
 void markMap(const MapKind& kind) {
   Grid& grid = gridOf(kind);
   const GridPause pause(grid);
   const StoredCells cells(extentOf(kind));
+  if (pendingImage.holdsEachCellOf(kind, cells)) return markByBytes(kind, cells);
   MarkedCells& sums = markedIn(kind);
   cells.visit([&](std::int64_t index, int row, int column) {
     if (!cells.drawn(index)) return false;
@@ -112,17 +156,27 @@ std::string noteOf(const MarkedCells& cells) {
   return differing + (differing.empty() || unstorable.empty() ? "" : ", ") + unstorable;
 }
 
-// Names the first cell that stops its map's write-back.
+// Names the first cell that stops its map's write-back; the same one once, also when the user has
+// closed the notice.
 void noticeUnstorable() {
   const auto stops = [](const MapKind& kind) {
     return pendingImage.firstRefused(kind).has_value();
   };
   const auto kind = std::find_if(mapKinds().begin(), mapKinds().end(), stops);
-  if (kind == mapKinds().end()) return withdrawNotice(unstorableSubject);
-  const auto [row, column] = *pendingImage.firstRefused(*kind);
-  const std::string text = gridOf(*kind).text(row, column);
+  if (kind == mapKinds().end()) {
+    if (!noticed) return;
+    noticed.reset();
+    return withdrawNotice(unstorableSubject);
+  }
+  const std::int64_t index = *pendingImage.firstRefused(*kind);
   const StoredCells cells(extentOf(*kind));
-  const std::string place = addressText(cells.addressOf(cells.indexOf(row, column)));
+  const int row = cells.rowOf(index);
+  const int column = cells.columnOf(index);
+  const std::string text = gridOf(*kind).text(row, column);
+  const RefusedCell refused{&*kind, index, text};
+  if (noticed == refused) return;
+  noticed = refused;
+  const std::string place = addressText(cells.addressOf(index));
   const std::string name = nameOf(*kind);
   tellNotice({unstorableSubject,
               NoticeKind::warning,
@@ -130,23 +184,27 @@ void noticeUnstorable() {
                    "」は保存できません。このマップのそれより後も保存されません。",
                name + ", " + place + ": \"" + text +
                    "\" can't be stored, and nothing behind it in this map will be saved."},
-              {{{"移動", "Go there"},
-                [kind, row = row, column = column] { showCell(*kind, row, column); }}}});
+              {{{"移動", "Go there"}, [kind, row, column] { showCell(*kind, row, column); }}}});
 }
 
 void noteTabs() {
   TabStrip& tabs = form1().TabStrip1;
-  for (int tab = 1; tab <= tabs.count(); ++tab) tabs.setNote(tab, noteOf(markedOn(tab)));
+  noted.resize(static_cast<std::size_t>(tabs.count()) + 1);
+  for (int tab = 1; tab <= tabs.count(); ++tab) {
+    const MarkedCells now = markedOn(tab);
+    MarkedCells& before = noted[static_cast<std::size_t>(tab)];
+    if (now == before) continue;
+    before = now;
+    tabs.setNote(tab, noteOf(now));
+  }
 }
 
 void markAll() {
   outdated = false;
   pendingImage.rebuild();
-  marked = {};
   for (const MapKind& kind : mapKinds()) {
-    Grid& grid = gridOf(kind);
-    const GridPause pause(grid);
-    grid.clearMarks();
+    const GridPause pause(gridOf(kind));
+    clearMarks(kind);
     if (entryOf(kind).present()) markMap(kind);
   }
   markParams();
@@ -212,9 +270,12 @@ void followStep(const Step& step) {
       markParams();
     }
   }
+  ++changes;
   noteTabs();
   noticeUnstorable();
 }
+
+std::uint64_t changesOfDifferences() { return changes; }
 
 MarkedCells markedCells(const MapKind& kind) { return markedIn(kind); }
 
@@ -222,4 +283,6 @@ void resetDifferences() {
   against = Against::file;
   outdated = false;
   marked = {};
+  noted.clear();
+  noticed.reset();
 }

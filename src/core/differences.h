@@ -22,6 +22,9 @@ void differencesOutdated();
 // What a gesture changed, also when it is taken back.
 void followStep(const Step& step);
 
+// Grows whenever differences may have come or gone.
+std::uint64_t changesOfDifferences();
+
 // As at the program's start: compared with the file, nothing marked.
 void resetDifferences();
 
@@ -29,5 +32,6 @@ void resetDifferences();
 struct MarkedCells {
   std::int32_t differing = 0;
   std::int32_t unstorable = 0;
+  bool operator==(const MarkedCells&) const = default;
 };
 MarkedCells markedCells(const MapKind& kind);

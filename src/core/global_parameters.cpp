@@ -16,7 +16,7 @@ std::string storedDigits(const ParamEntry& entry, const RomImage& image) {
   std::string digits;
   for (int i = 0; i < entry.bytes; ++i) {
     const int byte = byteOf(image, std::int64_t{entry.address} + i);
-    digits += padHex(hexText(static_cast<std::uint32_t>(byte)), 1);
+    digits += hexDigits(byte, 1);
   }
   return digits;
 }

@@ -19,10 +19,6 @@ namespace {
 constexpr int addressWidth = 620;       // twips
 constexpr int limitHeaderHeight = 194;  // twips
 
-std::string addressHeader(std::int64_t address) {
-  return padHex(hexText(static_cast<std::uint32_t>(address)), 2);
-}
-
 void drawColumnHeaders(Grid& grid, int columns) {
   for (int c = 0; c < columns; ++c) {
     grid.setText(0, c + 1, "+" + hexText(static_cast<std::uint32_t>(c)));
@@ -36,7 +32,7 @@ void drawBytes(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
   const bool counts = extent.kind.countsProgress();
   std::int64_t next = extent.address;
   for (int r = 1; r <= extent.rows; ++r) {
-    grid.setText(r, 0, addressHeader(next));
+    grid.setText(r, 0, hexDigits(next, 2));
     for (int c = 1; c <= extent.columns; ++c) {
       showStored(cells, shown, r, c, imageByte(next++));
       ++drawn;
@@ -60,7 +56,7 @@ void drawAirflow(Grid& grid, const MapExtent& extent, std::int32_t& drawn) {
   MapCells cells(extent.kind);
   for (int word = 1; word <= words; ++word) grid.setText(0, word, "+" + signedBlank(word));
   for (int r = 1; r <= extent.rows; ++r) {
-    grid.setText(r, 0, addressHeader(extent.address));
+    grid.setText(r, 0, hexDigits(extent.address, 2));
     for (int word = 0; word < words; ++word) {
       const std::int64_t place = extent.address + 2 * std::int64_t{word};
       cells.set(r, word + 1, storedIn(editorState.image, extent.kind, place));

@@ -13,12 +13,22 @@ PendingImage pendingImage;
 namespace {
 
 constexpr std::size_t firstParam = mapCount;
+constexpr std::int64_t nowhere = -1;
+constexpr std::size_t blockBytes = 4096;
 
 std::size_t entryNumber(const MapKind& kind) { return static_cast<std::size_t>(kind.id - 1); }
 
 ByteStretch stretchOfEntry(std::size_t entry) {
   return entry < firstParam ? stretchOf(mapKinds()[entry])
                             : stretchOf(paramKinds()[entry - firstParam]);
+}
+
+// How many bytes of two blocks differ; most often none.
+std::int64_t unlike(const std::uint8_t* one, const std::uint8_t* other, std::size_t size) {
+  if (std::equal(one, one + size, other)) return 0;
+  std::int64_t count = 0;
+  for (std::size_t i = 0; i < size; ++i) count += one[i] != other[i];
+  return count;
 }
 
 }  // namespace
@@ -79,7 +89,11 @@ void PendingImage::storeMap(const MapKind& kind) {
     put(address + 1, stored->bytes[1]);
     return true;
   };
-  stopsAt_[static_cast<std::size_t>(kind.id)] = cells.visit(store);
+  const std::int64_t stop = cells.visit(store);
+  stopsAt_[static_cast<std::size_t>(kind.id)] = stop;
+  const bool refused = cells.drawn(stop) && stop < cells.count() &&
+                       !cells.bytesOf(stop, cells.rowOf(stop), cells.columnOf(stop));
+  refusesAt_[static_cast<std::size_t>(kind.id)] = refused ? stop : nowhere;
 }
 
 void PendingImage::storeAllParams() {
@@ -115,6 +129,8 @@ void PendingImage::rebuild() {
   shown_ = editorState.paramShown;
   bytes_ = editorState.image;
   formGroups();
+  stopsAt_.fill(0);
+  refusesAt_.fill(nowhere);
   for (const MapKind& kind : mapKinds()) {
     if (entryOf(kind).present()) storeMap(kind);
   }
@@ -126,7 +142,10 @@ void PendingImage::countUnsaved() {
   const RomImage& saved = editorState.savedImage;
   const std::size_t common = std::min(saved.size(), bytes_.size());
   unsaved_ = static_cast<std::int64_t>(std::max(saved.size(), bytes_.size()) - common);
-  for (std::size_t i = 0; i < common; ++i) unsaved_ += bytes_[i] != saved[i];
+  for (std::size_t from = 0; from < common; from += blockBytes) {
+    unsaved_ +=
+        unlike(bytes_.data() + from, saved.data() + from, std::min(blockBytes, common - from));
+  }
 }
 
 bool PendingImage::isInForce() const {
@@ -156,12 +175,12 @@ std::vector<const MapKind*> PendingImage::storeParams() {
   return mapsOf(groups_[firstParam]);
 }
 
-std::optional<std::pair<int, int>> PendingImage::firstRefused(const MapKind& kind) const {
-  if (!entryOf(kind).present()) return {};
-  const std::int64_t index = stopsAt_[static_cast<std::size_t>(kind.id)];
-  const StoredCells cells(extentOf(kind));
-  if (index >= cells.count() || !cells.drawn(index)) return {};
-  const std::pair place(cells.rowOf(index), cells.columnOf(index));
-  if (cells.bytesOf(index, place.first, place.second)) return {};
-  return place;
+bool PendingImage::holdsEachCellOf(const MapKind& kind, const StoredCells& cells) const {
+  return alone_[entryNumber(kind)] && stopsAt_[static_cast<std::size_t>(kind.id)] == cells.count();
+}
+
+std::optional<std::int64_t> PendingImage::firstRefused(const MapKind& kind) const {
+  const std::int64_t index = refusesAt_[static_cast<std::size_t>(kind.id)];
+  if (index == nowhere) return {};
+  return index;
 }

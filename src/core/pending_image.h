@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "core/editor_state.h"
@@ -31,8 +30,10 @@ class PendingImage {
   // Stores all that shares bytes with the map, or with the parameters; gives the maps among it.
   std::vector<const MapKind*> storeAllAround(const MapKind& kind);
   std::vector<const MapKind*> storeParams();
-  // The place in the grid of the map's first cell whose text the image can't take.
-  std::optional<std::pair<int, int>> firstRefused(const MapKind& kind) const;
+  // The index of the map's first cell whose text the image can't take.
+  std::optional<std::int64_t> firstRefused(const MapKind& kind) const;
+  // True where all cells of a map stand here as their texts tell.
+  bool holdsEachCellOf(const MapKind& kind, const StoredCells& cells) const;
 
  private:
   void formGroups();
@@ -50,6 +51,7 @@ class PendingImage {
   std::array<bool, paramCount> shown_{};
   // Of each map its first cell that a write-back doesn't store; by MapId.
   std::array<std::int64_t, mapCount + 1> stopsAt_{};
+  std::array<std::int64_t, mapCount + 1> refusesAt_{};  // -1: at none
   // Entries with bytes in common have one number: maps in MapId order, then the parameters, which
   // are all one group, since one that can't be stored stops those behind it.
   std::array<std::size_t, mapCount + paramCount> groups_{};

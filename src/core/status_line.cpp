@@ -27,7 +27,7 @@ namespace {
 constexpr std::int64_t mostCellsSummed = 65'536;
 
 // Parts of a line, some room between them.
-class Line {
+class StatusText {
  public:
   void add(const std::string& part) {
     if (part.empty()) return;
@@ -62,7 +62,7 @@ std::string unlessSame(const std::string& now, Show show) {
 }
 
 template <class Show>
-void addOthers(Line& line, Show show) {
+void addOthers(StatusText& line, Show show) {
   std::string now;
   trapFailure([&] { now = show(pendingImage.bytes()); });
   line.add({"ファイル", "file"}, unlessSame(now, [&] { return show(editorState.savedImage); }));
@@ -71,7 +71,7 @@ void addOthers(Line& line, Show show) {
            unlessSame(now, [&] { return show(editorState.compareImage); }));
 }
 
-void addSelection(Line& line, const Grid& grid) {
+void addSelection(StatusText& line, const Grid& grid) {
   const GridBlock block = grid.block();
   const std::int64_t count = std::int64_t{block.rows()} * block.columns();
   if (count < 2) return;
@@ -101,7 +101,7 @@ std::string lineOf(const MapKind& kind) {
   const std::int64_t index = cells.indexOf(grid.row(), grid.column());
   if (index < 0 || !cells.drawn(index)) return {};
   const std::int64_t address = cells.addressOf(index);
-  Line line;
+  StatusText line;
   line.add(addressText(address));
   line.add({"回転数", "RPM"}, grid.rowMeaning(grid.row()));
   line.add({"TP", "TP"}, grid.columnMeaning(grid.column()));
@@ -118,7 +118,7 @@ std::string lineOf(const MapKind& kind) {
 std::string lineOf(const ParamKind& kind) {
   const ParamEntry& entry = editorState.addressMap.param(kind.id);
   if (!entry.present()) return {};
-  Line line;
+  StatusText line;
   line.add(addressText(entry.address));
   line.add(decimalText(entry.bytes) + captioned({"バイト", entry.bytes == 1 ? " byte" : " bytes"}));
   addOthers(line, [&kind](const RomImage& image) { return paramText(kind, image).value_or(""); });

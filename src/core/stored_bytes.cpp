@@ -27,7 +27,7 @@ std::uint8_t digitPair(std::string_view digits, std::size_t pair) {
 }
 
 StoredBytes wordOf(std::int32_t value) {
-  const std::string digits = padHex(hexText(static_cast<std::uint32_t>(value)), 2);
+  const std::string digits = hexDigits(value, 2);
   return {{digitPair(digits, 0), digitPair(digits, 1)}, 2};
 }
 
@@ -44,7 +44,7 @@ std::string digitsOf(const ParamKind& kind, const ParamEntry& entry) {
   const std::string& text = (form1().*kind.box).text();
   if (!kind.scaled()) return oneBytePerCharacter(text);
   const std::int32_t value = unscaled(parseNumber(text), entry.scale);
-  return padHex(hexText(static_cast<std::uint32_t>(value)), entry.bytes);
+  return hexDigits(value, entry.bytes);
 }
 
 int columnsStored(const MapExtent& extent) {

@@ -53,8 +53,10 @@ class StoredCells {
   template <class Visit>
   std::int64_t visit(Visit each) const {
     std::int64_t index = 0;
-    for (int row = top_; row < top_ + rows_; ++row) {
-      for (int column = left_; column < left_ + columns_; ++column, ++index) {
+    const std::int64_t below = std::int64_t{top_} + rows_;  // as many as a file may ask for
+    const std::int64_t beside = std::int64_t{left_} + columns_;
+    for (int row = top_; row < below; ++row) {
+      for (int column = left_; column < beside; ++column, ++index) {
         if (!each(index, row, column)) return index;
       }
     }

@@ -38,11 +38,9 @@ constexpr int emptyColumns = 2;
 const Wording hexQuestion{"データは？\r\n\r\n設定できるデータの大きさは、00-FF",
                           "Data?\r\n\r\nFor a size of data that I can set up, 00-FF"};
 
-std::string hexAddress(std::int64_t address) {
-  return padHex(hexText(static_cast<std::uint32_t>(address)), 2);
-}
+std::string hexAddress(std::int64_t address) { return hexDigits(address, 2); }
 
-std::string hexByte(int byte) { return padHex(hexText(static_cast<std::uint32_t>(byte)), 1); }
+std::string hexByte(int byte) { return hexDigits(byte, 1); }
 
 std::int32_t hexNumber(std::string_view text) { return hexPrefix(text); }
 

@@ -15,7 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int longestChainOfLinks = 40;  // as the system itself allows
 constexpr int numbersToTry = 100;
 
 struct Replacement {
@@ -42,15 +41,6 @@ void tidyBeside(const fs::path& target) {
     if (found.kind == Beside::previous && fs::exists(record, unknown)) continue;
     removeIfAbandoned(found.path);
   }
-}
-
-fs::path behindLinks(fs::path path) {
-  for (int i = 0; i < longestChainOfLinks; ++i) {
-    std::error_code missing;
-    if (!fs::is_symlink(fs::symlink_status(path, missing))) return path;
-    path = path.parent_path() / fs::read_symlink(path);
-  }
-  throw std::system_error(std::make_error_code(std::errc::too_many_symbolic_link_levels));
 }
 
 // Runs `step`; errors become the Failure that fits the replacement's path.

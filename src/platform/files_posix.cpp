@@ -22,6 +22,7 @@ constexpr mode_t newFile = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_I
 constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;
 constexpr std::size_t smallestStep = 65536;      // bytes by which a growing file is followed
 constexpr std::size_t largestStep = 0x40000000;  // bytes in one call; some systems refuse more
+constexpr int longestChainOfLinks = 40;          // as the system itself allows
 
 class Descriptor {
  public:
@@ -144,6 +145,15 @@ std::vector<std::uint8_t> readRegularFile(const fs::path& path, std::size_t atMo
 void requireReadable(const fs::path& path) {
   const Descriptor file(openRegular(path));
   regularSize(file.number());
+}
+
+fs::path behindLinks(fs::path path) {
+  for (int i = 0; i < longestChainOfLinks; ++i) {
+    std::error_code missing;
+    if (!fs::is_symlink(fs::symlink_status(path, missing))) return path;
+    path = path.parent_path() / fs::read_symlink(path);
+  }
+  throw std::system_error(std::make_error_code(std::errc::too_many_symbolic_link_levels));
 }
 
 void requireReplaceable(const fs::path& target) {

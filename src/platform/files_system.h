@@ -30,6 +30,9 @@ std::vector<std::uint8_t> readRegularFile(const std::filesystem::path& path, std
 // Throws unless `path` opens as a regular file for reading.
 void requireReadable(const std::filesystem::path& path);
 
+// The file that a chain of links leads to: replacing it leaves the links in place.
+std::filesystem::path behindLinks(std::filesystem::path path);
+
 // Throws if `target` is there but is no regular file or may not be written.
 void requireReplaceable(const std::filesystem::path& target);
 

@@ -116,7 +116,7 @@ std::size_t readSome(HANDLE file, std::span<std::uint8_t> room) {
 }
 
 // What can't be taken over is left as the folder gives it. A new file is marked for archives alone.
-void takeAttributesAndAccess(const fs::path& path, const fs::path& from) {
+void takeAttributesAndAccess(const fs::path& path, HANDLE file, const fs::path& from) {
   const DWORD attributes = GetFileAttributesW(from.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return;
   const DWORD kept = attributes & keptAttributes;
@@ -134,7 +134,7 @@ void takeAttributesAndAccess(const fs::path& path, const fs::path& from) {
     access.resize(size);
     read = reads();
   }
-  if (read) SetFileSecurityW(path.c_str(), part, access.data());
+  if (read) SetKernelObjectSecurity(file, part, access.data());
 }
 
 // With the current folder before it, separators alike, and without the dots and blanks that the
@@ -199,6 +199,10 @@ std::vector<std::uint8_t> readRegularFile(const fs::path& path, std::size_t atMo
 
 void requireReadable(const fs::path& path) { const Handle file(openRegular(path)); }
 
+// A link is replaced like any other file: the C++ library knows no links here, and its question
+// would cost as much as half a save.
+fs::path behindLinks(fs::path path) { return path; }
+
 void requireReplaceable(const fs::path& target) {
   const DWORD attributes = GetFileAttributesW(target.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) {
@@ -235,12 +239,12 @@ WaitingFile::~WaitingFile() {
 }
 
 std::optional<WaitingFile> WaitingFile::create(const fs::path& path, const fs::path& target) {
-  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE | WRITE_DAC, FILE_SHARE_READ, nullptr,
+                                  CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_EXISTS) return std::nullopt;
   require(file != INVALID_HANDLE_VALUE);
   WaitingFile waiting(path, reinterpret_cast<std::intptr_t>(file));
-  takeAttributesAndAccess(path, target);
+  takeAttributesAndAccess(path, file, target);
   return waiting;
 }
 

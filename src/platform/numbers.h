@@ -65,6 +65,10 @@ std::string hexText(std::uint32_t value);
 // Pads with "0" on the left up to 2 * `bytes` digits. An empty text stays empty, a longer one
 // stays.
 std::string padHex(std::string text, int bytes);
+// The low 32 bits in at least 2 * `bytes` digits.
+inline std::string hexDigits(std::int64_t value, int bytes) {
+  return padHex(hexText(static_cast<std::uint32_t>(value)), bytes);
+}
 
 // Plain decimal form, exact to the last bit when read back: no exponent, no superfluous zeros, no
 // minus zero ("0.5", "6500", "-3"). What is not finite gives "inf", "-inf" or "nan".

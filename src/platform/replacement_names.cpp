@@ -50,9 +50,7 @@ std::uint64_t hashOf(std::string_view text) {
 }
 
 std::string hex64(std::uint64_t value) {
-  const auto half = [](std::uint64_t bits) {
-    return padHex(hexText(static_cast<std::uint32_t>(bits & 0xFFFFFFFF)), 4);
-  };
+  const auto half = [](std::uint64_t bits) { return hexDigits(bits & 0xFFFFFFFF, 4); };
   return half(value >> 32) + half(value);
 }
 
