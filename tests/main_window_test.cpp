@@ -48,7 +48,8 @@ TEST_F(MainWindow, TheMenuTreeStands) {
             "G_EDIT_RR(DISP_3D_Graph:Ctrl+G TP_2D) AF_DISP_FORM TP_BST_RECAL:Ctrl+R CALCU:Ctrl+N) "
             "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) "
             "changes(undo:Ctrl+Z redo:Ctrl+Y; Ctrl+Shift+Z changes_line set:Ctrl+E percent:Ctrl+5 "
-            "interpolate(across down both:Ctrl+I) coarse_up coarse_down) "
+            "interpolate(across down both:Ctrl+I) coarse_up coarse_down states_line "
+            "earlier_states) "
             "view(against_nothing against_file against_comparison view_line differences:Ctrl+D "
             "next_difference:F3 last_difference:Shift+F3) "
             "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V) HLP777(ver_displ)");

@@ -68,6 +68,10 @@ class Desktop {
   // Nothing when the clipboard holds no text.
   virtual std::optional<std::string> clipboardText() = 0;
 
+  // The folder of this user's own data, which need not be there yet; "" where there is none and
+  // nothing may be written.
+  virtual std::string dataFolder() = 0;
+
   // The per-user store, by section and key. Reading a missing key gives "". Writing gives false
   // when the store can't be written, deleting a section also when there is none. Enumerating gives
   // rows of key and value in the keys' order.

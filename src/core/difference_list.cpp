@@ -219,6 +219,7 @@ std::string nameOf(const Difference& difference) {
 }
 
 std::string referenceName() {
+  if (comparedWith() == Against::state) return comparedStateName();
   return comparedWith() == Against::file ? captioned({"ファイル", "the file"})
                                          : editorState.compareTitle;
 }

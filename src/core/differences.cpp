@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/grid.h"
@@ -27,6 +28,8 @@ namespace {
 Against against = Against::file;
 bool outdated = false;
 std::uint64_t changes = 0;
+RomImage state;
+std::string stateName;
 std::array<MarkedCells, mapCount + 1> marked{};
 std::vector<MarkedCells> noted;  // by tab
 
@@ -242,6 +245,14 @@ void compareWith(Against which) {
   differencesOutdated();
 }
 
+void compareWithState(RomImage bytes, std::string name) {
+  state = std::move(bytes);
+  stateName = std::move(name);
+  compareWith(Against::state);
+}
+
+const std::string& comparedStateName() { return stateName; }
+
 const RomImage* referenceImage() {
   if (editorState.imageSize == 0) return nullptr;
   switch (against) {
@@ -249,6 +260,8 @@ const RomImage* referenceImage() {
       return &editorState.savedImage;
     case Against::comparison:
       return editorState.compareLoaded > 0 ? &editorState.compareImage : nullptr;
+    case Against::state:
+      return &state;
     case Against::nothing:
       break;
   }
@@ -281,6 +294,7 @@ MarkedCells markedCells(const MapKind& kind) { return markedIn(kind); }
 
 void resetDifferences() {
   against = Against::file;
+  state.clear();
   outdated = false;
   marked = {};
   noted.clear();

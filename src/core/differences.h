@@ -4,16 +4,20 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "core/editor_state.h"
 #include "core/map_kinds.h"
 
 struct Step;
 
-enum class Against { nothing, file, comparison };
+enum class Against { nothing, file, comparison, state };
 
 Against comparedWith();
 void compareWith(Against which);
+// The same with bytes of their own, which are called `name`.
+void compareWithState(RomImage bytes, std::string name);
+const std::string& comparedStateName();
 // The bytes that are compared with; null where there are none.
 const RomImage* referenceImage();
 

@@ -72,6 +72,8 @@ struct Form1 : Window {
   Label noticeText{*this};
   Button noticeAction1{*this}, noticeAction2{*this}, noticeClose{*this};
   Timer noticeTimer{*this, 0};
+  // Runs out when an unsaved image is to be kept.
+  Timer stateTimer{*this, 0};
   // The status line: what the cursor is on, what isn't saved, what the last command did.
   Label cursorStatus{*this}, unsavedStatus{*this}, doneStatus{*this};
 

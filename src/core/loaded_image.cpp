@@ -7,6 +7,7 @@
 #include "core/data_replaced.h"
 #include "core/form1.h"
 #include "core/title_and_size.h"
+#include "core/unsaved_states.h"
 #include "platform/failure.h"
 
 void takeImage(RomImage bytes) {
@@ -19,6 +20,7 @@ void takeImage(RomImage bytes) {
 }
 
 void dropImage() {
+  keepGivenUpImage();
   dataReplaced();
   editorState.image.clear();
   editorState.savedImage.clear();

@@ -7,8 +7,8 @@
 // `image` and `savedImage` become `bytes`, `imageSize` their number. No bytes at all fail with
 // badSubscript.
 void takeImage(RomImage bytes);
-// Drops the image and what the grids show of it, so that no save can write half a load; title bar
-// and file size say so.
+// Drops the image, which is kept as an earlier state if it isn't saved, and what the grids show of
+// it, so that no save can write half a load; title bar and file size say so.
 void dropImage();
 
 // Keeps what a file dialog returned; then, once the file is loaded or saved, the image takes its

@@ -5,6 +5,7 @@
 #include "controls/mark_meaning.h"
 #include "core/address_map.h"
 #include "core/differences.h"
+#include "core/earlier_states.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/history.h"
@@ -13,10 +14,12 @@
 #include "core/notices.h"
 #include "core/settings_file.h"
 #include "core/status_line.h"
+#include "core/unsaved_states.h"
 #include "core/wording.h"
 #include "frontend/languages.h"
 #include "frontend/main_menu.h"
 #include "frontend/main_window.h"
+#include "imagefiles/earlier_states_window.h"
 #include "imagefiles/recent_files.h"
 #include "imagefiles/vq_tables.h"
 
@@ -92,6 +95,8 @@ void loadForm1() {
   form.onUnload = [] { differencesWindow.unload(); };
   differencesWindow.unload();
   wireNotices();
+  resetEarlierStates();
+  watchUnsavedImage(showEarlierStates);
   wireStatus();
   keepHistory();
   showHistory();

@@ -30,6 +30,7 @@
 #include "graphs/graph_3d_display.h"
 #include "graphs/tp_curve.h"
 #include "imagefiles/comparison_image.h"
+#include "imagefiles/earlier_states_window.h"
 #include "imagefiles/image_files.h"
 #include "imagefiles/odd_even.h"
 #include "imagefiles/recent_loading.h"
@@ -167,6 +168,8 @@ const MenuRow rows[] = {
      followCoarseKeys},
     {2, "coarse_down", "10 段階減らす", "Ten steps down", "", stepCoarselyDown, &needsImage,
      followCoarseKeys},
+    {2, "states_line", "-", "", "", nullptr},
+    {2, "earlier_states", "以前の状態", "Earlier states...", "", showEarlierStates},
     {1, "view", "表示", "View", "", nullptr},
     {2, "against_nothing", "比較しない", "Compare with nothing", "", compareWithNothing, nullptr,
      followReference},

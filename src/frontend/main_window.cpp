@@ -9,6 +9,7 @@
 #include "core/progress.h"
 #include "core/rom_image.h"
 #include "core/unsaved_guard.h"
+#include "core/unsaved_states.h"
 #include "core/wording.h"
 #include "editing/cell_editing.h"
 #include "platform/failure.h"
@@ -60,6 +61,7 @@ void wireForm1() {
 
 void closeForm1() {
   if (staysOpen()) return;
+  keepGivenUpImage();
   form1().unload();
   desktop().quit();
 }

@@ -6,8 +6,10 @@
 #include <string_view>
 
 #include "core/differences.h"
+#include "core/earlier_states.h"
 #include "core/extensions.h"
 #include "core/status_line.h"
+#include "core/unsaved_states.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
 #include "imagefiles/save_notices.h"
@@ -36,6 +38,7 @@ RomImage takeRaw(RomImage fileBytes) {
 RomImage takeIntelHex(RomImage fileBytes) { return readIntelHex(fileBytes, imageHexCapacity); }
 
 void followSave() {
+  dropUnfinishedImage();
   differencesOutdated();
   saySaved(editorState.savedImage.size());
   tellSaved();
@@ -43,7 +46,7 @@ void followSave() {
 
 // All bytes of the image, whatever a pair took of it.
 void writeRaw(const std::string& path) {
-  replaceFile(path, editorState.image);
+  replaceUserFile(path, editorState.image);
   editorState.savedImage = readFile(path, editorState.image.size());
   followSave();
 }

@@ -6,8 +6,8 @@
 #include <numeric>
 #include <string_view>
 
+#include "core/earlier_states.h"
 #include "imagefiles/progress_steps.h"
-#include "platform/files.h"
 
 namespace {
 
@@ -105,5 +105,5 @@ std::string intelHexText(std::span<const std::uint8_t> source) {
 
 void writeIntelHex(const std::string& path, std::span<const std::uint8_t> source) {
   const std::string text = intelHexText(source);
-  replaceFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+  replaceUserFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
 }

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/dialogs.h"
+#include "core/earlier_states.h"
 #include "core/editor_state.h"
 #include "core/extensions.h"
 #include "core/file_command.h"
@@ -19,6 +20,7 @@
 #include "core/settings_file.h"
 #include "core/title_and_size.h"
 #include "core/unsaved_guard.h"
+#include "core/unsaved_states.h"
 #include "imagefiles/image_forms.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
@@ -204,7 +206,7 @@ void savePair(const Choice& choice) {
   if (editorState.image.size() < choice.imageBytes) throw Failure(badSubscript);
   const std::string odd = choice.form.encode(halfFrom(0, choice.imageBytes));
   const std::string even = choice.form.encode(halfFrom(1, choice.imageBytes));
-  replaceFiles(
+  replaceUserFiles(
       std::array{FileContent{*oddPath, bytesOf(odd)}, FileContent{*evenPath, bytesOf(even)}});
   tellSaved();
   tellPartSaved(choice.imageBytes);
@@ -242,7 +244,9 @@ void afterLoadFailure(int number) {
 }
 
 void afterSaveFailure(int number) {
-  if (number != cancelled) editorState.imageSize = 0;
+  if (number == cancelled) return;
+  keepGivenUpImage();
+  editorState.imageSize = 0;
 }
 
 // Runs a button's command and closes the dialog, unless the command leaves it open.

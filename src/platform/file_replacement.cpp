@@ -173,18 +173,22 @@ void replaceFile(const std::string& path, std::span<const std::uint8_t> bytes) {
   replaceFiles({&file, 1});
 }
 
-void replaceFiles(std::span<const FileContent> files) {
+void replaceFiles(std::span<const FileContent> files, const ReplacementSteps& steps) {
   std::vector<Replacement> replacements(files.size());
   for (std::size_t i = 0; i < files.size(); ++i) {
     replacements[i].path = files[i].path;
     failingAt(replacements[i], [&] { resolve(replacements[i]); });
   }
   for (const Replacement& replacement : replacements) tidyBeside(replacement.target);
+  for (std::size_t i = 0; steps.before && i < files.size(); ++i) {
+    steps.before(files[i], replacements[i].target);
+  }
   const std::string number = makeFilesBeside(replacements);
   for (std::size_t i = 0; i < files.size(); ++i) {
     failingAt(replacements[i], [&] { replacements[i].waiting->write(files[i].bytes); });
   }
   if (files.size() > 1) writeRecords(replacements, files);
+  if (steps.beforeMoving) steps.beforeMoving();
   moveAllOrNone(replacements, number);
   for (const Replacement& replacement : replacements) flushFolder(replacement.target.parent_path());
 }

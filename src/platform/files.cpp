@@ -66,6 +66,15 @@ std::string fileNameOf(std::string_view path) {
   return std::string(last == std::string_view::npos ? path : path.substr(last + 1));
 }
 
+std::string fullPath(const std::string& path) {
+  try {
+    const auto full = std::filesystem::absolute(unchecked(path)).lexically_normal().u8string();
+    return {full.begin(), full.end()};
+  } catch (const std::exception&) {
+    return path;
+  }
+}
+
 bool nameSameFile(const std::string& one, const std::string& other) noexcept {
   try {
     const auto a = systemPath(one), b = systemPath(other);

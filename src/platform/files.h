@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <limits>
 #include <span>
 #include <string>
@@ -36,10 +38,18 @@ bool fileExists(std::string path) noexcept;
 // removed.
 void replaceFile(const std::string& path, std::span<const std::uint8_t> bytes);
 
+// What is done on the way of a replacement; a failure thrown there ends it.
+struct ReplacementSteps {
+  // With each target, behind its links, before anything is written. It may not be there.
+  std::function<void(const FileContent& file, const std::filesystem::path& target)> before;
+  // When the new files are on disk, before the first old one goes.
+  std::function<void()> beforeMoving;
+};
+
 // replaceFile for several: all are complete on disk before the first takes its target's place; a
 // failure at a later one puts the earlier targets back. What can't be put back, and what a killed
 // process left half done, lies beside the targets until finishReplacements or the next replacement.
-void replaceFiles(std::span<const FileContent> files);
+void replaceFiles(std::span<const FileContent> files, const ReplacementSteps& steps = {});
 
 // Completes a replacement of several files that was broken off with `path` among them, or takes it
 // back where its new files are gone; files that were changed since are left alone. Never throws.
@@ -47,6 +57,9 @@ void finishReplacements(const std::string& path) noexcept;
 
 // What stands behind the last "\" or "/".
 std::string fileNameOf(std::string_view path);
+
+// `path` from the root on, without "." and "..", links as they stand.
+std::string fullPath(const std::string& path);
 
 // Whether both lead to one file, be it there or not. Never throws.
 bool nameSameFile(const std::string& one, const std::string& other) noexcept;

@@ -195,12 +195,12 @@ std::optional<WaitingFile> WaitingFile::create(const fs::path& path, const fs::p
   return waiting;
 }
 
-void WaitingFile::write(std::span<const std::uint8_t> bytes) {
+void WaitingFile::write(std::span<const std::uint8_t> bytes, Flush flush) {
   const int file = static_cast<int>(handle_);
   do {
     require(lseek(file, 0, SEEK_SET) == 0);
     writeAll(file, bytes);
-  } while (!flushed(file));
+  } while (flush == Flush::yes && !flushed(file));
 }
 
 void WaitingFile::moveTo(const fs::path& target) {
@@ -227,6 +227,17 @@ std::optional<HeldFile> HeldFile::ifAbandoned(const fs::path& path) noexcept {
   struct stat status {};
   const bool regular = fstat(file, &status) == 0 && S_ISREG(status.st_mode);
   if (!regular || flock(file, LOCK_EX | LOCK_NB) != 0) return std::nullopt;
+  return held;
+}
+
+std::optional<HeldFile> HeldFile::alone(const fs::path& path) noexcept {
+  const int file =
+      open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, ownerOnly);
+  if (file < 0) return std::nullopt;
+  HeldFile held(file);
+  struct stat status {};
+  const bool locked = flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+  if (!locked || fstat(file, &status) != 0 || status.st_nlink == 0) return std::nullopt;
   return held;
 }
 

@@ -36,6 +36,8 @@ std::filesystem::path behindLinks(std::filesystem::path path);
 // Throws if `target` is there but is no regular file or may not be written.
 void requireReplaceable(const std::filesystem::path& target);
 
+enum class Flush { no, yes };
+
 // A new file that waits beside its target. It goes with its record unless it was moved; while it
 // is open, removeIfAbandoned leaves it alone.
 class WaitingFile {
@@ -48,8 +50,8 @@ class WaitingFile {
   WaitingFile& operator=(WaitingFile&&) = delete;
   ~WaitingFile();
 
-  // Writes all of it and returns when it is on disk.
-  void write(std::span<const std::uint8_t> bytes);
+  // Writes all of it and returns when it is on disk, or may come there later.
+  void write(std::span<const std::uint8_t> bytes, Flush flush = Flush::yes);
   // Takes the place of `target`, at once.
   void moveTo(const std::filesystem::path& target);
   // Lets go of the file and leaves it where it is.
@@ -67,6 +69,9 @@ class HeldFile {
  public:
   // Nothing if it isn't there, is no regular file or is held by a living process.
   static std::optional<HeldFile> ifAbandoned(const std::filesystem::path& path) noexcept;
+  // Holds the file as long as this stands, and makes it if it isn't there; nothing while another
+  // one holds it.
+  static std::optional<HeldFile> alone(const std::filesystem::path& path) noexcept;
   HeldFile(HeldFile&& other) noexcept;
   HeldFile& operator=(HeldFile&&) = delete;
   ~HeldFile();

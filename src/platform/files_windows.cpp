@@ -248,7 +248,7 @@ std::optional<WaitingFile> WaitingFile::create(const fs::path& path, const fs::p
   return waiting;
 }
 
-void WaitingFile::write(std::span<const std::uint8_t> bytes) {
+void WaitingFile::write(std::span<const std::uint8_t> bytes, Flush flush) {
   while (!bytes.empty()) {
     DWORD count = 0;
     const auto wanted = static_cast<DWORD>(std::min(bytes.size(), largestStep));
@@ -256,7 +256,7 @@ void WaitingFile::write(std::span<const std::uint8_t> bytes) {
     if (count == 0) fail(ERROR_WRITE_FAULT);
     bytes = bytes.subspan(count);
   }
-  require(FlushFileBuffers(toHandle(handle_)) != FALSE);
+  require(flush == Flush::no || FlushFileBuffers(toHandle(handle_)) != FALSE);
 }
 
 // An open file can't be moved here.
@@ -284,6 +284,13 @@ void WaitingFile::leave() noexcept {
 std::optional<HeldFile> HeldFile::ifAbandoned(const fs::path& path) noexcept {
   const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return std::nullopt;
+  return HeldFile(reinterpret_cast<std::intptr_t>(file));
+}
+
+std::optional<HeldFile> HeldFile::alone(const fs::path& path) noexcept {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_DELETE,
+                                  nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return std::nullopt;
   return HeldFile(reinterpret_cast<std::intptr_t>(file));
 }

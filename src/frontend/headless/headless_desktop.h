@@ -43,12 +43,14 @@ class HeadlessDesktop : public Desktop {
   bool storeWorks = true;
   std::optional<std::string> clipboard;
   std::string clipboardHtml;  // "": none
+  std::string userData;       // the folder of the user's own data; "": none
   std::map<std::string, std::map<std::string, std::string>> store;
 
   void setClipboardText(const std::string& text) override;
   void setClipboardTable(const std::string& text, const std::string& html) override;
   bool clipboardHasHtml() override { return !clipboardHtml.empty(); }
   std::optional<std::string> clipboardText() override;
+  std::string dataFolder() override { return userData; }
   std::string storedValue(const std::string& section, const std::string& key) override;
   bool storeValue(const std::string& section, const std::string& key,
                   const std::string& value) override;

@@ -44,6 +44,7 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   dressApplication();
   QtDesktop desktopInForce;
+  desktopInForce.keepUserData();
   useDesktop(&desktopInForce);
   onEscapedFailure = tellEscapedFailure;
   startProgram(stored(QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));

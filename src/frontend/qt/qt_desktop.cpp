@@ -3,12 +3,14 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
 #include <QProcess>
 #include <QScreen>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QUrl>
 #include <QWidget>
 #include <array>
@@ -101,6 +103,12 @@ std::optional<std::string> QtDesktop::clipboardText() {
   const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
   if (!data || !data->hasText()) return std::nullopt;
   return stored(data->text());
+}
+
+void QtDesktop::keepUserData() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  if (folder.isEmpty()) return;
+  dataFolder_ = stored(QDir::toNativeSeparators(folder + QStringLiteral("/ZELKOVA")));
 }
 
 std::string QtDesktop::storedValue(const std::string& section, const std::string& key) {

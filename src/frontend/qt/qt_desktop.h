@@ -28,6 +28,9 @@ class QtDesktop : public Desktop {
   bool clipboardHasHtml() override;
   std::optional<std::string> clipboardText() override;
 
+  // The user's own folder counts only after `keepUserData`.
+  std::string dataFolder() override { return dataFolder_; }
+  void keepUserData();
   std::string storedValue(const std::string& section, const std::string& key) override;
   bool storeValue(const std::string& section, const std::string& key,
                   const std::string& value) override;
@@ -58,6 +61,7 @@ class QtDesktop : public Desktop {
  private:
   // A window once made is kept, and shown again at its next opening.
   QHash<const Window*, QPointer<QWidget>> windows_;
+  std::string dataFolder_;
   bool busy_ = false;
   bool over_ = false;
 };

@@ -8,6 +8,7 @@
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 
 #include "core/form1.h"
 #include "core/map_kinds.h"
@@ -141,6 +142,7 @@ QWidget* makeForm1Window() {
   window->resize(usualSize.boundedTo(roomFor(window)));
   const auto showPanel = [stack, tabs, &form] { showFrontPanel(stack, tabs, form); };
   showPanel();
+  bind(new QTimer(window), form.stateTimer);
   bindWindow(window, form, showPanel);
   return window;
 }

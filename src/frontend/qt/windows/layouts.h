@@ -21,6 +21,7 @@ QWidget* makeSetWindow();
 QWidget* makePercentWindow();
 QWidget* makeInterpolateWindow();
 QWidget* makeDifferencesWindow();
+QWidget* makeEarlierStatesWindow();
 QWidget* makeD2GraphWindow();
 QWidget* makeDrGraphWindow();
 QWidget* makeOddEvenWindow();

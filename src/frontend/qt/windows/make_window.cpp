@@ -19,6 +19,7 @@
 #include "frontend/splash.h"
 #include "graphs/dr_graph.h"
 #include "graphs/tp_curve.h"
+#include "imagefiles/earlier_states_window.h"
 #include "imagefiles/odd_even.h"
 
 namespace {
@@ -58,6 +59,7 @@ constexpr std::array layouts{
     Layout{recordOf<percentDialog>, makePercentWindow},
     Layout{recordOf<interpolateDialog>, makeInterpolateWindow},
     Layout{recordOf<differencesWindow>, makeDifferencesWindow},
+    Layout{recordOf<earlierStatesWindow>, makeEarlierStatesWindow},
 };
 
 }  // namespace

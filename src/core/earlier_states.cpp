@@ -1,0 +1,226 @@
+#include "core/earlier_states.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <map>
+#include <numeric>
+#include <sstream>
+#include <utility>
+
+#include "controls/desktop.h"
+#include "core/notices.h"
+#include "platform/clock.h"
+#include "platform/failure.h"
+#include "platform/replacement_names.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* noticeSubject = "earlier states";
+constexpr const char* title = "ZELKOVA earlier state 1";
+constexpr const char* pathKey = "\npath ";
+constexpr std::array<const char*, 3> kindNames{"overwritten", "given up", "unfinished"};
+constexpr std::int64_t latestMoment = 9'999'999'999'999'999;  // that a name can tell
+
+bool told = false;
+
+// Runs `step`; what fails in it is told once and stops nothing.
+template <class Step>
+void keeping(Step step) noexcept {
+  const int failure = trapFailure(step);
+  if (failure != 0) trapFailure([failure] { tellStatesNotKept(failure); });
+}
+
+bool isOver(std::size_t count, std::uint64_t bytes) {
+  return count > mostStates || bytes > mostStateBytes;
+}
+
+std::uint64_t bytesIn(const std::vector<StoredFile>& files) {
+  return std::accumulate(
+      files.begin(), files.end(), std::uint64_t{0},
+      [](std::uint64_t sum, const StoredFile& file) { return sum + file.mark.size; });
+}
+
+// A name may tell any size: what doesn't stand there as told neither counts nor goes.
+void dropOldest(FileStore& store, std::vector<StoredFile> files) {
+  if (!isOver(files.size(), bytesIn(files))) return;
+  std::erase_if(files, [&](const StoredFile& file) { return !store.holds(file); });
+  std::map<std::uint64_t, std::pair<std::int64_t, std::int64_t>> ends;  // first and newest
+  for (const StoredFile& file : files) {
+    ends.try_emplace(file.subject, file.when, 0).first->second.second = file.when;
+  }
+  std::size_t count = files.size();
+  std::uint64_t bytes = bytesIn(files);
+  for (const StoredFile& file : files) {
+    if (!isOver(count, bytes)) return;
+    const auto [first, newest] = ends.at(file.subject);
+    if (file.when == first || file.when == newest) continue;
+    store.forget(file);
+    --count;
+    bytes -= file.mark.size;
+  }
+}
+
+bool isKept(const FileStore& store, const StoredFile& file, std::span<const std::uint8_t> bytes) {
+  bool same = false;
+  trapFailure([&] { same = std::ranges::equal(store.read(file), bytes); });
+  return same;
+}
+
+// One state more, by `keepAs`, unless its bytes are those of the path's newest one.
+template <class Keep>
+void addState(FileStore& store, EarlierState state, std::span<const std::uint8_t> bytes,
+              Keep keepAs) {
+  StoredFile& file = state.file;
+  std::vector<StoredFile> files = store.files();
+  const auto newest = std::find_if(files.rbegin(), files.rend(), [&](const StoredFile& each) {
+    return each.subject == file.subject;
+  });
+  if (newest != files.rend()) {
+    if (newest->mark == file.mark && isKept(store, *newest, bytes)) return;
+    file.when = std::max(file.when, std::min(newest->when + 1, latestMoment));
+  }
+  keepAs(state);
+  files.push_back(file);
+  dropOldest(store, std::move(files));
+}
+
+// Keeps what stands at the targets of one replacement. The store is held until it is through, so
+// that two programs which save over one file at the same moment lose neither's bytes.
+class Keeper {
+ public:
+  void before(const FileContent& file, const fs::path& target) noexcept {
+    keeping([&] {
+      targets_.push_back({file, target, lastWrite(target)});
+      keep(targets_.back());
+    });
+  }
+
+  // Another program may have written there meanwhile.
+  void beforeMoving() noexcept {
+    keeping([&] {
+      for (const Target& each : targets_) {
+        if (lastWrite(each.path) != each.written) keep(each);
+      }
+    });
+    if (kept_) store_.flush();
+  }
+
+ private:
+  struct Target {
+    FileContent file;
+    fs::path path;
+    fs::file_time_type written;
+  };
+
+  static fs::file_time_type lastWrite(const fs::path& path) {
+    std::error_code missing;
+    return fs::last_write_time(path, missing);
+  }
+
+  void keep(const Target& target) {
+    std::vector<std::uint8_t> bytes;
+    const int missing = trapFailure([&] { bytes = readFile(target.file.path); });
+    if (missing == fileNotFound || missing == pathNotFound) return;
+    if (missing != 0) throw Failure(missing);
+    if (std::ranges::equal(bytes, target.file.bytes)) return;
+    const EarlierState state = newState({fullPath(target.file.path)}, bytes);
+    addState(store_, state, bytes, [&](const EarlierState& added) {
+      store_.keepFile(added.file, textOf(added), bytes, target.path);
+      kept_ = true;
+    });
+  }
+
+  FileStore store_ = stateStore();
+  std::optional<HeldFile> held_ = store_.hold();
+  std::vector<Target> targets_;
+  bool kept_ = false;
+};
+
+}  // namespace
+
+bool hasEarlierStates() { return hasDesktop() && !desktop().dataFolder().empty(); }
+
+FileStore stateStore() { return FileStore(joinPath(desktop().dataFolder(), "earlier states")); }
+
+std::vector<EarlierState> earlierStates() {
+  std::vector<EarlierState> states;
+  if (!hasEarlierStates()) return states;
+  const FileStore store = stateStore();
+  for (const StoredFile& file : store.files()) {
+    if (store.holds(file)) states.push_back({file, recordIn(store.text(file), file)});
+  }
+  std::ranges::reverse(states);
+  return states;
+}
+
+std::vector<std::uint8_t> bytesOf(const EarlierState& state) {
+  return stateStore().read(state.file);
+}
+
+void forgetState(const EarlierState& state) { stateStore().forget(state.file); }
+
+void replaceUserFile(const std::string& path, std::span<const std::uint8_t> bytes) {
+  const FileContent file{path, bytes};
+  replaceUserFiles({&file, 1});
+}
+
+void replaceUserFiles(std::span<const FileContent> files) {
+  if (!hasEarlierStates()) return replaceFiles(files);
+  Keeper keeper;
+  replaceFiles(
+      files, {[&](const FileContent& file, const fs::path& target) { keeper.before(file, target); },
+              [&] { keeper.beforeMoving(); }});
+}
+
+void keepState(const EarlierState& state, std::span<const std::uint8_t> bytes) {
+  FileStore store = stateStore();
+  const auto held = store.hold();
+  addState(store, state, bytes,
+           [&](const EarlierState& added) { store.keep(added.file, textOf(added), bytes); });
+}
+
+EarlierState newState(const StateRecord& record, std::span<const std::uint8_t> bytes) {
+  return {{microsecondsNow(), hashOf(record.path), markOf(bytes)}, record};
+}
+
+std::string textOf(const EarlierState& state) {
+  if (!state.record) return {};
+  const StoredFile& file = state.file;
+  const std::string text = std::string(title) + "\nwhen " + std::to_string(file.when) + "\nwhy " +
+                           kindNames[static_cast<std::size_t>(state.record->kind)] +
+                           (state.record->oneHalf ? ", one half" : "") + "\nbytes " +
+                           std::to_string(file.mark.size) + "\nchecksum " + hex64(file.mark.hash) +
+                           pathKey + state.record->path + '\n';
+  return text + hex64(hashOf(text)) + '\n';
+}
+
+// It must be, letter for letter, the text that a state of this file has.
+std::optional<StateRecord> recordIn(const std::string& text, const StoredFile& file) {
+  constexpr std::size_t endLength = 18;  // the path's line end, the hash and its line end
+  const std::size_t key = text.find(pathKey);
+  const std::size_t from = key + std::string_view(pathKey).size();
+  if (key == std::string::npos || text.size() < from + endLength) return std::nullopt;
+  StateRecord record{text.substr(from, text.size() - endLength - from)};
+  if (!isAbsolutePath(record.path) || hashOf(record.path) != file.subject) return std::nullopt;
+  for (std::size_t kind = 0; kind < kindNames.size(); ++kind) {
+    for (const bool half : {false, true}) {
+      record.kind = static_cast<StateKind>(kind);
+      record.oneHalf = half;
+      if (textOf({file, record}) == text) return record;
+    }
+  }
+  return std::nullopt;
+}
+
+void tellStatesNotKept(int failure) {
+  if (std::exchange(told, true)) return;
+  const std::string what = "[" + std::to_string(failure) + "] " + failureText(failure);
+  tellNotice({noticeSubject,
+              NoticeKind::warning,
+              {"以前の状態を残せません。" + what, "Earlier states can't be kept: " + what}});
+}
+
+void resetEarlierStates() { told = false; }
