@@ -23,7 +23,7 @@ class MainWindow : public ProgramTest {
   static std::string tree(const MenuItem& item, Told told) {
     std::string text;
     for (const auto& child : item.children()) {
-      if (child->name().starts_with("mnuRecentFile")) continue;
+      if (child->name().starts_with("mnuRecent")) continue;
       text += (text.empty() ? "" : " ") + told(*child);
       if (!child->children().empty()) text += "(" + tree(*child, told) + ")";
     }
@@ -52,7 +52,8 @@ TEST_F(MainWindow, TheMenuTreeStands) {
             "earlier_states) "
             "view(against_nothing against_file against_comparison view_line differences:Ctrl+D "
             "next_difference:F3 last_difference:Shift+F3) "
-            "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V) HLP777(ver_displ)");
+            "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V exchange_line "
+            "recent_maps()) HLP777(ver_displ)");
 }
 
 TEST_F(MainWindow, StatusAndBarAreEmptyBehindEachCommand) {

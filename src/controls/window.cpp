@@ -45,10 +45,13 @@ void Window::unload() {
 }
 
 void Window::userActivate() {
-  if (!loaded_ || active_) return;
-  active_ = true;
-  runHandler(onActivate);
-  if (!focus_ && firstFocus) firstFocus->setFocus();
+  if (!loaded_) return;
+  if (!active_) {
+    active_ = true;
+    runHandler(onActivate);
+    if (!focus_ && firstFocus) firstFocus->setFocus();
+  }
+  runHandler(onFront);
 }
 
 void Window::userClose() {
@@ -68,6 +71,10 @@ void Window::userEscape() {
 
 void Window::userKey() {
   if (takesInput()) runHandler(onKey);
+}
+
+void Window::userDrop(const std::vector<std::string>& paths, bool control) {
+  if (takesDrops()) runHandler(onDrop, paths, control);
 }
 
 void Window::userUndo() {

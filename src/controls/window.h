@@ -43,6 +43,9 @@ class Window {
   // Repaints the window with all its controls at once.
   void refresh() { tell({Change::repaint}); }
 
+  // Whether files may be dropped on it now.
+  bool takesDrops() const { return onDrop && takesInput(); }
+
   // Runs the load handler; a window that is already loaded stays as it is.
   void load();
   // Runs the unload handler and leaves the front end without the window.
@@ -59,6 +62,9 @@ class Window {
   // Any key pressed while the window or one of its controls has the focus; runs before the control
   // sees the key.
   void userKey();
+  // Files that the user dropped on the window, "" for each that is none of this machine's;
+  // `control`: with the Ctrl key held.
+  void userDrop(const std::vector<std::string>& paths, bool control);
   void userUndo();
   void userRedo();
 
@@ -69,10 +75,13 @@ class Window {
   Control* firstFocus = nullptr;
   std::function<void(const Change&)> observer;
   std::function<void()> onLoad;
-  std::function<void()> onActivate;
+  std::function<void()> onActivate;  // the first time only
+  // Each time at which the window becomes the active one.
+  std::function<void()> onFront;
   std::function<void()> onClose;
   std::function<void()> onUnload;
   std::function<void()> onKey;
+  std::function<void(const std::vector<std::string>&, bool)> onDrop;
   // A window's own steps back and forth, beside those of the main window.
   std::function<void()> onUndo;
   std::function<void()> onRedo;

@@ -10,6 +10,7 @@
 #include "core/file_command.h"
 #include "core/loader_tail.h"
 #include "core/map_display.h"
+#include "core/recent_maps.h"
 #include "core/rom_image.h"
 #include "core/settings_file.h"
 #include "platform/failure.h"
@@ -41,15 +42,21 @@ void showImageUnderNewMap() {
   showFailure(number);
 }
 
-void pickAndRead() {
+std::string pickedPath() {
+  return desktop()
+      .chooseFileToOpen({"Address Map (*.adr)|*.adr", worded(dialogTitle),
+                         settledPath(editorState.addressFolder),
+                         settledPath(editorState.addressFilePath)})
+      .path;
+}
+
+// A dialog asks for the file unless `path` tells it.
+void pickAndRead(const std::string& path) {
   editorState.lineCount = 0;
-  const ChosenFile chosen = desktop().chooseFileToOpen(
-      {"Address Map (*.adr)|*.adr", worded(dialogTitle), settledPath(editorState.addressFolder),
-       settledPath(editorState.addressFilePath)});
-  editorState.addressFilePath = chosen.path;
+  editorState.addressFilePath = path.empty() ? pickedPath() : path;
   desktop().setBusyPointer(true);
   std::fill(editorState.lines.begin(), editorState.lines.end(), "#");
-  readAddressFile(chosen.path);
+  readAddressFile(editorState.addressFilePath);
 }
 
 void putInForce() {
@@ -60,15 +67,20 @@ void putInForce() {
   SET_MAP_ADDR();
   showTypeUnit();
   showImageUnderNewMap();
+  addRecentMap(editorState.addressFilePath);
 }
 
-}  // namespace
-
-void load_map_addr() {
+void loadMap(const std::string& path) {
   runFileCommand({commandName,
-                  [] {
-                    pickAndRead();
+                  [&] {
+                    pickAndRead(path);
                     putInForce();
                   },
                   [](int number) { showFailure(number, advice); }});
 }
+
+}  // namespace
+
+void load_map_addr() { loadMap(""); }
+
+void loadAddressMapFrom(const std::string& path) { loadMap(path); }

@@ -15,9 +15,11 @@
 #include "core/form1.h"
 #include "core/global_parameters.h"
 #include "core/map_kinds.h"
+#include "core/notices.h"
 #include "core/text_files.h"
 #include "core/wording.h"
 #include "platform/failure.h"
+#include "platform/files.h"
 #include "platform/numbers.h"
 
 namespace {
@@ -76,6 +78,23 @@ std::string designCaption(const MapKind& kind) {
   return Form1::mainFrames[static_cast<std::size_t>(kind.id - HIGH_FUEL)];
 }
 
+bool isEmpty(const ParsedAddressMap& parsed) {
+  const auto hasNone = [](const auto& looks) { return looks.empty(); };
+  return parsed.failure == 0 && parsed.map.typeUnit.empty() &&
+         std::ranges::all_of(parsed.maps, hasNone) && std::ranges::all_of(parsed.params, hasNone);
+}
+
+void tellWhetherEmpty(const ParsedAddressMap& parsed) {
+  constexpr const char* subject = "no address map";
+  withdrawNotice(subject);
+  if (!isEmpty(parsed)) return;
+  const std::string name = fileNameOf(editorState.addressFilePath);
+  tellNotice({subject,
+              NoticeKind::warning,
+              {name + "はアドレスマップではありません。キーワードが1つもありません。",
+               name + " is no address map: none of its lines is a keyword."}});
+}
+
 bool hasTooManyItems(std::string_view bytes) {
   std::vector<std::string> lines(maximumLines);
   std::int32_t count = 0;
@@ -96,6 +115,7 @@ void applyAddressMap(const ParsedAddressMap& parsed) {
   const int number = trapFailure([&] { showEntries(parsed); });
   if (parsed.failure != 0 || number != 0) showRoutineError("SET_MAP_ADDR");
   applyEntryPresence();
+  tellWhetherEmpty(parsed);
 }
 
 void SET_MAP_ADDR() {

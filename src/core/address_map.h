@@ -15,7 +15,7 @@ void readAddressFile(const std::string& path);
 void SET_MAP_ADDR();
 
 // Puts a parsed map in force and sets grid sizes, captions, tool tips and enabled states. A failure
-// of the parse shows a box.
+// of the parse shows a box; a notice tells that no keyword was met.
 void applyAddressMap(const ParsedAddressMap& parsed);
 
 // Enables the grids and boxes of present entries, disables the others and greys their labels.

@@ -7,6 +7,7 @@
 
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/own_files.h"
 #include "core/text_files.h"
 #include "platform/clock.h"
 #include "platform/failure.h"
@@ -32,13 +33,19 @@ void addLine(const std::string& line) {
   replaceTextFile(path, text);
 }
 
+// A log that isn't there is not wanted.
+void tellOutcome(int failure) {
+  if (failure == 0 || failure == fileNotFound) return tellWritten(OwnFile::log);
+  tellNotWritten(OwnFile::log, numberedFailure(failure));
+}
+
 }  // namespace
 
 void logError(const std::string& location, int number, const std::string& text) {
   if (number != 0 && number != cancelled) {
     const std::string line =
         localTime("%y/%m/%d %H:%M") + " " + location + " " + signedBlank(number) + " " + text;
-    trapFailure([&line] { addLine(line); });
+    tellOutcome(trapFailure([&line] { addLine(line); }));
   }
   form1().refresh();
 }

@@ -6,6 +6,7 @@
 
 #include "core/data_replaced.h"
 #include "core/form1.h"
+#include "core/image_notices.h"
 #include "core/title_and_size.h"
 #include "core/unsaved_states.h"
 #include "platform/failure.h"
@@ -17,6 +18,7 @@ void takeImage(RomImage bytes) {
   editorState.imageSize = static_cast<std::int32_t>(bytes.size());
   editorState.image = std::move(bytes);
   editorState.imageIsOneHalf = false;
+  tellContents();
 }
 
 void dropImage() {
@@ -25,6 +27,7 @@ void dropImage() {
   editorState.image.clear();
   editorState.savedImage.clear();
   editorState.imageSize = 0;
+  withdrawContents();
   showFileSize();
   form1().setCaption("ZELKOVA");
 }

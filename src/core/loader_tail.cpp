@@ -4,6 +4,7 @@
 #include "core/data_replaced.h"
 #include "core/form1.h"
 #include "core/global_parameters.h"
+#include "core/image_notices.h"
 #include "core/map_display.h"
 #include "core/title_and_size.h"
 
@@ -12,6 +13,7 @@ void loaderTail() {
   {
     const GridsPause pause;
     dataReplaced();
+    tellWhetherMapFits();
     redrawAllMaps();
     showGlobalParams();
     setGridLayout();

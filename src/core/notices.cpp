@@ -10,7 +10,21 @@ namespace {
 
 constexpr int informationMilliseconds = 8000;
 
-std::vector<Notice> notices;  // the newest last
+struct Standing {
+  Notice notice;
+  bool closed = false;
+};
+
+std::vector<Standing> standing;  // the newest last
+
+std::vector<Standing>::iterator find(const std::string& subject) {
+  return std::find_if(standing.begin(), standing.end(),
+                      [&](const Standing& each) { return each.notice.subject == subject; });
+}
+
+bool saysTheSame(const Notice& one, const Notice& other) {
+  return one.kind == other.kind && one.text == other.text;
+}
 
 void show() {
   Form1& form = form1();
@@ -32,8 +46,17 @@ void show() {
   }
 }
 
+// Information is over; what still holds must not come back by being told once more.
 void closeNotice() {
-  if (const Notice* const notice = shownNotice()) withdrawNotice(std::string(notice->subject));
+  const Notice* const notice = shownNotice();
+  if (!notice) return;
+  const auto shown = find(notice->subject);
+  if (notice->kind == NoticeKind::information) {
+    standing.erase(shown);
+  } else {
+    shown->closed = true;
+  }
+  show();
 }
 
 void runAction(std::size_t number) {
@@ -46,31 +69,48 @@ void runAction(std::size_t number) {
 }  // namespace
 
 const Notice* shownNotice() {
-  const auto weightiest =
-      std::max_element(notices.rbegin(), notices.rend(),
-                       [](const Notice& a, const Notice& b) { return a.kind < b.kind; });
-  return weightiest == notices.rend() ? nullptr : &*weightiest;
+  const Notice* weightiest = nullptr;
+  for (const Standing& each : standing) {
+    if (each.closed || (weightiest && each.notice.kind < weightiest->kind)) continue;
+    weightiest = &each.notice;
+  }
+  return weightiest;
 }
 
 void tellNotice(Notice notice) {
-  std::erase_if(notices, [&](const Notice& each) { return each.subject == notice.subject; });
-  notices.push_back(std::move(notice));
+  const auto former = find(notice.subject);
+  if (former != standing.end()) {
+    if (notice.kind != NoticeKind::information && saysTheSame(former->notice, notice)) {
+      former->notice.actions = std::move(notice.actions);
+      return;
+    }
+    standing.erase(former);
+  }
+  standing.push_back({std::move(notice)});
   show();
 }
 
 void withdrawNotice(const std::string& subject) {
-  if (std::erase_if(notices, [&](const Notice& each) { return each.subject == subject; })) show();
+  const auto told = find(subject);
+  if (told == standing.end()) return;
+  standing.erase(told);
+  show();
+}
+
+void nameNoticeButtons() {
+  Form1& form = form1();
+  form.noticeAction1.setCaption(captioned({"実行", "Do it"}));
+  form.noticeAction2.setCaption(captioned({"無視", "Ignore"}));
+  form.noticeClose.setCaption(captioned({"閉じる", "Close"}));
+  show();
 }
 
 void wireNotices() {
   Form1& form = form1();
-  notices.clear();
-  form.noticeAction1.setCaption(captioned({"実行", "Do it"}));
-  form.noticeAction2.setCaption(captioned({"無視", "Ignore"}));
+  standing.clear();
   form.noticeAction1.onClick = [] { runAction(0); };
   form.noticeAction2.onClick = [] { runAction(1); };
-  form.noticeClose.setCaption(captioned({"閉じる", "Close"}));
   form.noticeClose.onClick = closeNotice;
   form.noticeTimer.onTimer = closeNotice;
-  show();
+  nameNoticeButtons();
 }

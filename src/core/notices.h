@@ -24,9 +24,13 @@ struct Notice {
   std::vector<NoticeAction> actions = {};  // at most two
 };
 
+// A warning or trouble that stands already, in the same words, stays as it is: shown, or closed by
+// the user until its words change or it is withdrawn. Only its actions are the new ones.
 void tellNotice(Notice notice);
 void withdrawNotice(const std::string& subject);
 // The one that the strip shows; null for none.
 const Notice* shownNotice();
 // The strip's handlers; no notice stands any more.
 void wireNotices();
+// The strip in the language of windows.
+void nameNoticeButtons();

@@ -12,6 +12,7 @@
 #include "core/editor_state.h"
 #include "core/engine_summary.h"
 #include "core/error_log.h"
+#include "core/own_files.h"
 #include "core/text_files.h"
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -134,7 +135,9 @@ void writeSettings() {
 void saveSettingsOrTell(const std::string& operation) {
   const int number = trapFailure(writeSettings);
   logError(operation, number, failureText(number));
-  if (number != 0) showFailure(number);
+  if (number == 0) return tellWritten(OwnFile::settings);
+  tellNotWritten(OwnFile::settings, numberedFailure(number));
+  showFailure(number);
 }
 
 std::string settledPath(const std::string& path) {

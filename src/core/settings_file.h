@@ -14,7 +14,8 @@ void readSettings();
 void writeSettings();
 
 // Writes all settings for a command that goes on whatever happens: a failure goes into the log
-// under the name of the operation and shows a box.
+// under the name of the operation, shows a box and stays in the notice strip until settings are
+// written.
 void saveSettingsOrTell(const std::string& operation);
 
 // A path as the settings hold it, found: relative paths count from the program's folder.

@@ -17,6 +17,7 @@ std::string captioned(const Wording& wording);
 struct BothTexts {
   std::string japanese;
   std::string english;
+  bool operator==(const BothTexts&) const = default;
 };
 
 // In the language of windows.

@@ -4,6 +4,7 @@
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/recent_maps.h"
 #include "core/settings_file.h"
 #include "imagefiles/recent_files.h"
 #include "platform/failure.h"
@@ -76,7 +77,10 @@ Form9::Form9() : Window("Form9") {
   Check1.onChange = [this] { tellLanguageChange(); };
   Command3.onClick = [this] { Text1.setText(desktop().chooseFolder(worded(addressFolderTitle))); };
   Command4.onClick = [this] { Text2.setText(desktop().chooseFolder(worded(romFolderTitle))); };
-  Command5.onClick = clearRecentFiles;
+  Command5.onClick = [] {
+    clearRecentFiles();
+    clearRecentMaps();
+  };
 }
 
 void Form9::setTexts() {

@@ -79,6 +79,7 @@ void loadForm1() {
   if (form.loaded()) return;
   makeMainMenu();
   wireForm1();
+  wireNotices();
   resetEntryNames();
   form.load();
   editorState.currentTab = 1;
@@ -94,7 +95,7 @@ void loadForm1() {
   resetDifferences();
   form.onUnload = [] { differencesWindow.unload(); };
   differencesWindow.unload();
-  wireNotices();
+  nameNoticeButtons();
   resetEarlierStates();
   watchUnsavedImage(showEarlierStates);
   wireStatus();

@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "calc/af_table.h"
 #include "calc/engine_specification.h"
@@ -15,6 +16,7 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/map_kinds.h"
+#include "core/recent_maps.h"
 #include "editing/add_multiply.h"
 #include "editing/address_dialog.h"
 #include "editing/cell_change_dialogs.h"
@@ -27,6 +29,7 @@
 #include "frontend/about.h"
 #include "frontend/environment.h"
 #include "frontend/main_window.h"
+#include "frontend/opening.h"
 #include "graphs/graph_3d_display.h"
 #include "graphs/tp_curve.h"
 #include "imagefiles/comparison_image.h"
@@ -101,6 +104,19 @@ constexpr CommandGuard boost{
 
 // The added commands say it in one way.
 constexpr CommandGuard needsImage{{"ROM DATAが読み込まれていません。", "No ROM image is loaded."}};
+
+// The recent address maps, as the store has them now.
+void followRecentMaps(MenuItem& menu) {
+  const std::vector<std::string> maps = recentMaps();
+  std::size_t place = 0;
+  for (const auto& item : menu.children()) {
+    const bool listed = place < maps.size();
+    if (listed) item->setCaption(maps[place]);
+    item->setVisible(listed);
+    ++place;
+  }
+  menu.setEnabled(!maps.empty());
+}
 
 const MenuRow rows[] = {
     {1, "file_load", "ﾌｧｲﾙ", "File", "", nullptr},
@@ -186,6 +202,9 @@ const MenuRow rows[] = {
      copyForSpreadsheet, &needsImage},
     {2, "paste_table", "表計算から張り付け", "Paste from a spreadsheet", "Ctrl+Shift+V",
      pasteFromSpreadsheet, &needsImage},
+    {2, "exchange_line", "-", "", "", nullptr},
+    {2, "recent_maps", "最近のアドレスマップ", "Recent address maps", "", nullptr, nullptr,
+     followRecentMaps},
     {1, "HLP777", "ヘルプ", "Help", "", nullptr},
     {2, "ver_displ", "バージョン情報", "Veriosn", "", ver_displ},
 };
@@ -202,6 +221,15 @@ void makeRecentEntries(MenuItem& fileMenu) {
     item.setVisible(false);
     item.onClick = [i] { mnuRecentFile_Click(static_cast<int>(i)); };
     form.mnuRecentFile[i] = &item;
+  }
+}
+
+void makeRecentMapEntries(MenuItem& menu) {
+  for (std::size_t i = 1; i <= recentMapCount; ++i) {
+    MenuItem& item =
+        menu.add(std::make_unique<MenuItem>(menu.window(), "mnuRecentMap" + std::to_string(i)));
+    item.setVisible(false);
+    item.onClick = [&item] { openRecentMap(item.caption()); };
   }
 }
 
@@ -242,4 +270,5 @@ void makeMainMenu() {
   Form1& form = form1();
   addMenuRows(form.menuBar, rows);
   makeRecentEntries(*form.menuBar.find("file_load"));
+  makeRecentMapEntries(*form.menuBar.find("recent_maps"));
 }

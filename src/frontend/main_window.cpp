@@ -1,5 +1,8 @@
 #include "frontend/main_window.h"
 
+#include <string>
+#include <vector>
+
 #include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
@@ -12,6 +15,8 @@
 #include "core/unsaved_states.h"
 #include "core/wording.h"
 #include "editing/cell_editing.h"
+#include "frontend/opening.h"
+#include "imagefiles/file_watch.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 
@@ -55,6 +60,10 @@ void wireForm1() {
   Form1& form = form1();
   form.TabStrip1.onClick = selectTab;
   form.onClose = closeForm1;
+  form.onFront = lookAtFiles;
+  form.onDrop = [](const std::vector<std::string>& paths, bool control) {
+    openFiles(paths, control ? Opening::compared : Opening::dropped);
+  };
   wireMapGrids();
   wireGlobalParams();
 }

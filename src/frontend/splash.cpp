@@ -1,5 +1,8 @@
 #include "frontend/splash.h"
 
+#include <functional>
+#include <utility>
+
 #include "controls/desktop.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
@@ -31,4 +34,5 @@ void closeSplash() {
   desktop().showWindow(form1());  // first: the screen shows no gap between the two
   frmSplash.unload();
   desktop().bringToFront(form1());
+  if (const auto goOn = std::exchange(frmSplash.onGone, nullptr)) goOn();
 }

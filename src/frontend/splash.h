@@ -2,6 +2,8 @@
 // on any key or click.
 #pragma once
 
+#include <functional>
+
 #include "controls/controls.h"
 #include "controls/window.h"
 
@@ -14,6 +16,9 @@ struct FrmSplash : Window {
   Label Label3{*this, "For Windows9x/Me/WindowsNT4.0/W2K/XP"};
   Label Label4{*this, "Every cell of the map, exactly as you mean it."};
   Timer Timer1{*this, showingTime};
+
+  // Runs once, when the main window has come to the front in its place.
+  std::function<void()> onGone;
 };
 
 extern FrmSplash frmSplash;

@@ -8,14 +8,21 @@
 #include "core/refusals.h"
 #include "core/settings_file.h"
 #include "imagefiles/image_forms.h"
+#include "platform/files.h"
 
 namespace {
 
-void loadSteps(const ImageForm& form) {
+ChosenFile chosenToCompare(const ImageForm& form) {
+  return desktop().chooseFileToOpen(
+      {form.compare.filter, worded(form.compare.title), settledPath(editorState.romFolder), ""});
+}
+
+// A dialog asks for the file unless `path` tells it.
+void loadSteps(const ImageForm& form, const std::string& path) {
   if (refusedWithoutAddressMap()) return;
   editorState.progressCount = 0;
-  const ChosenFile chosen = desktop().chooseFileToOpen(
-      {form.compare.filter, worded(form.compare.title), settledPath(editorState.romFolder), ""});
+  const ChosenFile chosen =
+      path.empty() ? chosenToCompare(form) : ChosenFile{path, fileNameOf(path)};
   editorState.compareTitle = chosen.title;
   editorState.compareLoaded = 0;
   editorState.compareImage.clear();
@@ -26,9 +33,9 @@ void loadSteps(const ImageForm& form) {
   editorState.compareLoaded = form.comparable(editorState.compareImage);
 }
 
-void loadComparison(const ImageForm& form) {
+void loadComparison(const ImageForm& form, const std::string& path = {}) {
   runFileCommand(
-      {form.compare.location, [&] { loadSteps(form); },
+      {form.compare.location, [&] { loadSteps(form, path); },
        [](int number) { showFailure(number, "　Ill. DATA? ", editorState.compareTitle); }});
 }
 
@@ -37,3 +44,7 @@ void loadComparison(const ImageForm& form) {
 void comp_bin() { loadComparison(rawImages); }
 
 void comp_intelHex() { loadComparison(intelHexImages); }
+
+void loadComparisonFrom(const std::string& path, const ImageForm& form) {
+  loadComparison(form, path);
+}

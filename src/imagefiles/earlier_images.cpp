@@ -14,6 +14,7 @@
 #include "core/settings_file.h"
 #include "core/title_and_size.h"
 #include "core/unsaved_guard.h"
+#include "imagefiles/file_watch.h"
 #include "imagefiles/image_forms.h"
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -30,8 +31,9 @@ RomImage decoded(const std::string& path, RomImage fileBytes) {
 // A file that is gone or no image holds nothing that counts as saved; nor does one half of a pair.
 RomImage imageOnDisk(const StateRecord& record) {
   RomImage image;
+  watchFiles({});
   if (record.oneHalf) return image;
-  trapFailure([&] { image = decoded(record.path, readImageFile(record.path)); });
+  trapFailure([&] { image = decoded(record.path, readWatched(record.path)); });
   return image;
 }
 

@@ -13,28 +13,34 @@
 #include "core/settings_file.h"
 #include "core/title_and_size.h"
 #include "core/unsaved_guard.h"
+#include "imagefiles/file_watch.h"
 #include "imagefiles/image_forms.h"
 #include "imagefiles/recent_files.h"
 #include "imagefiles/save_notices.h"
 #include "platform/failure.h"
+#include "platform/files.h"
 
 namespace {
 
 const Wording nothingToUpdate{"データが読み込まれていないのに、上書き保存しようとしました。",
                               "Been crowded as reading data overwrite did to come, preserve it."};
 
-void loadSteps(const ImageForm& form) {
+ChosenFile chosenToLoad(const ImageForm& form) {
+  return desktop().chooseFileToOpen({form.load.filter, worded(form.load.title),
+                                     settledPath(editorState.romFolder), form.proposedToLoad()});
+}
+
+// A dialog asks for the file unless `path` tells it.
+void loadSteps(const ImageForm& form, const std::string& path) {
   if (refusedWithoutAddressMap()) return;
   confirmDiscard();
   if (editorState.guardAnswer == 0) return;
   editorState.progressCount = 0;
-  keepChosen(
-      desktop().chooseFileToOpen({form.load.filter, worded(form.load.title),
-                                  settledPath(editorState.romFolder), form.proposedToLoad()}));
+  keepChosen(path.empty() ? chosenToLoad(form) : ChosenFile{path, fileNameOf(path)});
   desktop().setBusyPointer(true);
   dropImage();
   showOperation("READ");
-  takeImage(form.decode(readImageFile(editorState.dialogPath)));
+  takeImage(form.decode(readWatched(editorState.dialogPath)));
   nameImage();
   showFileSize();
   loaderTail();
@@ -71,9 +77,9 @@ void updateSteps() {
   if (failed != 0) throw Failure(failed);
 }
 
-void loadImage(const ImageForm& form) {
+void loadImage(const ImageForm& form, const std::string& path = {}) {
   runFileCommand(
-      {form.load.location, [&] { loadSteps(form); },
+      {form.load.location, [&] { loadSteps(form, path); },
        [](int number) { showFailure(number, "　Ill. DATA? ", editorState.dialogTitle); }});
 }
 
@@ -83,6 +89,8 @@ void saveImage(const ImageForm& form) {
 }
 
 }  // namespace
+
+void loadImageFrom(const std::string& path, const ImageForm& form) { loadImage(form, path); }
 
 void load_bin_file() { loadImage(rawImages); }
 

@@ -10,6 +10,7 @@
 #include "core/extensions.h"
 #include "core/status_line.h"
 #include "core/unsaved_states.h"
+#include "imagefiles/file_watch.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
 #include "imagefiles/save_notices.h"
@@ -17,8 +18,6 @@
 #include "platform/files.h"
 
 namespace {
-
-constexpr std::size_t largestFile = 0x40000000;
 
 std::string lastChosen() { return editorState.dialogPath; }
 
@@ -37,26 +36,30 @@ RomImage takeRaw(RomImage fileBytes) {
 
 RomImage takeIntelHex(RomImage fileBytes) { return readIntelHex(fileBytes, imageHexCapacity); }
 
-void followSave() {
+// The file at `path` holds `bytes` now.
+void followSave(const std::string& path, std::span<const std::uint8_t> bytes) {
   dropUnfinishedImage();
   differencesOutdated();
   saySaved(editorState.savedImage.size());
   tellSaved();
+  watchSaved(path, bytes);
 }
 
 // All bytes of the image, whatever a pair took of it.
 void writeRaw(const std::string& path) {
+  lookBeforeSave(path);
   replaceUserFile(path, editorState.image);
   editorState.savedImage = readFile(path, editorState.image.size());
-  followSave();
+  followSave(path, editorState.savedImage);
 }
 
 void writeAsIntelHex(const std::string& path) {
   const auto size = static_cast<std::size_t>(editorState.imageSize);
   const auto image = std::span(editorState.image).first(size);
-  writeIntelHex(path, image);
+  lookBeforeSave(path);
+  const std::string text = writeIntelHex(path, image);
   editorState.savedImage.assign(image.begin(), image.end());
-  followSave();
+  followSave(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
   tellLongIntelHex(size);
 }
 
@@ -116,8 +119,8 @@ const ImageForm* imageFormOf(const std::string& path) {
 
 RomImage readImageFile(const std::string& path) {
   finishReplacements(path);
-  if (fileSize(path) > largestFile) throw Failure(outOfMemory);
-  RomImage bytes = readFile(path, largestFile + 1);
-  if (bytes.size() > largestFile) throw Failure(outOfMemory);
+  if (fileSize(path) > largestImageFile) throw Failure(outOfMemory);
+  RomImage bytes = readFile(path, largestImageFile + 1);
+  if (bytes.size() > largestImageFile) throw Failure(outOfMemory);
   return bytes;
 }

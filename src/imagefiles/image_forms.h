@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -39,7 +40,9 @@ extern const ImageForm& intelHexImages;
 // The form that the last three characters of `path` name, in whatever case; null if none.
 const ImageForm* imageFormOf(const std::string& path);
 
+constexpr std::size_t largestImageFile = 0x40000000;  // bytes
+
 // The bytes of an image's file, whatever its form; a pair that a killed save left half done is
-// completed or taken back before. More than 1 GiB are refused unread with outOfMemory;
+// completed or taken back before. More than `largestImageFile` are refused unread with outOfMemory;
 // throws as readFile does.
 RomImage readImageFile(const std::string& path);

@@ -103,7 +103,8 @@ std::string intelHexText(std::span<const std::uint8_t> source) {
   return text;
 }
 
-void writeIntelHex(const std::string& path, std::span<const std::uint8_t> source) {
-  const std::string text = intelHexText(source);
+std::string writeIntelHex(const std::string& path, std::span<const std::uint8_t> source) {
+  std::string text = intelHexText(source);
   replaceUserFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+  return text;
 }

@@ -12,5 +12,5 @@
 // records, since the reader passes over records of two bytes.
 std::string intelHexText(std::span<const std::uint8_t> source);
 
-// Replaces the file at `path` by that text. Throws Failure as replaceFile does.
-void writeIntelHex(const std::string& path, std::span<const std::uint8_t> source);
+// Replaces the file at `path` by that text, which it gives. Throws Failure as replaceFile does.
+std::string writeIntelHex(const std::string& path, std::span<const std::uint8_t> source);

@@ -21,6 +21,7 @@
 #include "core/title_and_size.h"
 #include "core/unsaved_guard.h"
 #include "core/unsaved_states.h"
+#include "imagefiles/file_watch.h"
 #include "imagefiles/image_forms.h"
 #include "imagefiles/intel_hex_reader.h"
 #include "imagefiles/intel_hex_writer.h"
@@ -155,8 +156,10 @@ RomImage joined(const RomImage& odd, const RomImage& even, std::size_t imageByte
 void loadPair(const Choice& choice) {
   editorState.progressCount = 0;
   RomImage odd = readHalf(choice, choice.form.loadTitles[0]);
+  const std::string oddPath = editorState.dialogPath;
   RomImage even = readHalf(choice, choice.form.loadTitles[1]);
   dropImage();
+  watchFiles(std::array{FileContent{oddPath, odd}, FileContent{editorState.dialogPath, even}});
   showOperation("READ");
   odd = choice.form.decode(std::move(odd), choice.imageBytes);
   even = choice.form.decode(std::move(even), choice.imageBytes);
@@ -206,8 +209,11 @@ void savePair(const Choice& choice) {
   if (editorState.image.size() < choice.imageBytes) throw Failure(badSubscript);
   const std::string odd = choice.form.encode(halfFrom(0, choice.imageBytes));
   const std::string even = choice.form.encode(halfFrom(1, choice.imageBytes));
-  replaceUserFiles(
-      std::array{FileContent{*oddPath, bytesOf(odd)}, FileContent{*evenPath, bytesOf(even)}});
+  const std::array files{FileContent{*oddPath, bytesOf(odd)},
+                         FileContent{*evenPath, bytesOf(even)}};
+  for (const FileContent& file : files) lookBeforeSave(file.path);
+  replaceUserFiles(files);
+  for (const FileContent& file : files) noteWritten(file.path, file.bytes);
   tellSaved();
   tellPartSaved(choice.imageBytes);
   keepChoice(choice, saving);

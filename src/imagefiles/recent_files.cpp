@@ -5,6 +5,7 @@
 
 #include "controls/desktop.h"
 #include "core/form1.h"
+#include "core/own_files.h"
 
 namespace {
 
@@ -32,11 +33,13 @@ bool isRecentFile(const std::string& path) {
 }
 
 void pushRecentFile(const std::string& path) {
+  bool stored = true;
   for (int place = listedFiles - 1; place >= 1; --place) {
     const std::string listed = desktop().storedValue(section, keyOf(place));
-    if (!listed.empty()) desktop().storeValue(section, keyOf(place + 1), listed);
+    if (!listed.empty()) stored = desktop().storeValue(section, keyOf(place + 1), listed) && stored;
   }
-  desktop().storeValue(section, keyOf(1), path);
+  stored = desktop().storeValue(section, keyOf(1), path) && stored;
+  stored ? tellWritten(OwnFile::recentFiles) : tellNotWritten(OwnFile::recentFiles);
 }
 
 void rebuildRecentMenu() {

@@ -12,6 +12,7 @@
 #include "core/refusals.h"
 #include "core/title_and_size.h"
 #include "core/unsaved_guard.h"
+#include "imagefiles/file_watch.h"
 #include "imagefiles/image_forms.h"
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -52,7 +53,7 @@ void loadSteps(const std::string& path, const ImageForm& form) {
   dropImage();
   form1().Label13.setCaption("READ");
   form1().refresh();
-  takeImage(form.decode(readImageFile(path)));
+  takeImage(form.decode(readWatched(path)));
   if (path.find_first_of("\\/") != std::string::npos) editorState.dialogTitle = fileNameOf(path);
   nameImage();
   showFileSize();

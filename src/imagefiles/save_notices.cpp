@@ -15,8 +15,9 @@ constexpr const char* contentsSubject = "what a save holds";
 }  // namespace
 
 void tellNotSaved(int failure) {
-  const std::string what = "[" + std::to_string(failure) + "] " + failureText(failure);
+  const std::string what = numberedFailure(failure);
   const std::string& title = editorState.imageTitle;
+  withdrawNotice(failedSubject);  // closed or not, this is another failure
   tellNotice({failedSubject,
               NoticeKind::trouble,
               {title + "を保存できませんでした。" + what, title + " was not saved: " + what}});

@@ -69,6 +69,10 @@ const char* Failure::what() const noexcept { return messageOf(number_); }
 
 std::string failureText(int number) { return messageOf(number); }
 
+std::string numberedFailure(int number) {
+  return "[" + std::to_string(number) + "] " + failureText(number);
+}
+
 int failureNumberOf(std::error_code error) {
   for (const SystemError& known : systemErrors) {
     if (error == known.error) return known.number;

@@ -38,6 +38,9 @@ class Failure : public std::exception {
 // own gives "Application-defined or object-defined error".
 std::string failureText(int number);
 
+// Both: "[53] File not found".
+std::string numberedFailure(int number);
+
 // The failure number that stands for an error of the operating system: missing file 53, missing
 // folder 76, no permission, folder instead of file or read-only 75, missing device 71, disk full
 // or quota used up 61, no memory 7, everything else 57.

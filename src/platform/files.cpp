@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <chrono>
 #include <exception>
 #include <filesystem>
 #include <system_error>
@@ -45,6 +46,18 @@ std::uintmax_t fileSize(const std::string& path) {
   try {
     requireReadable(systemPath(path));
     return std::filesystem::file_size(systemPath(path));
+  } catch (const std::system_error& error) {
+    throw Failure(failureNumberAt(path, error.code()));
+  }
+}
+
+FileStamp fileStamp(const std::string& path) {
+  try {
+    const std::filesystem::path file = systemPath(path);
+    const auto written = std::chrono::file_clock::to_sys(std::filesystem::last_write_time(file));
+    const auto since1970 =
+        std::chrono::duration_cast<std::chrono::nanoseconds>(written.time_since_epoch());
+    return {std::filesystem::file_size(file), since1970.count()};
   } catch (const std::system_error& error) {
     throw Failure(failureNumberAt(path, error.code()));
   }

@@ -26,6 +26,15 @@ std::vector<std::uint8_t> readFile(const std::string& path,
 // The size in bytes of the file, without reading it. Throws as readFile does.
 std::uintmax_t fileSize(const std::string& path);
 
+// What tells, without reading it, that a file may have been written since.
+struct FileStamp {
+  std::uintmax_t size = 0;
+  std::int64_t written = 0;  // nanoseconds since 1970
+  bool operator==(const FileStamp&) const = default;
+};
+// Throws as readFile does.
+FileStamp fileStamp(const std::string& path);
+
 // Whether `path`, less one trailing "\" or "/", opens as a regular file for reading. An empty path
 // is no file. Never throws.
 bool fileExists(std::string path) noexcept;

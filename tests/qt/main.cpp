@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
   screen.close();
   qputenv("QT_QPA_PLATFORM",
           "offscreen:configfile=" + QFileInfo(screen.fileName()).fileName().toUtf8());
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QApplication application(argc, argv);
   dressApplication();
   return RUN_ALL_TESTS();

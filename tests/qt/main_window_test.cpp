@@ -9,6 +9,8 @@
 #include "core/map_display.h"
 #include "frontend/qt/grid_view.h"
 #include "frontend/qt/look.h"
+#include "frontend/qt/qt_desktop.h"
+#include "frontend/qt/window_place.h"
 #include "frontend/qt/windows/make_window.h"
 
 namespace {
@@ -134,6 +136,96 @@ TEST_F(MainWindowTest, TheTabOfAnAbsentMapIsFaintAndHasTheFocusInItsPlace) {
     map->setEnabled(true);
     EXPECT_NE(shownTab(tab), absent) << tab;
   }
+}
+
+TEST_F(MainWindowTest,
+       FilesDroppedAnywhereOnTheWindowAreHandedOverAsCopiesWithoutHoldingUpTheOther) {
+  using Told = std::vector<std::string>;
+  Told told;
+  form1().load();
+  form1().onDrop = [&told](const Told& paths, bool control) {
+    told = paths;
+    told.push_back(control ? "control" : "");
+  };
+  QtDesktop desk;
+  useDesktop(&desk);
+  window.reset();
+  window.reset(makeWindow(form1()));
+  form1().bringPanelToFront(14);
+  window->show();
+  QMimeData files, text;
+  files.setUrls({QUrl::fromLocalFile("/tmp/日本 車.bin"), QUrl("https://example.org/car.bin")});
+  text.setText("/tmp/car.bin");
+  const std::string first = QDir::toNativeSeparators("/tmp/日本 車.bin").toStdString();
+  QWidget* const box = window->findChild<QLineEdit*>();
+  // On the window or a box on it, what is dragged, what the other program allows, Ctrl.
+  const std::tuple<QWidget*, QMimeData*, Qt::DropActions, bool, Told> table[] = {
+      {window.get(), &files, Qt::CopyAction | Qt::MoveAction, false, {first, "", ""}},
+      {window.get(), &files, Qt::CopyAction, true, {first, "", "control"}},
+      {window.get(), &files, Qt::MoveAction, false, {}},
+      {window.get(), &text, Qt::CopyAction, false, {}},
+      {box, &files, Qt::CopyAction, false, {first, "", ""}}};
+  for (const auto& [onto, dragged, actions, control, expected] : table) {
+    told.clear();
+    const auto keys = control ? Qt::ControlModifier : Qt::NoModifier;
+    QDragEnterEvent enter({9, 9}, actions, dragged, Qt::LeftButton, keys);
+    enter.setDropAction(Qt::MoveAction);
+    QCoreApplication::sendEvent(onto, &enter);
+    EXPECT_EQ(enter.isAccepted(), !expected.empty());
+    if (!enter.isAccepted()) continue;
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+    QDropEvent drop({9, 9}, actions, dragged, Qt::LeftButton, keys);
+    QCoreApplication::sendEvent(onto, &drop);
+    EXPECT_TRUE(drop.isAccepted() && told.empty()) << "the drop is over before the files are read";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, expected);
+  }
+  form1().setEnabled(false);
+  QDragEnterEvent enter({9, 9}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(window.get(), &enter);
+  EXPECT_FALSE(enter.isAccepted());
+  window.reset();
+  useDesktop(nullptr);
+}
+
+TEST(WindowPlace, ComesBackOnAScreenThatIsThereAndNoLargerThanIt) {
+  const QList<QRect> two{{0, 0, 1920, 1040}, {1920, -200, 1280, 1024}};
+  const QList<QRect> small{{0, 30, 960, 510}};
+  const std::tuple<QRect, QList<QRect>, QRect> table[] = {
+      {{10, 20, 1060, 680}, two, {10, 20, 1060, 680}},
+      {{2000, -150, 1060, 680}, two, {2000, -150, 1060, 680}},
+      {{2000, -150, 1060, 680}, small, {0, 30, 960, 510}},
+      {{1900, 100, 1060, 680}, two, {1920, 100, 1060, 680}},
+      {{-5000, 9000, 1060, 680}, two, {0, 360, 1060, 680}},
+      {{1500, 800, 1060, 680}, {two[0]}, {860, 360, 1060, 680}},
+      {{900, 500, 400, 300}, small, {560, 240, 400, 300}}};
+  for (const auto& [wanted, screens, expected] : table) {
+    EXPECT_EQ(onScreens(wanted, screens), expected)
+        << wanted.x() << " " << wanted.y() << " on " << screens.size();
+  }
+  QTemporaryDir folder;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+  QtDesktop desk;
+  useDesktop(&desk);
+  const QRect usual(50, 60, 500, 400);
+  const QRect moved(70, 80, 400, 300);
+  for (const char* stored : {"", "x 1 2 3", "1 2 3", "1 2 -5 8", "1 2 9999999999 8",
+                             "70 80 400 300", "70 80 400 300 maximised"}) {
+    desk.storeValue("Main Window", "Place", stored);
+    const bool known = std::string(stored).starts_with("70");
+    for (int run = 0; run < (known ? 2 : 1); ++run) {
+      QWidget window;
+      window.setGeometry(usual);
+      keepPlace(&window);
+      window.show();
+      EXPECT_EQ(window.isMaximized(), std::string(stored).ends_with("maximised")) << stored;
+      EXPECT_EQ(window.isMaximized() ? window.normalGeometry() : window.geometry(),
+                known ? moved : usual)
+          << stored << " in run " << run;
+      window.hide();
+    }
+  }
+  useDesktop(nullptr);
 }
 
 }  // namespace

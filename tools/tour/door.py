@@ -14,7 +14,7 @@ class Door:
     """Starts a program with the door in FOLDER open."""
 
     def __init__(self, command, folder):
-        environment = dict(os.environ, QT_PLUGIN_PATH=folder,
+        environment = dict(os.environ, QT_PLUGIN_PATH=folder, ZELKOVA_OWN_DIALOGS="1",
                            QT_QPA_GENERIC_PLUGINS="zelkova_tour_door")
         self.process = subprocess.Popen(command, env=environment, stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)

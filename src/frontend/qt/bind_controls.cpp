@@ -1,6 +1,7 @@
 #include "frontend/qt/bind_controls.h"
 
 #include <QCheckBox>
+#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QFocusEvent>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QProgressBar>
 #include <QPushButton>
@@ -181,6 +183,16 @@ void showProgress(QProgressBar* widget, const ProgressBar& record) {
   widget->setVisible(record.visible() && record.value() > 0);
 }
 
+// A box takes dropped text, but files are for its window.
+void leaveFiles(QLineEdit* line) {
+  tapEvents(line, [](QEvent* event) {
+    if (event->type() != QEvent::DragEnter) return false;
+    if (!static_cast<QDropEvent*>(event)->mimeData()->hasUrls()) return false;
+    event->ignore();
+    return true;
+  });
+}
+
 }  // namespace
 
 void leaveAltKeys(QLineEdit* line) {
@@ -243,6 +255,7 @@ void bind(QLineEdit* widget, TextBox& record, std::function<void()> onShow) {
       [widget] { widget->selectAll(); });
   forwardFocus(widget, record);
   selectAllAtClick(widget);
+  leaveFiles(widget);
   leaveAltKeys(widget);
 }
 

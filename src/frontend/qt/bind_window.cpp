@@ -1,12 +1,18 @@
 #include "frontend/qt/bind_window.h"
 
 #include <QCloseEvent>
+#include <QDir>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QKeySequence>
+#include <QMimeData>
 #include <QShortcut>
+#include <QUrl>
 #include <QWidget>
 #include <QWindow>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "frontend/qt/event_tap.h"
 #include "frontend/qt/grid_view.h"
@@ -30,8 +36,36 @@ bool takeKey(Window& record, QEvent* event) {
   return true;
 }
 
-bool takeEvent(Window& record, QEvent* event) {
+// Files are read where they are, never moved: whatever the other program proposes, this is a copy.
+bool takeDragged(Window& record, QDropEvent* event) {
+  const bool taken = record.takesDrops() && event->mimeData()->hasUrls() &&
+                     event->possibleActions().testFlag(Qt::CopyAction);
+  if (taken) event->setDropAction(Qt::CopyAction);
+  event->setAccepted(taken);
+  return true;
+}
+
+// The other program waits until the drop is over, which must not be as long as a box stands open.
+bool takeDrop(QObject* widget, Window& record, QDropEvent* event) {
+  takeDragged(record, event);
+  if (!event->isAccepted()) return true;
+  std::vector<std::string> paths;
+  for (const QUrl& url : event->mimeData()->urls()) {
+    paths.push_back(stored(QDir::toNativeSeparators(url.toLocalFile())));
+  }
+  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+  QMetaObject::invokeMethod(
+      widget, [&record, paths, control] { record.userDrop(paths, control); }, Qt::QueuedConnection);
+  return true;
+}
+
+bool takeEvent(QObject* widget, Window& record, QEvent* event) {
   switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+      return takeDragged(record, static_cast<QDropEvent*>(event));
+    case QEvent::Drop:
+      return takeDrop(widget, record, static_cast<QDropEvent*>(event));
     case QEvent::Close:
       return takeClose(record, event);
     case QEvent::KeyPress:
@@ -79,7 +113,8 @@ void bindWindow(QWidget* widget, Window& record, std::function<void()> onShape) 
   };
   show();
   widget->setObjectName(shown(record.name()));
-  tapEvents(widget, [&record](QEvent* event) { return takeEvent(record, event); });
+  tapEvents(widget, [widget, &record](QEvent* event) { return takeEvent(widget, record, event); });
+  widget->setAcceptDrops(record.onDrop != nullptr);
   if (record.onKey) tellEveryKey(widget, record);
   if (record.onUndo) addStepKeys(widget, record);
   QObject::connect(widget, &QObject::destroyed, [&record] { record.observer = nullptr; });

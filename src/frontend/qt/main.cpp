@@ -10,12 +10,15 @@
 #include "core/editor_state.h"
 #include "core/error_log.h"
 #include "core/form1.h"
+#include "frontend/command_line.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/pictures.h"
 #include "frontend/qt/qt_desktop.h"
 #include "frontend/qt/text.h"
+#include "frontend/qt/window_place.h"
 #include "frontend/startup.h"
 #include "platform/failure.h"
+#include "platform/program_call.h"
 
 namespace {
 
@@ -40,6 +43,14 @@ void tellEscapedFailure(int number) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const CommandLine asked = readCommandLine(programArguments(argc, argv));
+  if (!asked.text.empty()) {
+    tellCaller(asked.status == 0 ? Stream::output : Stream::error, asked.text);
+    return asked.status;
+  }
+  // Those of the desktop open where it has any, unless the toolkit's own are asked for.
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs,
+                                 qEnvironmentVariableIsSet("ZELKOVA_OWN_DIALOGS"));
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   dressApplication();
@@ -47,13 +58,15 @@ int main(int argc, char** argv) {
   desktopInForce.keepUserData();
   useDesktop(&desktopInForce);
   onEscapedFailure = tellEscapedFailure;
-  startProgram(stored(QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));
+  startProgram(stored(QDir::toNativeSeparators(QCoreApplication::applicationDirPath())),
+               asked.files);
   translateToolkit();
   // The icon is read and the main window is built while the splash window stands.
   constexpr int splashIsPainted = 60;  // milliseconds
   QTimer::singleShot(splashIsPainted, [&desktopInForce] {
     QApplication::setWindowIcon(programIcon());
     desktopInForce.prepareWindow(form1());
+    keepPlace(desktopInForce.widgetOf(form1()));
   });
   const int status = desktopInForce.over() ? 0 : QApplication::exec();
   useDesktop(nullptr);

@@ -119,9 +119,6 @@ void nameParts(QFileDialog& box, QFileDialog::AcceptMode mode) {
   box.setLabelText(QFileDialog::Reject, text("キャンセル", "Cancel"));
 }
 
-// The program's own dialogs are the ones that were seen, in both languages.
-bool systemDialogsWanted() { return qEnvironmentVariableIsSet("ZELKOVA_SYSTEM_DIALOGS"); }
-
 // Wide enough for names, sizes and dates.
 void sizeParts(QFileDialog& box) {
   constexpr int nameWidth = 250, sizeWidth = 90, typeWidth = 90, dateWidth = 150;
@@ -151,15 +148,21 @@ void propose(QFileDialog& box, const FileDialog& dialog) {
 std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::AcceptMode mode) {
   const bool opening = mode == QFileDialog::AcceptOpen;
   QFileDialog box(askingWindow(), shown(dialog.title));
-  box.setOption(QFileDialog::DontUseNativeDialog, !systemDialogsWanted());
   box.setOption(QFileDialog::DontConfirmOverwrite);
   box.setAcceptMode(mode);
   box.setFileMode(opening ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   const QList<Filter> filters = filtersOf(dialog.filter);
   QStringList names;
   for (const Filter& filter : filters) names << nameFilter(filter);
-  if (!names.isEmpty()) box.setNameFilters(names);
-  if (!opening) box.setDefaultSuffix(defaultSuffix(filters));
+  const QString all = shown(worded({"すべてのファイル (*)", "All files (*)"}));
+  box.setNameFilters(names << all);
+  if (!opening) {
+    const QString suffix = defaultSuffix(filters);
+    box.setDefaultSuffix(suffix);
+    QObject::connect(&box, &QFileDialog::filterSelected, [&box, all, suffix](const QString& name) {
+      box.setDefaultSuffix(name == all ? QString() : suffix);
+    });
+  }
   sizeParts(box);
   nameParts(box, mode);
   propose(box, dialog);
@@ -246,7 +249,6 @@ std::optional<ChosenFile> QtDesktop::doChooseFileToSave(const FileDialog& dialog
 
 std::string QtDesktop::doChooseFolder(const std::string& title) {
   QFileDialog box(askingWindow(), shown(title));
-  box.setOption(QFileDialog::DontUseNativeDialog, !systemDialogsWanted());
   box.setOption(QFileDialog::ShowDirsOnly);
   box.setFileMode(QFileDialog::Directory);
   nameParts(box, QFileDialog::AcceptOpen);
