@@ -34,13 +34,19 @@ class MainWindow : public ProgramTest {
 TEST_F(MainWindow, TheMenuTreeStands) {
   start();
   const auto told = [](const MenuItem& item) {
+    std::set<char> letters;
+    for (const auto& child : item.children()) {
+      const bool chosen = child->caption() != "-" && child->name() != "mnuRecentFile0";
+      EXPECT_TRUE(!chosen || letters.insert(child->letter()).second) << child->name();
+      EXPECT_EQ(child->letter() != 0, chosen) << child->name();
+    }
     const bool command = item.children().empty() && item.caption() != "-";
     EXPECT_TRUE(!item.visible() || command == (item.onClick != nullptr)) << item.name();
     return item.name() + (item.shortcut().empty() ? "" : ":" + item.shortcut());
   };
   EXPECT_EQ(tree(form1().menuBar, told),
             "file_load(read_read(load_bin_file:Ctrl+O LOAD_IntelHEX_FILE:Ctrl+H) "
-            "update_bin_file:Ctrl+S any_anme_save(write_bin_file ANY_NAME_SAVE_IntelHEX) "
+            "update_bin_file:Ctrl+S any_anme_save(write_bin_file:Ctrl+Shift+S ANY_NAME_SAVE_IntelHEX) "
             "odd_even_file Norika(comp_bin comp_intelHex) spa owari:Ctrl+Q space2) "
             "edit_0(CPY:Ctrl+C PST:Ctrl+V dt_cpy(F_F T_R) DDDEEDS(add_dec kakeru smooth ADR_EDIT "
             "DT_SFT vq_chan(use_z32_vq use_hcr32_vq use_bnr32_vq user_ecr33_vq use_y32_vq "

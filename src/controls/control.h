@@ -44,6 +44,7 @@ class Control {
   // text. It follows the captions.
   std::string spokenName() const;
   void nameAfter(std::initializer_list<Captioned*> captions) { refer(nameParts_, captions); }
+  const std::vector<const Captioned*>& namedAfter() const { return nameParts_; }
   // The own text of a control that shows none.
   virtual const std::string& ownName() const { return ownName_; }
   void setOwnName(std::string text) { assign(ownName_, std::move(text)); }
@@ -105,6 +106,10 @@ class Captioned : public Control {
   const std::string& caption() const { return caption_; }
   void setCaption(std::string text);
   const std::string& ownName() const override { return caption_; }
+  // The capital by which the keyboard chooses it among its like; 0 for none. It is no part of the
+  // caption.
+  char letter() const { return letter_; }
+  void setLetter(char letter) { assign(letter_, letter); }
 
  protected:
   ~Captioned() = default;
@@ -112,5 +117,6 @@ class Captioned : public Control {
  private:
   friend class Control;
   std::string caption_;
+  char letter_ = 0;
   std::vector<const Control*> callers_;
 };

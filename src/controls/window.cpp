@@ -5,6 +5,8 @@
 #include "controls/gesture.h"
 #include "controls/handler.h"
 
+std::function<void(const Window&)> onHelp;
+
 void Window::setCaption(std::string text) {
   if (caption_ == text) return;
   caption_ = std::move(text);
@@ -75,6 +77,10 @@ void Window::userKey() {
 
 void Window::userDrop(const std::vector<std::string>& paths, bool control) {
   if (takesDrops()) runHandler(onDrop, paths, control);
+}
+
+void Window::userHelp() {
+  if (takesInput()) runHandler(onHelp, *this);
 }
 
 void Window::userUndo() {

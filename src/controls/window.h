@@ -9,6 +9,11 @@
 
 #include "controls/control.h"
 
+class Window;
+
+// Told which window's user asks for help.
+extern std::function<void(const Window&)> onHelp;
+
 class Button;
 
 class Window {
@@ -65,6 +70,8 @@ class Window {
   // Files that the user dropped on the window, "" for each that is none of this machine's;
   // `control`: with the Ctrl key held.
   void userDrop(const std::vector<std::string>& paths, bool control);
+  // The key for help.
+  void userHelp();
   void userUndo();
   void userRedo();
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "controls/letters.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
 
@@ -19,6 +20,7 @@ void openDialog(Window& dialog) {
   dialog.centreOn(form1());
   try {
     dialog.load();
+    if (editorState.english == 1) giveLetters(dialog);
     makeTopmost(dialog, true);
   } catch (...) {
     // A dialog that doesn't come up must not leave the main window without input.

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "controls/desktop.h"
 #include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
@@ -20,6 +21,7 @@
 #include "core/map_display.h"
 #include "core/map_kinds.h"
 #include "core/progress.h"
+#include "core/wording.h"
 #include "editing/copy_buffer.h"
 #include "editing/entry.h"
 #include "editing/selection.h"
@@ -145,8 +147,35 @@ void pasteHexBlock() {
   });
 }
 
-MenuItem& addItem(MenuItem& menu, const char* name) {
-  return menu.add(std::make_unique<MenuItem>(menu.window(), name));
+MenuItem& addItem(MenuItem& menu, const char* name, char letter, const char* shortcut = "") {
+  MenuItem& item = menu.add(std::make_unique<MenuItem>(menu.window(), name, "", shortcut));
+  item.setLetter(letter);
+  return item;
+}
+
+// The cell of an address; the cursor goes there alone.
+void askForAddress() {
+  const TopmostPause topmost(form6);
+  Grid& grid = form6.eGrid;
+  const std::int64_t first = editorState.addressEditStart;
+  const int columns = grid.columns() - 1;
+  const std::int64_t last = first + std::int64_t{grid.rows() - 1} * columns - 1;
+  const std::int64_t now = first + std::int64_t{grid.row() - 1} * columns + grid.column() - 1;
+  std::string answer = desktop().askText(
+      {worded({"アドレスへ移動", "Go to address"}),
+       worded({"アドレス &H", "Address &H"}) + hexAddress(first) + " - " + hexAddress(last),
+       hexAddress(now)});
+  if (answer.empty()) return;
+  answer.erase(0, answer.find_first_not_of(" \t"));
+  const std::int64_t place = hexPrefix(answer) - first;
+  if (hexPrefix(answer) < first || hexPrefix(answer) > last) {
+    return showRefusal({"このアドレスは表示範囲にありません。",
+                        "This address is not in the stretch that is shown."});
+  }
+  const int row = 1 + static_cast<int>(place / columns);
+  const int column = 1 + static_cast<int>(place % columns);
+  grid.setSelection({row, column, row, column});
+  grid.setFocus();
 }
 
 }  // namespace
@@ -156,9 +185,11 @@ Form6 form6;
 Form6::Form6()
     : Window("Form6"),
       eGrid(*this, emptyRows, emptyColumns, 1, 1, hexLook),
-      edit_02(addItem(menuBar, "edit_02")),
-      e_cpy(addItem(edit_02, "e_cpy")),
-      HSARITUKE(addItem(edit_02, "HSARITUKE")) {
+      edit_02(addItem(menuBar, "edit_02", 'E')),
+      e_cpy(addItem(edit_02, "e_cpy", 'C', "Ctrl+C")),
+      HSARITUKE(addItem(edit_02, "HSARITUKE", 'P', "Ctrl+V")),
+      goMenu(addItem(menuBar, "go", 'G')),
+      goToAddress(addItem(goMenu, "go_to_address", 'G', "Ctrl+G")) {
   wireDialog(*this, {[this] { fill(); }, &Command1, [this] { accept(); }, &Command2, &eGrid});
   eGrid.nameAfter({&Frame1});
   onUnload = [this] { eGrid.resize(emptyRows, emptyColumns); };
@@ -170,6 +201,7 @@ Form6::Form6()
   };
   e_cpy.onClick = [this] { copyIntoBuffer(eGrid, hexNumber); };
   HSARITUKE.onClick = pasteHexBlock;
+  goToAddress.onClick = askForAddress;
 }
 
 void Form6::fill() {
@@ -177,6 +209,8 @@ void Form6::fill() {
   edit_02.setCaption(captioned({"編集", "Edit"}));
   e_cpy.setCaption(captioned({"コピー", "Copy"}));
   HSARITUKE.setCaption(captioned({"張り付け", "Paste"}));
+  goMenu.setCaption(captioned({"移動", "Go"}));
+  goToAddress.setCaption(captioned({"アドレスへ移動...", "Go to address..."}));
   Frame1.setCaption("TARGET &H" + hexAddress(editorState.addressEditStart) +
                     "  X:" + decimalText(editorState.addressEditColumns) +
                     "  Y:" + decimalText(editorState.addressEditRows));

@@ -22,6 +22,8 @@ struct Form6 : Window {
   MenuItem& edit_02;
   MenuItem& e_cpy;
   MenuItem& HSARITUKE;
+  MenuItem& goMenu;
+  MenuItem& goToAddress;
 };
 
 // Loading it shows the stretch that `EditorState.addressEditStart`, `addressEditColumns` and

@@ -61,7 +61,7 @@ class FieldReader {
     }
     const std::size_t quote = std::min(at_, text_.size());
     at_ = std::min(at_ + 1, text_.size());
-    const bool closed = at_ >= text_.size() || isEnd(text_[at_]);
+    const bool closed = quote < text_.size() && (at_ >= text_.size() || isEnd(text_[at_]));
     while (at_ < text_.size() && !isEnd(text_[at_])) ++at_;
     const std::string_view field =
         closed ? text_.substr(from + 1, quote - from - 1) : text_.substr(from, at_ - from);
@@ -124,13 +124,11 @@ void NumberTable::readLines(std::string_view text, char divider, std::size_t mos
 std::string_view NumberTable::text(FieldPlace place) const {
   const std::size_t end = place.row + 1 < lines_.size() ? lines_[place.row + 1] : fields_.size();
   const std::size_t at = lines_[place.row] + place.column;
-  return at < end ? fields_[at] : std::string_view();
+  return at < end ? withoutBlanks(fields_[at]) : std::string_view();
 }
 
-bool NumberTable::isBlank(FieldPlace place) const { return withoutBlanks(text(place)).empty(); }
-
 std::optional<double> NumberTable::number(FieldPlace place) {
-  const std::string_view field = withoutBlanks(text(place));
+  const std::string_view field = text(place);
   if (const auto whole = bareNumber(field)) return *whole;
   const std::size_t sign = field.find_first_of(".,");
   if (sign == std::string_view::npos) return parseAnswer(field);

@@ -31,9 +31,8 @@ class NumberTable {
   // The first field that is filled and lies beyond the most rows or columns.
   const std::optional<FieldPlace>& beyond() const { return beyond_; }
 
-  // A field without the quotes around it; "" where its row ends earlier.
+  // A field without quotes and blanks around it; "" where its row ends earlier.
   std::string_view text(FieldPlace place) const;
-  bool isBlank(FieldPlace place) const;
   // Nothing for a field that is no number. All numbers of a text have the same decimal sign, and a
   // comma before exactly three digits might as well divide thousands: neither is guessed.
   std::optional<double> number(FieldPlace place);

@@ -105,7 +105,7 @@ bool isScaleField(NumberTable& table, const FieldPlace& place, const ScaleCell& 
 
 // Around a part of the map: an empty corner, and the numbers of the scales.
 bool bearsScales(NumberTable& table, const MapKind& kind, int row, int column) {
-  if (table.rows() < 2 || table.columns() < 2 || !table.isBlank({0, 0})) return false;
+  if (table.rows() < 2 || table.columns() < 2 || !table.text({0, 0}).empty()) return false;
   for (std::size_t c = 1; c < table.columns(); ++c) {
     const int of = column + static_cast<int>(c) - 1;
     if (!isScaleField(table, {0, c}, loadCellOf(kind, of))) return false;

@@ -19,6 +19,7 @@
 #include "frontend/languages.h"
 #include "frontend/main_menu.h"
 #include "frontend/main_window.h"
+#include "frontend/manual.h"
 #include "imagefiles/earlier_states_window.h"
 #include "imagefiles/recent_files.h"
 #include "imagefiles/vq_tables.h"
@@ -92,6 +93,7 @@ void loadForm1() {
   form.bringPanelToFront(1);
   rebuildRecentMenu();
   onHistoryChange = followGesture;
+  onHelp = openManual;
   resetDifferences();
   form.onUnload = [] { differencesWindow.unload(); };
   differencesWindow.unload();

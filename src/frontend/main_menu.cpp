@@ -10,6 +10,7 @@
 #include "changes/differences_window.h"
 #include "changes/undo.h"
 #include "changes/view_commands.h"
+#include "controls/letters.h"
 #include "core/address_loading.h"
 #include "core/boost.h"
 #include "core/dialogs.h"
@@ -126,7 +127,7 @@ const MenuRow rows[] = {
      LOAD_IntelHEX_FILE},
     {2, "update_bin_file", "上書き保存", "Save", "Ctrl+S", update_bin_file},
     {2, "any_anme_save", "別名保存", "Save as...", "", nullptr},
-    {3, "write_bin_file", "別名保存(BIN)", "Save as (BIN)", "", write_bin_file},
+    {3, "write_bin_file", "別名保存(BIN)", "Save as (BIN)", "Ctrl+Shift+S", write_bin_file},
     {3, "ANY_NAME_SAVE_IntelHEX", "別名保存(IntelHEX)", "Save as (IntelHEX)", "",
      ANY_NAME_SAVE_IntelHEX},
     {2, "odd_even_file", "奇数/偶数ファイル", "ODD/EVEN File", "", odd_even_file},
@@ -219,6 +220,7 @@ void makeRecentEntries(MenuItem& fileMenu) {
     MenuItem& item = fileMenu.add(
         std::make_unique<MenuItem>(form, "mnuRecentFile" + std::to_string(i), caption));
     item.setVisible(false);
+    if (i > 0) item.setLetter(static_cast<char>('0' + i));
     item.onClick = [i] { mnuRecentFile_Click(static_cast<int>(i)); };
     form.mnuRecentFile[i] = &item;
   }
@@ -244,6 +246,19 @@ void run(const MenuRow& row) {
   if (!row.guard || !refused(*row.guard)) row.routine();
 }
 
+// Each menu's rows get their letters from what they are called in English, in both languages.
+class MenuLetters {
+ public:
+  void give(MenuItem& item, const MenuRow& row) {
+    const auto level = static_cast<std::size_t>(row.level);
+    if (level + 1 < taken_.size()) taken_[level + 1].clear();
+    item.setLetter(freeLetter(*row.english ? row.english : row.japanese, taken_[level]));
+  }
+
+ private:
+  std::array<std::string, 5> taken_;  // by level
+};
+
 void followState(MenuItem& bar, std::span<const MenuRow> shown) {
   for (const MenuRow& row : shown) {
     if (row.follow) row.follow(*bar.find(row.name));
@@ -256,10 +271,12 @@ std::span<const MenuRow> menuRows() { return rows; }
 
 void addMenuRows(MenuItem& bar, std::span<const MenuRow> shown) {
   std::array<MenuItem*, 5> open{&bar};
+  MenuLetters letters;
   for (const MenuRow& row : shown) {
     const auto level = static_cast<std::size_t>(row.level);
     MenuItem& item = open[level - 1]->add(
         std::make_unique<MenuItem>(bar.window(), row.name, row.japanese, row.shortcut));
+    letters.give(item, row);
     if (row.routine) item.onClick = [&row] { run(row); };
     if (row.level == 1) item.onOpen = [&bar, shown] { followState(bar, shown); };
     open[level] = &item;

@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 
+#include "changes/differences_window.h"
 #include "controls/grid.h"
 #include "controls/line.h"
 #include "core/dialogs.h"
@@ -15,6 +16,7 @@
 #include "core/form1.h"
 #include "editing/address_grid.h"
 #include "frontend/form1_loading.h"
+#include "frontend/manual.h"
 #include "frontend/qt/qt_desktop.h"
 #include "frontend/qt/window_room.h"
 #include "frontend/qt/windows/make_window.h"
@@ -300,6 +302,51 @@ TEST_P(WindowsInEachLanguage, TheTabKeyGoesAsTheLayoutReads) {
       }
     }
   });
+}
+
+// The captions with a mark before a letter that lie in sight; what Enter and Escape do needs none.
+std::string letterless(const Window& window, QWidget& widget) {
+  std::string without;
+  std::set<QString> taken;
+  for (const QWidget* each : widget.findChildren<QWidget*>()) {
+    const auto* const label = qobject_cast<const QLabel*>(each);
+    const auto* const button = qobject_cast<const QAbstractButton*>(each);
+    const bool leads = (label && label->buddy()) || (button && !button->text().isEmpty());
+    if (!leads || !each->isVisible()) continue;
+    const QString text = each->property("text").toString();
+    const qsizetype mark = text.indexOf(QRegularExpression("&[^&]"));
+    if (mark >= 0) {
+      EXPECT_TRUE(taken.insert(text.mid(mark + 1, 1).toUpper()).second) << text.toStdString();
+    } else if (text != "OK" && text != "CANCEL" && text[0] < u'\u00FF') {
+      without += window.name() + ' ' + text.toStdString() + '|';
+    }
+  }
+  return without;
+}
+
+TEST_F(WindowsTest, LettersLeadToTheFieldsOfADialogAndF1ToItsPlaceInTheManual) {
+  std::string without;
+  std::vector<std::string> manuals;
+  for (const char* name : {"/manual_en.html", "/manual_ja.html"}) {
+    const std::vector<std::uint8_t> bytes = readFile(std::string(MANUAL_FOLDER) + name);
+    manuals.emplace_back(bytes.begin(), bytes.end());
+  }
+  forEachWindow(1, [&](Window& window, QWidget& widget) {
+    std::string asked;
+    onHelp = [&asked](const Window& of) { asked = manualPlace(of); };
+    QTest::keyClick(&widget, Qt::Key_F1);
+    // Without a screen no window beside the main one becomes the active one.
+    if (&window == &differencesWindow) asked = manualPlace(window);
+    for (const std::string& manual : manuals) {
+      EXPECT_NE(manual.find(" id=\"" + asked + "\""), std::string::npos) << asked;
+    }
+    if (&window != &form1()) without += letterless(window, widget);
+  });
+  onHelp = openManual;
+  EXPECT_EQ(without,
+            "Form5 CLOSE|oddeven Load ODD/EVEN Files|oddeven CLOSE|Differences Go "
+            "there|Differences Close|")
+      << "what Enter and Escape do";
 }
 
 // Whether a widget has less room than its text needs.

@@ -31,6 +31,12 @@
 
 namespace {
 
+constexpr const char* recordProperty = "record";
+
+const Control* recordOf(const QWidget* widget) {
+  return static_cast<const Control*>(widget->property(recordProperty).value<void*>());
+}
+
 // A marked box tells of its mark first.
 std::string descriptionOf(const Control& record) {
   const auto* const box = dynamic_cast<const TextBox*>(&record);
@@ -96,6 +102,7 @@ void follow(QWidget* widget, Control& record, Values values, Selection selection
     }
   };
   record.observer({Change::values});
+  widget->setProperty(recordProperty, QVariant::fromValue<void*>(static_cast<Control*>(&record)));
   QObject::connect(widget, &QObject::destroyed, [&record] { record.observer = nullptr; });
 }
 
@@ -195,6 +202,22 @@ void leaveFiles(QLineEdit* line) {
 
 }  // namespace
 
+void leadLabelsToFields(QWidget* window) {
+  const QList<QLabel*> labels = window->findChildren<QLabel*>();
+  for (QWidget* field : window->findChildren<QWidget*>()) {
+    const bool takesLetter = qobject_cast<QLineEdit*>(field) || qobject_cast<QListWidget*>(field) ||
+                             qobject_cast<QRadioButton*>(field);
+    const Control* const record = takesLetter ? recordOf(field) : nullptr;
+    if (!record || record->namedAfter().empty()) continue;
+    for (QLabel* label : labels) {
+      const Control* const head = recordOf(label);
+      if (head != record->namedAfter().front() || label->buddy()) continue;
+      label->setBuddy(field);
+      head->observer({Change::values});
+    }
+  }
+}
+
 void leaveAltKeys(QLineEdit* line) {
   tapEvents(line, [](QEvent* event) {
     if (event->type() != QEvent::KeyPress) return false;
@@ -209,7 +232,8 @@ void leaveAltKeys(QLineEdit* line) {
 void bind(QLabel* widget, Label& record) {
   widget->setTextFormat(Qt::PlainText);
   follow(widget, record, [widget, &record, colour = black, ink = QColor()]() mutable {
-    widget->setText(shown(record.caption()));
+    // Only a label with a field looks for the letter that leads there.
+    widget->setText(widget->buddy() ? letteredCaption(record) : shown(record.caption()));
     if (widget->parentWidget() && !widget->parentWidget()->layout()) widget->adjustSize();
     if (record.colour() == colour) return;
     QPalette palette = widget->palette();
@@ -261,7 +285,7 @@ void bind(QLineEdit* widget, TextBox& record, std::function<void()> onShow) {
 
 void bind(QCheckBox* widget, CheckBox& record) {
   follow(widget, record, [widget, &record] {
-    widget->setText(shownCaption(record.caption()));
+    widget->setText(letteredCaption(record));
     widget->setChecked(record.checked());
   });
   forwardPress(widget, [&record] { record.userMouseDown(); });
@@ -271,7 +295,7 @@ void bind(QCheckBox* widget, CheckBox& record) {
 
 void bind(QRadioButton* widget, Option& record) {
   follow(widget, record, [widget, &record] {
-    widget->setText(shownCaption(record.caption()));
+    widget->setText(letteredCaption(record));
     // The toolkit keeps an exclusive button from being cleared; the record decides.
     widget->setAutoExclusive(false);
     widget->setChecked(record.selected());
@@ -306,7 +330,7 @@ void bind(QListWidget* widget, ListBox& record) {
 }
 
 void bind(QPushButton* widget, Button& record) {
-  follow(widget, record, [widget, &record] { widget->setText(shownCaption(record.caption())); });
+  follow(widget, record, [widget, &record] { widget->setText(letteredCaption(record)); });
   const Window& window = record.window();
   widget->setDefault(window.defaultButton == &record);
   QObject::connect(widget, &QPushButton::clicked, [&record] { record.userClick(); });

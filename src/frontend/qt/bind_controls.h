@@ -33,6 +33,9 @@ void bind(QTabBar* widget, TabStrip& record);
 void bind(QProgressBar* widget, ProgressBar& record);
 void bind(QTimer* timer, Timer& record);
 
+// The letter of a label leads to the field that is named after it.
+void leadLabelsToFields(QWidget* window);
+
 // Keeps a character that is typed with Alt out of a line: it is meant for a menu.
 void leaveAltKeys(QLineEdit* line);
 

@@ -4,12 +4,16 @@
 #include <QApplication>
 #include <QCursor>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <optional>
 #include <unordered_map>
 
+#include "controls/letters.h"
+#include "frontend/qt/event_tap.h"
 #include "frontend/qt/text.h"
 
 namespace {
@@ -20,30 +24,59 @@ std::optional<QPoint> placeInForce;
 QMenu* makeMenu(MenuItem& item, QWidget* parent);
 void addMissing(QWidget* parent, const MenuItem& item);
 
-// A title in the menu bar opens its menu with Alt and its first letter, where that is a Latin one.
-QString titleOf(const MenuItem& item) {
-  const QString caption = shownCaption(item.caption());
-  const bool latin = !caption.isEmpty() && caption[0].isLetter() && caption[0].unicode() < 128;
-  return latin ? QLatin1Char('&') + caption : caption;
-}
-
 // A long path keeps its beginning and the file's name; the tool tip has all of it.
-void showCaption(QAction* action, const std::string& caption) {
+void showCaption(QAction* action, const MenuItem& item) {
   constexpr int longest = 560;  // pixels
-  const QString whole = shown(caption);
+  const QString whole = shown(item.caption());
   const QFontMetrics metrics(QApplication::font("QMenu"));
   const QString fitting = metrics.elidedText(whole, Qt::ElideMiddle, longest);
-  action->setText(shownCaption(stored(fitting)));
-  action->setToolTip(fitting == whole ? QString() : shownTip(caption));
+  action->setText(fitting == whole ? letteredCaption(item) : shownCaption(stored(fitting)));
+  action->setToolTip(fitting == whole ? QString() : shownTip(item.caption()));
+}
+
+char letterOf(const QKeyEvent& key) {
+  const int code = key.key();
+  return code > Qt::Key_Space && code < Qt::Key_AsciiTilde ? static_cast<char>(code) : '\0';
+}
+
+// In an open menu a row's letter chooses it, also where its caption in this language lacks it.
+bool takeLetter(QMenu* menu, const MenuItem& item, const QKeyEvent& key) {
+  const auto& children = item.children();
+  for (std::size_t i = 0; i < children.size(); ++i) {
+    const MenuItem& child = *children[i];
+    QAction* const action = menu->actions().value(static_cast<qsizetype>(i));
+    const bool own = placeOfLetter(child.caption(), child.letter()) != std::string::npos;
+    if (own || child.letter() == 0 || child.letter() != letterOf(key)) continue;
+    if (!action || !action->isVisible() || !action->isEnabled()) return true;
+    menu->setActiveAction(action);
+    QApplication::postEvent(menu, new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier));
+    return true;
+  }
+  return false;
+}
+
+// F10 opens the first menu. Alt with a title's letter opens that menu; where the caption in this
+// language has the letter, the toolkit itself sees to that.
+void addBarKeys(QMenuBar* bar, const MenuItem& root) {
+  const auto add = [bar](const QKeySequence& keys, qsizetype number) {
+    QObject::connect(new QShortcut(keys, bar), &QShortcut::activated, bar,
+                     [bar, number] { bar->setActiveAction(bar->actions().value(number)); });
+  };
+  add(Qt::Key_F10, 0);
+  qsizetype number = 0;
+  for (const auto& child : root.children()) {
+    if (child->letter() && placeOfLetter(child->caption(), child->letter()) == std::string::npos) {
+      add(QKeySequence(QStringLiteral("Alt+") + QLatin1Char(child->letter())), number);
+    }
+    ++number;
+  }
 }
 
 // Shows an item's values on its action, and what was added below it.
-void follow(QAction* action, MenuItem& item, bool isTitle) {
-  const auto show = [action, &item, isTitle] {
+void follow(QAction* action, MenuItem& item) {
+  const auto show = [action, &item] {
     action->setSeparator(item.caption() == "-");
-    if (!action->isSeparator()) {
-      isTitle ? action->setText(titleOf(item)) : showCaption(action, item.caption());
-    }
+    if (!action->isSeparator()) showCaption(action, item);
     action->setCheckable(item.checked().has_value());
     action->setChecked(item.checked().value_or(false));
     action->setVisible(item.visible());
@@ -73,12 +106,11 @@ QAction* makeAction(MenuItem& item, QWidget* parent) {
 // Items are only ever added, at the end.
 void addMissing(QWidget* parent, const MenuItem& item) {
   const auto& children = item.children();
-  const bool isBar = qobject_cast<QMenuBar*>(parent) != nullptr;
   for (auto i = static_cast<std::size_t>(parent->actions().size()); i < children.size(); ++i) {
     QAction* const action = makeAction(*children[i], parent);
     action->setObjectName(shown(children[i]->name()));
     parent->addAction(action);
-    follow(action, *children[i], isBar);
+    follow(action, *children[i]);
   }
 }
 
@@ -89,6 +121,10 @@ QMenu* makeMenu(MenuItem& item, QWidget* parent) {
   menus[&item] = menu;
   QObject::connect(menu, &QObject::destroyed, [&item] { menus.erase(&item); });
   QObject::connect(menu, &QMenu::aboutToShow, [&item] { item.userOpen(); });
+  tapEvents(menu, [menu, &item](QEvent* event) {
+    return event->type() == QEvent::KeyPress &&
+           takeLetter(menu, item, *static_cast<QKeyEvent*>(event));
+  });
   addMissing(menu, item);
   return menu;
 }
@@ -106,6 +142,7 @@ void bind(QMenuBar* bar, MenuItem& root) {
     if (change.kind == Change::shape) addMissing(bar, root);
   };
   addMissing(bar, root);
+  addBarKeys(bar, root);
   QObject::connect(bar, &QObject::destroyed, [&root] { root.observer = nullptr; });
 }
 

@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "frontend/qt/bind_controls.h"
 #include "frontend/qt/event_tap.h"
 #include "frontend/qt/grid_view.h"
 #include "frontend/qt/text.h"
@@ -117,5 +118,8 @@ void bindWindow(QWidget* widget, Window& record, std::function<void()> onShape) 
   widget->setAcceptDrops(record.onDrop != nullptr);
   if (record.onKey) tellEveryKey(widget, record);
   if (record.onUndo) addStepKeys(widget, record);
+  leadLabelsToFields(widget);
+  QObject::connect(new QShortcut(Qt::Key_F1, widget), &QShortcut::activated, widget,
+                   [&record] { record.userHelp(); });
   QObject::connect(widget, &QObject::destroyed, [&record] { record.observer = nullptr; });
 }

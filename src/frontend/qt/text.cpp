@@ -1,5 +1,8 @@
 #include "frontend/qt/text.h"
 
+#include "controls/control.h"
+#include "controls/letters.h"
+
 namespace {
 
 constexpr qsizetype longTip = 60;  // characters
@@ -8,6 +11,14 @@ constexpr qsizetype longTip = 60;  // characters
 
 QString shownCaption(const std::string& text) {
   return shown(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString letteredCaption(const Captioned& record) {
+  const std::string& caption = record.caption();
+  const std::size_t place = placeOfLetter(caption, record.letter());
+  if (place == std::string::npos) return shownCaption(caption);
+  return shownCaption(caption.substr(0, place)) + QLatin1Char('&') +
+         shownCaption(caption.substr(place));
 }
 
 QString shownTip(const std::string& text) {

@@ -5,9 +5,13 @@
 #include <QString>
 #include <string>
 
+class Captioned;
+
 inline QString shown(const std::string& text) { return QString::fromStdString(text); }
 inline std::string stored(const QString& text) { return text.toStdString(); }
 
+// The caption, with a mark before the letter by which the keyboard chooses it.
+QString letteredCaption(const Captioned& record);
 // For captions in which the toolkit looks for mnemonics.
 QString shownCaption(const std::string& text);
 // For tool tips: long ones are wrapped.

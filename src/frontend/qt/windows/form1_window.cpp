@@ -67,15 +67,18 @@ QTabBar* makeTabs(Form1& form) {
   return tabs;
 }
 
-// Ctrl+Tab goes from tab to tab, wherever the focus is.
+// Ctrl+Tab and Ctrl with a page key go from tab to tab, wherever the focus is.
 void addTabKeys(QWidget* window, QTabBar* tabs) {
   const auto go = [tabs](int step) {
     return [tabs, step] { tabs->setCurrentIndex((tabs->currentIndex() + step) % tabs->count()); };
   };
-  auto* const next = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Tab), window);
-  auto* const back = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), window);
-  QObject::connect(next, &QShortcut::activated, window, go(1));
-  QObject::connect(back, &QShortcut::activated, window, go(tabs->count() - 1));
+  for (const auto key : {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown}) {
+    QObject::connect(new QShortcut(key, window), &QShortcut::activated, window, go(1));
+  }
+  for (const auto key : {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageUp}) {
+    QObject::connect(new QShortcut(key, window), &QShortcut::activated, window,
+                     go(tabs->count() - 1));
+  }
 }
 
 // Shows the record's front panel, which is made first if this is its first time. Its map gets
