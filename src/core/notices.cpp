@@ -6,6 +6,8 @@
 
 #include "core/form1.h"
 
+const char* const pasteSubject = "paste";
+
 namespace {
 
 constexpr int informationMilliseconds = 8000;

@@ -27,6 +27,8 @@ struct Notice {
 // A warning or trouble that stands already, in the same words, stays as it is: shown, or closed by
 // the user until its words change or it is withdrawn. Only its actions are the new ones.
 void tellNotice(Notice notice);
+// About a text that the plain paste can't take, until it or the other paste took one.
+extern const char* const pasteSubject;
 void withdrawNotice(const std::string& subject);
 // The one that the strip shows; null for none.
 const Notice* shownNotice();

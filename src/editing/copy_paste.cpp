@@ -19,8 +19,6 @@
 
 namespace {
 
-constexpr const char* noticeSubject = "paste";
-
 bool startsWithNumber(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
   if (!text.empty() && (text[0] == '+' || text[0] == '-')) text.remove_prefix(1);
@@ -84,14 +82,14 @@ std::int64_t readCells(ClipboardBlock& block, const GridBlock& target) {
 // A text that is no block of this program may be a spreadsheet's.
 void tellOfOtherPaste(std::string_view text) {
   if (text.find_first_not_of(" \t\r\n") == std::string_view::npos) return;
-  tellNotice({noticeSubject,
+  tellNotice({pasteSubject,
               NoticeKind::information,
               {"このプログラムのブロックではありません。表計算の値は「表計算から張り付け」"
                "(Ctrl+Shift+V) で張り付けられます。",
                "This is no block of the program. Values of a spreadsheet are taken by \"Paste from "
                "a spreadsheet\" (Ctrl+Shift+V)."},
               {{{"張り付ける", "Paste them"}, [] {
-                  withdrawNotice(noticeSubject);
+                  withdrawNotice(pasteSubject);
                   form1().menuBar.find("paste_table")->userPick();
                 }}}});
 }
@@ -113,7 +111,7 @@ void pasteBlock(const MapKind& kind) {
   if (!text) return;
   std::optional<ClipboardBlock> block = splitClipboard(*text);
   if (!block) return tellOfOtherPaste(*text);
-  withdrawNotice(noticeSubject);
+  withdrawNotice(pasteSubject);
   editorState.copyLastColumn = block->lastColumn;
   editorState.copyLastRow = block->lastRow;
   const std::int64_t numbers = readCells(*block, grid.block());

@@ -14,6 +14,7 @@
 #include "core/map_extent.h"
 #include "core/map_kinds.h"
 #include "core/map_places.h"
+#include "core/notices.h"
 #include "core/refusals.h"
 #include "core/storable_numbers.h"
 #include "core/stored_bytes.h"
@@ -223,6 +224,7 @@ void pasteInto(const MapKind& kind, const std::string& text) {
   }
   const auto numbers = numbersFor(table, headers, storableNumbers(kind));
   if (!numbers) return;
+  withdrawNotice(pasteSubject);
   nameStep({"表計算から張り付け", "paste from a spreadsheet"});
   writeNumbers(kind, {row, column, lastRow, lastColumn}, *numbers);
 }
