@@ -231,6 +231,7 @@ void makeRecentMapEntries(MenuItem& menu) {
     MenuItem& item =
         menu.add(std::make_unique<MenuItem>(menu.window(), "mnuRecentMap" + std::to_string(i)));
     item.setVisible(false);
+    item.setLetter(static_cast<char>('0' + i));
     item.onClick = [&item] { openRecentMap(item.caption()); };
   }
 }

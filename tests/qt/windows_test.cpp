@@ -345,7 +345,7 @@ TEST_F(WindowsTest, LettersLeadToTheFieldsOfADialogAndF1ToItsPlaceInTheManual) {
   onHelp = openManual;
   EXPECT_EQ(without,
             "Form5 CLOSE|oddeven Load ODD/EVEN Files|oddeven CLOSE|Differences Go "
-            "there|Differences Close|")
+            "there|Differences Close|EarlierStates Load|EarlierStates Close|")
       << "what Enter and Escape do";
 }
 
