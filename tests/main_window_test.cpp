@@ -44,22 +44,23 @@ TEST_F(MainWindow, TheMenuTreeStands) {
     EXPECT_TRUE(!item.visible() || command == (item.onClick != nullptr)) << item.name();
     return item.name() + (item.shortcut().empty() ? "" : ":" + item.shortcut());
   };
-  EXPECT_EQ(tree(form1().menuBar, told),
-            "file_load(read_read(load_bin_file:Ctrl+O LOAD_IntelHEX_FILE:Ctrl+H) "
-            "update_bin_file:Ctrl+S any_anme_save(write_bin_file:Ctrl+Shift+S ANY_NAME_SAVE_IntelHEX) "
-            "odd_even_file Norika(comp_bin comp_intelHex) spa owari:Ctrl+Q space2) "
-            "edit_0(CPY:Ctrl+C PST:Ctrl+V dt_cpy(F_F T_R) DDDEEDS(add_dec kakeru smooth ADR_EDIT "
-            "DT_SFT vq_chan(use_z32_vq use_hcr32_vq use_bnr32_vq user_ecr33_vq use_y32_vq "
-            "use_s13_vq use_ps13_vq use_s14_vq use_s15_vq)) "
-            "G_EDIT_RR(DISP_3D_Graph:Ctrl+G TP_2D) AF_DISP_FORM TP_BST_RECAL:Ctrl+R CALCU:Ctrl+N) "
-            "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) "
-            "changes(undo:Ctrl+Z redo:Ctrl+Y; Ctrl+Shift+Z changes_line set:Ctrl+E percent:Ctrl+5 "
-            "interpolate(across down both:Ctrl+I) coarse_up coarse_down states_line "
-            "earlier_states) "
-            "view(against_nothing against_file against_comparison view_line differences:Ctrl+D "
-            "next_difference:F3 last_difference:Shift+F3) "
-            "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V exchange_line "
-            "recent_maps()) HLP777(ver_displ)");
+  EXPECT_EQ(
+      tree(form1().menuBar, told),
+      "file_load(read_read(load_bin_file:Ctrl+O LOAD_IntelHEX_FILE:Ctrl+H) "
+      "update_bin_file:Ctrl+S any_anme_save(write_bin_file:Ctrl+Shift+S ANY_NAME_SAVE_IntelHEX) "
+      "odd_even_file Norika(comp_bin comp_intelHex) spa owari:Ctrl+Q space2) "
+      "edit_0(CPY:Ctrl+C PST:Ctrl+V dt_cpy(F_F T_R) DDDEEDS(add_dec kakeru smooth ADR_EDIT "
+      "DT_SFT vq_chan(use_z32_vq use_hcr32_vq use_bnr32_vq user_ecr33_vq use_y32_vq "
+      "use_s13_vq use_ps13_vq use_s14_vq use_s15_vq)) "
+      "G_EDIT_RR(DISP_3D_Graph:Ctrl+G TP_2D) AF_DISP_FORM TP_BST_RECAL:Ctrl+R CALCU:Ctrl+N) "
+      "S___(load_map_addr set_spl SET_DEFAULT_FOLDER) "
+      "changes(undo:Ctrl+Z redo:Ctrl+Y; Ctrl+Shift+Z changes_line set:Ctrl+E percent:Ctrl+5 "
+      "interpolate(across down both:Ctrl+I) coarse_up coarse_down states_line "
+      "earlier_states) "
+      "view(against_nothing against_file against_comparison view_line differences:Ctrl+D "
+      "next_difference:F3 last_difference:Shift+F3) "
+      "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V exchange_line "
+      "recent_maps()) HLP777(ver_displ)");
 }
 
 TEST_F(MainWindow, StatusAndBarAreEmptyBehindEachCommand) {
