@@ -12,8 +12,8 @@
 #include <string_view>
 #include <vector>
 
-#include "imagefiles/intel_hex_reader.h"
-#include "imagefiles/intel_hex_writer.h"
+#include "rom/intel_hex_reader.h"
+#include "rom/intel_hex_writer.h"
 
 namespace {
 

@@ -9,10 +9,10 @@
 #include <string_view>
 
 #include "core/loaded_image.h"
-#include "imagefiles/intel_hex_reader.h"
-#include "imagefiles/intel_hex_writer.h"
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "rom/intel_hex_reader.h"
+#include "rom/intel_hex_writer.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The comparison image: what it loads from, when it counts as loaded, and that it leaves the
 // working image alone.
-#include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/intel_hex_file.h"
 #include "support.h"
 
 namespace {

@@ -11,7 +11,7 @@
 #include "core/notices.h"
 #include "core/pending_image.h"
 #include "imagefiles/earlier_states_window.h"
-#include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/intel_hex_file.h"
 #include "imagefiles/odd_even.h"
 #include "support.h"
 

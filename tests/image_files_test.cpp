@@ -2,9 +2,9 @@
 // failure, in both forms.
 #include <filesystem>
 
-#include "imagefiles/intel_hex_writer.h"
 #include "imagefiles/odd_even.h"
 #include "platform/files.h"
+#include "rom/intel_hex_writer.h"
 #include "support.h"
 
 namespace {

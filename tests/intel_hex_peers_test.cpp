@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <map>
 
-#include "imagefiles/intel_hex_reader.h"
-#include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/intel_hex_file.h"
 #include "platform/failure.h"
+#include "rom/intel_hex_reader.h"
 #include "support.h"
 
 namespace {

@@ -3,9 +3,9 @@
 #include <optional>
 #include <string_view>
 
-#include "imagefiles/intel_hex_reader.h"
-#include "imagefiles/intel_hex_writer.h"
 #include "platform/failure.h"
+#include "rom/intel_hex_reader.h"
+#include "rom/intel_hex_writer.h"
 #include "scratch_folder.h"
 #include "support.h"
 

@@ -7,7 +7,7 @@
 
 #include "core/dialogs.h"
 #include "core/rom_image.h"
-#include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/intel_hex_file.h"
 #include "support.h"
 
 namespace {

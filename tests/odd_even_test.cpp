@@ -7,7 +7,7 @@
 #include <optional>
 #include <span>
 
-#include "imagefiles/intel_hex_writer.h"
+#include "rom/intel_hex_writer.h"
 #include "support.h"
 
 namespace {

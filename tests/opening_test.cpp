@@ -9,7 +9,7 @@
 #include "frontend/environment.h"
 #include "frontend/splash.h"
 #include "frontend/startup.h"
-#include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/intel_hex_file.h"
 #include "support.h"
 
 namespace {

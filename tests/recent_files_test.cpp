@@ -2,7 +2,7 @@
 // from it.
 #include "imagefiles/recent_files.h"
 
-#include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/intel_hex_file.h"
 #include "support.h"
 
 namespace {

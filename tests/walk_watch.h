@@ -12,7 +12,7 @@
 #include <span>
 
 #include "core/map_kinds.h"
-#include "imagefiles/intel_hex_writer.h"
+#include "rom/intel_hex_writer.h"
 #include "support.h"
 
 // A cell or box, and how it tells the image bytes that it stands for: as a number, in a map or in

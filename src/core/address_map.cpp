@@ -8,8 +8,6 @@
 #include <string_view>
 #include <vector>
 
-#include "core/address_items.h"
-#include "core/address_parse.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
@@ -21,6 +19,8 @@
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/numbers.h"
+#include "rom/address_items.h"
+#include "rom/address_parse.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/map_entries.h"
+#include "rom/map_entries.h"
 
 using RomImage = std::vector<std::uint8_t>;
 

@@ -2,7 +2,7 @@
 // the grid layout and the reset to the empty state.
 #pragma once
 
-#include "core/map_entries.h"
+#include "rom/map_entries.h"
 
 // Draws one map; all numbers come from its MapEntry. `bytes` is the airflow map's length. A failure
 // shows a box and leaves the grid hidden.

@@ -1,21 +1,19 @@
-// The maps and parameters of an address map as tables: what each is called in files, where it
-// stands on the main window and what kind of numbers it holds.
+// The maps and parameters of an address map as tables: where each stands on the main window and
+// what holds for its cells there.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <string>
 
-#include "core/map_entries.h"
+#include "rom/map_entries.h"
+#include "rom/map_traits.h"
 
 class Frame;
 class Grid;
 class Label;
 class TextBox;
 struct Form1;
-
-// What kinds of cells a map has.
-enum class MapFamily { main, airflow, tpScale, rpmScale, limitRow, additional };
 
 // How a cell's background follows from its number.
 enum class ColourRule { none, byteShade, wordShade };
@@ -25,43 +23,29 @@ enum class AfterEffect { none, airflowView, boostRow };
 
 // What holds for every cell of a family: one row for each family.
 struct CellRules {
-  int cellBytes;            // in the image
   std::int32_t limit;       // the largest number that a cell takes
   std::int32_t entryBound;  // an entered number at or above it becomes `limit`
   std::int32_t stepLimit;   // where the step keys stop
   ColourRule colour;
   AfterEffect after;
-  bool scaled;      // shown: the byte times the file's scale
   int columnWidth;  // twips
 };
-
-constexpr std::int32_t byteLimit = 255;
-constexpr std::int32_t wordLimit = 65535;
 
 constexpr int airflowTab = 5;
 // The tab of the single parameters, which shows no one map.
 constexpr int globalTab = 14;
-constexpr MapId noMap{};
 
-// One row for each map: its keyword in address map files, its grid, where its caption goes, the tab
-// on whose panel it stands, and the scales that tell what its columns and rows stand for.
-struct MapKind {
-  MapId id;
-  const char* keyword;
+// One row for each map: its grid, where its caption goes and the tab on whose panel it stands.
+struct MapKind : MapTraits {
   Grid Form1::*grid;
-  MapFamily family;
   Frame Form1::*frame;  // null: the caption goes to `label`, or nowhere
   Label Form1::*label;
   int tab;
-  MapId loadScale = noMap;
-  MapId speedScale = noMap;
   const CellRules& rules() const;
-  bool scaled() const { return rules().scaled; }
-  bool isScale() const { return family == MapFamily::tpScale || family == MapFamily::rpmScale; }
   // A tab shows it, and the commands of that tab work on it.
   bool ownsTab() const { return frame != nullptr; }
   bool countsProgress() const { return family != MapFamily::additional; }
-  bool isByteMap() const { return ownsTab() && rules().cellBytes == 1; }
+  bool isByteMap() const { return ownsTab() && cellBytes() == 1; }
 };
 
 const std::array<MapKind, mapCount>& mapKinds();
@@ -94,16 +78,13 @@ struct ScaleCell {
 ScaleCell loadCellOf(const MapKind& map, int column);
 ScaleCell speedCellOf(const MapKind& map, int row);
 
-// One row for each parameter: its keyword, box and label, whether it is a scaled number, and
-// whether its box is limited to the digits of its bytes.
-struct ParamKind {
-  ParamId id;
-  const char* keyword;
+// One row for each parameter: its box and label, and whether its box is limited to the digits of
+// its bytes.
+struct ParamKind : ParamTraits {
   TextBox Form1::*box;
   Label Form1::*label;
   Label Form1::*unit;  // null for hexadecimal boxes
   bool limitedLength;
-  bool scaled() const { return unit != nullptr; }
 };
 
 const std::array<ParamKind, paramCount>& paramKinds();

@@ -4,5 +4,5 @@
 
 int storedIn(const RomImage& image, const MapKind& kind, std::int64_t address) {
   const int high = byteOf(image, address);
-  return kind.rules().cellBytes == 1 ? high : high * 256 + byteOf(image, address + 1);
+  return kind.cellBytes() == 1 ? high : high * 256 + byteOf(image, address + 1);
 }

@@ -14,7 +14,7 @@
 class ShownValue {
  public:
   explicit ShownValue(const MapKind& kind)
-      : scale_(kind.scaled() ? entryOf(kind).scale : 1), bytes_(kind.rules().cellBytes == 1) {}
+      : scale_(kind.scaled() ? entryOf(kind).scale : 1), bytes_(kind.cellBytes() == 1) {}
   std::int32_t operator()(int stored) const {
     const std::int64_t shown = stored * scale_;
     if (shown != static_cast<std::int32_t>(shown)) throw Failure(overflow);

@@ -12,8 +12,7 @@ std::int32_t StorableNumbers::nearestTo(double dividend, double divisor) const {
 }
 
 StorableNumbers storableNumbers(const MapKind& kind) {
-  const CellRules& rules = kind.rules();
-  if (!rules.scaled) return {0, rules.limit, 1};
+  if (!kind.scaled()) return {0, kind.rules().limit, 1};
   const std::int64_t scale = entryOf(kind).scale;
   const std::int32_t end = clampTo32Bits(byteLimit * scale);
   return {std::min(end, 0), std::max(end, 0), std::max(clampTo32Bits(std::abs(scale)), 1)};

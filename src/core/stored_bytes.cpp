@@ -70,7 +70,7 @@ StoredCells::StoredCells(const MapExtent& extent)
       top_(grid_.fixedRows()),
       left_(grid_.fixedColumns()),
       columns_(columnsStored(extent)),
-      cellBytes_(extent.kind.rules().cellBytes),
+      cellBytes_(extent.kind.cellBytes()),
       address_(extent.address) {
   rows_ = rowsStored(extent, columns_);
 }

@@ -7,8 +7,8 @@
 #include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/window.h"
-#include "core/map_entries.h"
 #include "core/wording.h"
+#include "rom/map_entries.h"
 
 // A map and its counterpart, in the order of the first direction.
 struct MapPair {

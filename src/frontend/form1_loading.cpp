@@ -12,6 +12,7 @@
 #include "core/map_display.h"
 #include "core/map_kinds.h"
 #include "core/notices.h"
+#include "core/progress.h"
 #include "core/settings_file.h"
 #include "core/status_line.h"
 #include "core/unsaved_states.h"
@@ -23,6 +24,7 @@
 #include "imagefiles/earlier_states_window.h"
 #include "imagefiles/recent_files.h"
 #include "imagefiles/vq_tables.h"
+#include "rom/progress_steps.h"
 
 namespace {
 
@@ -94,6 +96,7 @@ void loadForm1() {
   rebuildRecentMenu();
   onHistoryChange = followGesture;
   onHelp = openManual;
+  onRecordsDone = setProgressOf;
   resetDifferences();
   form.onUnload = [] { differencesWindow.unload(); };
   differencesWindow.unload();

@@ -11,11 +11,11 @@
 #include "core/status_line.h"
 #include "core/unsaved_states.h"
 #include "imagefiles/file_watch.h"
-#include "imagefiles/intel_hex_reader.h"
-#include "imagefiles/intel_hex_writer.h"
+#include "imagefiles/intel_hex_file.h"
 #include "imagefiles/save_notices.h"
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "rom/intel_hex_reader.h"
 
 namespace {
 

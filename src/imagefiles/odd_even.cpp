@@ -23,12 +23,12 @@
 #include "core/unsaved_states.h"
 #include "imagefiles/file_watch.h"
 #include "imagefiles/image_forms.h"
-#include "imagefiles/intel_hex_reader.h"
-#include "imagefiles/intel_hex_writer.h"
 #include "imagefiles/save_notices.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/numbers.h"
+#include "rom/intel_hex_reader.h"
+#include "rom/intel_hex_writer.h"
 
 OddEven oddeven;
 

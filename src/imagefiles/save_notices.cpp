@@ -4,8 +4,8 @@
 
 #include "core/editor_state.h"
 #include "core/notices.h"
-#include "imagefiles/intel_hex_reader.h"
 #include "platform/failure.h"
+#include "rom/intel_hex_reader.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "bed.h"
-#include "imagefiles/intel_hex_reader.h"
-#include "imagefiles/intel_hex_writer.h"
 #include "platform/failure.h"
+#include "rom/intel_hex_reader.h"
+#include "rom/intel_hex_writer.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/map_entries.h"
+#include "rom/map_entries.h"
 
 // What is shown of an entry: told by each of its blocks that was read whole.
 struct EntryLook {

@@ -1,4 +1,4 @@
-#include "core/address_parse.h"
+#include "rom/address_parse.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,10 +8,9 @@
 #include <string_view>
 #include <utility>
 
-#include "controls/grid.h"
-#include "core/map_kinds.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "rom/map_traits.h"
 
 namespace {
 
@@ -48,7 +47,7 @@ class Block {
 
 void checkGrid(std::int64_t dataRows, std::int64_t dataColumns) {
   if (dataColumns < 0 || dataRows < 0) throw Failure(badSubscript);
-  if ((dataColumns + 1) * (dataRows + 1) > Grid::maximumCells) throw Failure(badSubscript);
+  if ((dataColumns + 1) * (dataRows + 1) > maximumMapCells) throw Failure(badSubscript);
 }
 
 // What both kinds of entries have in common; `readScale` stands where the scale is read.
@@ -64,7 +63,7 @@ EntryLook readEntry(const Block& block, Entry& entry, ReadScale readScale) {
           entry.bytes};
 }
 
-EntryLook readMap(const Block& block, const MapKind& kind, MapEntry& entry) {
+EntryLook readMap(const Block& block, const MapTraits& kind, MapEntry& entry) {
   EntryLook look = readEntry(block, entry, [&] {
     if (kind.scaled()) entry.scale = block.wholeNumber(5);
   });
@@ -78,7 +77,7 @@ EntryLook readMap(const Block& block, const MapKind& kind, MapEntry& entry) {
   return look;
 }
 
-EntryLook readParam(const Block& block, const ParamKind& kind, ParamEntry& entry) {
+EntryLook readParam(const Block& block, const ParamTraits& kind, ParamEntry& entry) {
   return readEntry(block, entry, [&] {
     if (kind.scaled()) entry.scale = block.realNumber(5);
   });
@@ -107,7 +106,7 @@ class Parse {
   template <class Order>
   void readMaps(const Order& order) const {
     for (const MapId id : order) {
-      const MapKind& kind = *findMapKind(id);
+      const MapTraits& kind = traitsOf(id);
       forEachBlock(kind.keyword, [&](const Block& block) {
         EntryLook look = readMap(block, kind, parsed_.map.map(id));
         parsed_.maps[static_cast<std::size_t>(id - 1)].push_back(std::move(look));
@@ -118,7 +117,7 @@ class Parse {
   void readParams() const {
     for (const ParamId id : paramOrder) {
       const auto index = static_cast<std::size_t>(id);
-      const ParamKind& kind = paramKinds()[index];
+      const ParamTraits& kind = traitsOf(id);
       forEachBlock(kind.keyword, [&](const Block& block) {
         parsed_.params[index].push_back(readParam(block, kind, parsed_.map.param(id)));
       });

@@ -1,10 +1,10 @@
-#include "imagefiles/intel_hex_reader.h"
+#include "rom/intel_hex_reader.h"
 
 #include <algorithm>
 #include <cstddef>
 
-#include "imagefiles/progress_steps.h"
 #include "platform/failure.h"
+#include "rom/progress_steps.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "core/address_items.h"
+#include "rom/address_items.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -11,6 +11,3 @@
 // of less than 32 bytes makes a last record of its own length; one of exactly 2 bytes makes two
 // records, since the reader passes over records of two bytes.
 std::string intelHexText(std::span<const std::uint8_t> source);
-
-// Replaces the file at `path` by that text, which it gives. Throws Failure as replaceFile does.
-std::string writeIntelHex(const std::string& path, std::span<const std::uint8_t> source);

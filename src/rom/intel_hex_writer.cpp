@@ -1,4 +1,4 @@
-#include "imagefiles/intel_hex_writer.h"
+#include "rom/intel_hex_writer.h"
 
 #include <algorithm>
 #include <array>
@@ -6,8 +6,7 @@
 #include <numeric>
 #include <string_view>
 
-#include "core/earlier_states.h"
-#include "imagefiles/progress_steps.h"
+#include "rom/progress_steps.h"
 
 namespace {
 
@@ -100,11 +99,5 @@ std::string intelHexText(std::span<const std::uint8_t> source) {
   }
   to = std::copy(lastLine.begin(), lastLine.end(), to);
   text.resize(static_cast<std::size_t>(to - text.data()));
-  return text;
-}
-
-std::string writeIntelHex(const std::string& path, std::span<const std::uint8_t> source) {
-  std::string text = intelHexText(source);
-  replaceUserFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
   return text;
 }
