@@ -116,6 +116,36 @@ TEST_F(Spreadsheet, AWholeMapTakesItsScalesAlongAndLeavesThemOutWhenItComesBack)
   EXPECT_EQ(paste(form.RPM_FUEL, "149\n150\n12750", 0, 0), "150|150|12750");
 }
 
+// See tools/spreadsheet_peer.sh.
+TEST_F(Spreadsheet, WhatLibreOfficeMadeOfACopiedMapComesIn) {
+  const auto data = [](const std::string& name) {
+    const Bytes bytes = readFile(std::string(DATA_FOLDER) + "/spreadsheet/" + name);
+    return std::string(bytes.begin(), bytes.end());
+  };
+  Grid& grid = form.Grid1;
+  const Matrix before = numbers(grid);
+  drag(grid, 1, 1, rows, columns);
+  pick("copy_table");
+  EXPECT_EQ(*desk.clipboard, data("copied.txt"));
+  EXPECT_EQ(desk.clipboardHtml + "\n", data("copied.html"));
+  desk.clipboardHtml.clear();
+  Matrix halves = before;
+  for (int i = 0; i < rows * columns; ++i)
+    cellOf(halves, i / columns + 1, i % columns + 1) = 5 * i + 1;
+  for (const auto& [name, expected] : {std::pair("tabs", before),
+                                       {"semicolons", before},
+                                       {"commas", before},
+
+                                       {"points", halves},
+                                       {"decimal_commas", halves},
+                                       {"decimal_commas_in_quotes", halves}}) {
+    scramble(grid, 255);
+    paste(grid, data(std::string(name) + ".csv"));
+    EXPECT_EQ(told(), "") << name;
+    EXPECT_EQ(numbers(grid), expected) << name;
+  }
+}
+
 TEST_F(Spreadsheet, ThePlainPasteNamesTheOtherOneWhereTheTextIsNoBlock) {
   Grid& grid = form.Grid1;
   fill(grid, {{1, 2}});
