@@ -72,11 +72,11 @@ TEST_F(Spreadsheet, LongTextsAreReadNoFurtherThanTheMapGoes) {
   for (int i = 0; i < 1'000'000; ++i) fields += "1,";
   const std::pair<std::string, const char*> table[] = {
       {fields, "Row 1, column 10: that lies outside"},
-      {std::string(4'000'000, '7'),
+      {std::string(1'000'000, '7'),
        "Row 1, column 1: \"7777777777777777777777777777777777777777...\""},
-      {std::string(4'000'000, '\n') + "1", "Row 4000001, column 1: that"},
-      {std::string(4'000'000, '"'), "Row 1, column 1: \""},
-      {std::string(4'000'000, ','), "There are no values"}};
+      {std::string(1'000'000, '\n') + "1", "Row 1000001, column 1: that"},
+      {std::string(1'000'000, '"'), "Row 1, column 1: \""},
+      {std::string(1'000'000, ','), "There are no values"}};
   for (const auto& [text, expected] : table) {
     paste(grid, text);
     const std::string box = told();
