@@ -67,14 +67,24 @@ void putInForce() {
   SET_MAP_ADDR();
   showTypeUnit();
   showImageUnderNewMap();
-  addRecentMap(editorState.addressFilePath);
 }
 
+// "" for none.
+std::string mapInForce() {
+  if (editorState.addressMap.typeUnit.empty()) return {};
+  return settledPath(editorState.addressFilePath);
+}
+
+// The one that was in force before, too: it may have come with the settings.
 void loadMap(const std::string& path) {
   runFileCommand({commandName,
                   [&] {
+                    const std::string former = mapInForce();
                     pickAndRead(path);
                     putInForce();
+                    for (const std::string& map : {former, mapInForce()}) {
+                      if (!map.empty()) addRecentMap(map);
+                    }
                   },
                   [](int number) { showFailure(number, advice); }});
 }

@@ -63,14 +63,11 @@ bool isControl(char c) {
   return (byte < 0x20 && c != '\t' && c != '\r' && c != '\n' && c != '\f') || byte == 0x7F;
 }
 
-// The last character may be cut.
+// Whole lines: what is cut behind them may end within a character.
 bool isText(std::string_view bytes) {
-  constexpr std::string_view noCharacter = "\uFFFD";
-  if (bytes.find_first_of("\r\n") == std::string_view::npos) return false;
-  if (std::ranges::any_of(bytes, isControl)) return false;
-  const std::string decoded = decodeText(bytes);
-  const std::size_t readable = std::min(decoded.find(noCharacter), decoded.size());
-  return decoded.size() - readable <= 3 * noCharacter.size();
+  const std::string_view lines = bytes.substr(0, bytes.find_last_of("\r\n") + 1);
+  return !lines.empty() && std::ranges::none_of(bytes, isControl) &&
+         decodeText(lines).find("\uFFFD") == std::string::npos;
 }
 
 // ":10" and so on: a colon, and digits up to the line's end.

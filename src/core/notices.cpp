@@ -10,7 +10,7 @@ const char* const pasteSubject = "paste";
 
 namespace {
 
-constexpr int informationMilliseconds = 8000;
+constexpr int passingMilliseconds = 8000;
 
 struct Standing {
   Notice notice;
@@ -22,6 +22,10 @@ std::vector<Standing> standing;  // the newest last
 std::vector<Standing>::iterator find(const std::string& subject) {
   return std::find_if(standing.begin(), standing.end(),
                       [&](const Standing& each) { return each.notice.subject == subject; });
+}
+
+bool goesByItself(const Notice& notice) {
+  return notice.passes || notice.kind == NoticeKind::information;
 }
 
 bool saysTheSame(const Notice& one, const Notice& other) {
@@ -43,8 +47,8 @@ void show() {
   form.noticeClose.setVisible(notice);
   form.noticeText.setVisible(notice);
   form.noticeTimer.setEnabled(false);
-  if (notice && notice->kind == NoticeKind::information) {
-    form.noticeTimer.restart(informationMilliseconds);
+  if (notice && goesByItself(*notice)) {
+    form.noticeTimer.restart(passingMilliseconds);
   }
 }
 
@@ -53,7 +57,7 @@ void closeNotice() {
   const Notice* const notice = shownNotice();
   if (!notice) return;
   const auto shown = find(notice->subject);
-  if (notice->kind == NoticeKind::information) {
+  if (goesByItself(*notice)) {
     standing.erase(shown);
   } else {
     shown->closed = true;
@@ -82,7 +86,7 @@ const Notice* shownNotice() {
 void tellNotice(Notice notice) {
   const auto former = find(notice.subject);
   if (former != standing.end()) {
-    if (notice.kind != NoticeKind::information && saysTheSame(former->notice, notice)) {
+    if (!goesByItself(notice) && saysTheSame(former->notice, notice)) {
       former->notice.actions = std::move(notice.actions);
       return;
     }

@@ -9,7 +9,7 @@
 #include "core/wording.h"
 
 // In the order of their weight. Information goes by itself after a while, the others when they are
-// withdrawn or closed.
+// withdrawn or closed, unless they are told of something that is over.
 enum class NoticeKind { information, warning, trouble };
 
 struct NoticeAction {
@@ -22,10 +22,12 @@ struct Notice {
   NoticeKind kind = NoticeKind::information;
   BothTexts text;
   std::vector<NoticeAction> actions = {};  // at most two
+  bool passes = false;                     // goes by itself, whatever its kind
 };
 
-// A warning or trouble that stands already, in the same words, stays as it is: shown, or closed by
-// the user until its words change or it is withdrawn. Only its actions are the new ones.
+// A notice that doesn't go by itself and stands already, in the same words, stays as it is: shown,
+// or closed by the user until its words change or it is withdrawn. Only its actions are the new
+// ones.
 void tellNotice(Notice notice);
 // About a text that the plain paste can't take, until it or the other paste took one.
 extern const char* const pasteSubject;

@@ -1,6 +1,7 @@
 #include "frontend/opening.h"
 
 #include <cstdint>
+#include <utility>
 
 #include "core/address_loading.h"
 #include "core/extensions.h"
@@ -15,15 +16,17 @@ namespace {
 
 constexpr const char* subject = "files from outside";
 
-void tell(const BothTexts& what) { tellNotice({subject, NoticeKind::warning, what}); }
+void tell(const BothTexts& what) {
+  Notice notice{subject, NoticeKind::warning, what};
+  notice.passes = true;
+  tellNotice(std::move(notice));
+}
 
 BothTexts withAdvice(const BothTexts& what) {
-  return {what.japanese +
-              " 一度に開けるのはイメージ(.bin、.hex)かアドレスマップ(.adr)1つです。"
-              "Ctrlキーを押しながらドロップしたイメージは比較元になります。",
-          what.english +
-              " ZELKOVA opens one image (.bin, .hex) or one address map (.adr) at a time; an image "
-              "dropped with Ctrl held becomes the comparison image."};
+  return {
+      what.japanese +
+          "開けるのは.bin、.hex、.adrのファイル1つです(Ctrlキーを押してドロップ: 比較元)。",
+      what.english + " Open one .bin, .hex or .adr file (an image dropped with Ctrl: comparison)."};
 }
 
 bool isAddressMap(const std::string& path) { return extensionOf(path) == "ADR"; }
