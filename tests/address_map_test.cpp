@@ -85,7 +85,7 @@ TEST_F(AddressMapFile, EntriesThatAnotherMapLacksAreNamedAsBeforeAnyMap) {
   std::ranges::for_each(paramKinds(), add);
   for (const std::string& settings : {std::string(), firstSettings("map.adr")}) {
     writeText("zelkova.ini", settings);
-    startAnew();
+    start();
     told();
     useMap("TYPE_UNIT,X");
     const std::string design = names();

@@ -100,15 +100,21 @@ TEST_F(CellEditing, StepsStopAtTheLimits) {
 }
 
 TEST_F(CellEditing, EachCommandTellsTheScreenOnceAndALoadTwice) {
-  const std::pair<std::function<void()>, int> commands[] = {
-      {[this] { loadImage(patternImage(0x400, 2)); }, 2},  // emptied, filled
-      {[this] { enterCell(fuel, 2, 2, "9"); }, 1},
-      {[this] { drag(fuel, 1, 1, 4, 8); }, 0},
-      {[this] { fuel.userKey('+'); }, 1},
-      {[this] { pick("CPY"); }, 0},
-      {[this] { pick("PST"); }, 1}};
-  for (std::size_t i = 0; i < std::size(commands); ++i) {
-    EXPECT_EQ(repaintsOf(fuel, commands[i].first), commands[i].second) << i;
+  const std::tuple<const char*, std::function<void()>, int> commands[] = {
+      {"load: emptied, filled", [this] { loadImage(patternImage(0x400, 2)); }, 2},
+      {"cell", [this] { enterCell(fuel, 2, 2, "9"); }, 1},
+      {"drag", [this] { drag(fuel, 1, 1, 4, 8); }, 0},
+      {"key", [this] { fuel.userKey('+'); }, 1},
+      {"copy", [this] { pick("CPY"); }, 0},
+      {"paste", [this] { pick("PST"); }, 1}};
+  for (const auto& [name, command, repaints] : commands) {
+    int count = 0;
+    fuel.observer = [&count](const Change& change) {
+      count += change.kind == Change::cell || change.kind == Change::cells;
+    };
+    command();
+    fuel.observer = nullptr;
+    EXPECT_EQ(count, repaints) << name;
   }
 }
 

@@ -42,7 +42,7 @@ TEST_F(CopyPaste, TakesWhateverTheClipboardHolds) {
 }
 
 TEST_F(CopyPaste, ABlockBeyondTheBufferIsCutAndTheSelectionShowsIt) {
-  startAnewWithMap("TYPE_UNIT\nCAR\n" + mapBlock("HIGH_FUEL", "0", 520, 45, 23400, "1"));
+  startWithMap("TYPE_UNIT\nCAR\n" + mapBlock("HIGH_FUEL", "0", 520, 45, 23400, "1"));
   loadImage(patternImage(30000));
   Grid& grid = form1().Grid1;
   drag(grid, 45, 520, 2, 3);
@@ -102,7 +102,7 @@ TEST_F(CopyPaste, PropertyAnyChoiceOfWholeMapsAfterAnyEdit) {
 }
 
 TEST_F(CopyPaste, UnequalAndAbsentMapsCopyTheSmallerSizeInsideTheImage) {
-  startAnewWithMap(
+  startWithMap(
       "TYPE_UNIT,CAR\nHIGH_FUEL,&H100,8,4,32,0,c\nREG_FUEL,&H0,4,4,16,0,c\n"
       "HIGH_FIRE,&H140,8,4,32,0,c\nTP_SCALE_FUEL,&H1FE,8,1,8,0,c\n"
       "TP_SCALE_FIRE,&H180,8,1,8,0,c\nRPM_SCALE_FIRE,&H190,4,1,4,50,c\n");

@@ -22,7 +22,6 @@ class DemoCar : public ProgramTest {
     fs::copy(made / "zelkova.ini", path("zelkova.ini"));
     start();
   }
-  ~DemoCar() override { DR_GRAPH.unload(); }
 };
 
 TEST_F(DemoCar, StartsInEnglishAndWritesItsSettingsAndEveryMapUnchanged) {
@@ -75,7 +74,7 @@ TEST_F(DemoCar, FitsTheAddressMapThatTheManualLists) {
     listing = listing.substr(listing.find("<pre>\n#") + 6);
     listing.resize(listing.find("</pre>"));
     while (listing.find("&amp;") != listing.npos) listing.erase(listing.find("&amp;") + 1, 4);
-    startAnewWithMap(listing);
+    startWithMap(listing);
     pickFile("load_bin_file", "demo/demo.bin");
     EXPECT_EQ(told() + form1().Label1.caption(), model);
     std::ptrdiff_t present = 0;

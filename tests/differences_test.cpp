@@ -32,25 +32,16 @@ class Differences : public ProgramTest {
     pickFile("comp_bin", "friend.bin");
     pick("against_comparison");
   }
-  // Marked cells as "grid row,column", marked boxes as their label.
+  // Marked cells as "keyword row,column", marked boxes by their keyword; "!": can't be stored.
   static std::string marks() {
     std::string text;
-    for (const MapKind& kind : mapKinds()) {
-      const Grid& grid = gridOf(kind);
-      for (int r = 0; r < grid.rows(); ++r) {
-        for (int c = 0; c < grid.columns(); ++c) {
-          const Mark mark = grid.mark(r, c);
-          if (mark == Mark::none) continue;
-          text += std::string(kind.keyword) + (mark == Mark::differs ? " " : " !") +
-                  std::to_string(r) + "," + std::to_string(c) + "; ";
-        }
-      }
-    }
-    for (const ParamKind& kind : paramKinds()) {
-      const Mark mark = (form1().*kind.box).mark();
-      if (mark != Mark::none)
-        text += kind.keyword + std::string(mark == Mark::differs ? "; " : " !; ");
-    }
+    const auto add = [&text](Mark mark, const std::string& name) {
+      if (mark != Mark::none) text += name + (mark == Mark::differs ? "; " : "!; ");
+    };
+    forEachCell([&add](const MapKind& kind, const Grid& grid, int r, int c) {
+      add(grid.mark(r, c), kind.keyword + (" " + std::to_string(r)) + "," + std::to_string(c));
+    });
+    for (const ParamKind& kind : paramKinds()) add((form1().*kind.box).mark(), kind.keyword);
     return text;
   }
   static std::string rows() {
@@ -124,10 +115,10 @@ TEST_F(Differences, TabsCountTheirCellsAndTheStatusLineTellsTheCursors) {
 TEST_F(Differences, ACellThatNoByteHoldsIsNamedAndOneStepAway) {
   Form1& form = form1();
   enterCell(form.RPM_FUEL, 2, 0, "15000");
-  EXPECT_EQ(marks(), "RPM_SCALE_FUEL !2,0; ");
+  EXPECT_EQ(marks(), "RPM_SCALE_FUEL 2,0!; ");
   EXPECT_TRUE(form.RPM_FUEL.spokenCell(2, 0).ends_with(": 15000, can't be stored"));
   enterCell(form.RPM_FUEL, 3, 0, "100");
-  EXPECT_EQ(marks(), "RPM_SCALE_FUEL !2,0; RPM_SCALE_FUEL !3,0; ") << "what stands behind it";
+  EXPECT_EQ(marks(), "RPM_SCALE_FUEL 2,0!; RPM_SCALE_FUEL 3,0!; ") << "what stands behind it";
   selectTab(3);
   ASSERT_TRUE(shownNotice() && form.noticeText.visible());
   EXPECT_NE(form.noticeText.caption().find("&H0192: \"15000\""), std::string::npos);
@@ -182,7 +173,7 @@ TEST_F(Differences, TheListNamesMapsParametersAndBytesOutsideAndTakesThemOverOne
 }
 
 TEST_F(Differences, ManyStretchesOutsideAreToldAsOneButNeverAcrossAMap) {
-  startAnewWithMap("TYPE_UNIT\r\nMANY\r\n" + mapBlock("HIGH_FUEL", "&H4000", 5, 3, 15));
+  startWithMap("TYPE_UNIT\r\nMANY\r\n" + mapBlock("HIGH_FUEL", "&H4000", 5, 3, 15));
   Bytes other(0x5000);
   loadImage(other);
   for (std::size_t at = 4; at < other.size(); at += 20) other[at] = 1;
@@ -233,11 +224,11 @@ TEST_F(Differences, WhatASaveWouldChangeUnaskedIsSeenBeforeIt) {
 }
 
 TEST_F(Differences, MapsThatShareBytesAndImagesThatEndWithinThem) {
-  startAnewWithMap("TYPE_UNIT\r\nSHARED\r\n" + mapBlock("HIGH_FUEL", "&H100", 5, 3, 15) +
-                   mapBlock("HIGH_FIRE", "&H10A", 5, 3, 15) + mapBlock("K_DATA", "&H10C", 1, 1, 2));
+  startWithMap("TYPE_UNIT\r\nSHARED\r\n" + mapBlock("HIGH_FUEL", "&H100", 5, 3, 15) +
+               mapBlock("HIGH_FIRE", "&H10A", 5, 3, 15) + mapBlock("K_DATA", "&H10C", 1, 1, 2));
   loadImage(evenImage());
   enterCell(form1().Grid2, 1, 1, "9");  // the byte of the first map's last row
-  EXPECT_EQ(marks(), "HIGH_FUEL !3,1; HIGH_FIRE 1,1; ");
+  EXPECT_EQ(marks(), "HIGH_FUEL 3,1!; HIGH_FIRE 1,1; ");
   expectPendingIsWrittenBack();
   pick("undo");
   EXPECT_EQ(marks(), "");
@@ -248,8 +239,8 @@ TEST_F(Differences, MapsThatShareBytesAndImagesThatEndWithinThem) {
   const Bytes other = patternImage(0x102, 9);
   compareWith(other);
   EXPECT_EQ(marks(),
-            "HIGH_FUEL 1,1; HIGH_FUEL 1,2; HIGH_FUEL !3,3; HIGH_FUEL !3,4; "
-            "HIGH_FIRE !1,3; HIGH_FIRE !1,4; ");
+            "HIGH_FUEL 1,1; HIGH_FUEL 1,2; HIGH_FUEL 3,3!; HIGH_FUEL 3,4!; "
+            "HIGH_FIRE 1,3!; HIGH_FIRE 1,4!; ");
   compareWith({1});
   EXPECT_EQ(editorState.compareImage.size(), 1u);
 }

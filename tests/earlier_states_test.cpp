@@ -59,9 +59,8 @@ TEST_F(EarlierStates, WhatASaveReplacesIsListedComparedLoadedCopiedAndForgotten)
   pick("update_bin_file");
   writeIntelHex(path("other.hex"), original);
   const std::string hex = readText("other.hex");
-  desk.saveAnswers.push_back(path("other.hex"));
   desk.boxAnswers.push_back(BoxAnswer::ok);
-  pick("ANY_NAME_SAVE_IntelHEX");
+  pick("ANY_NAME_SAVE_IntelHEX", {"other.hex"});
   const std::string hexBytes = std::to_string(hex.size());
   EXPECT_EQ(listed(), "other.hex|before a save|" + hexBytes + "|1\nimage.bin|before a save|77|" +
                           std::to_string(1024) + "\nimage.bin|before a save|1024|1\n");

@@ -8,7 +8,6 @@ namespace {
 class EngineSpecification : public ProgramTest {
  protected:
   EngineSpecification() { loadSmallCar(); }
-  ~EngineSpecification() override { form2.unload(); }
   // Opens the dialog and pastes a text into each of its boxes.
   void fill(const char* displacement, const char* injector, const char* cylinders) {
     pick("set_spl");

@@ -3,18 +3,14 @@
 #pragma once
 
 #include <functional>
-#include <string>
 
 namespace failing_calls {
 
-constexpr int never = -1;
-
-// How many calls pass until the one at which something happens.
-extern int callsLeft;
-// What happens then: gives the error that the call fails with; 0 lets it pass.
-extern std::function<int()> atThatCall;
-// The call that was struck: its name, "create" for an open that makes a file, "fsync folder".
-extern std::string struckCall;
+// Runs `body` with `strike` at the call behind the first `calls`: it gives the error that the call
+// fails with, 0 lets it pass. False when `body` made fewer.
+bool struck(int calls, std::function<int()> strike, const std::function<void()>& body);
+// For a strike: it strikes once more behind `calls` others.
+void strikeAgain(int calls);
 
 // Whether files can have second names; some file systems hold none.
 extern bool linksWork;

@@ -30,14 +30,7 @@ struct Three {
         {even, bytesOf("new even")}, {odd, bytesOf("new odd")}, {last, bytesOf("new last")}};
     return trapFailure([&] { replaceFiles(files); });
   }
-  // What the files hold, and how many stand in the folder.
-  std::string texts() const {
-    std::string all;
-    for (const std::string& file : {even, odd, last}) {
-      if (fs::exists(file)) all += contentOf(file) + ' ';
-    }
-    return all + std::to_string(folder.count());
-  }
+  std::string texts() const { return folder.texts({"even", "odd", "last"}); }
 
   const ScratchFolder folder;
   const std::string even = folder / "even";
@@ -54,13 +47,12 @@ TEST(SavesUnderFire, AFailingCallLeavesTheOldFilesOrTheNewOnesAndAnotherSaveHarm
     bool reached = true;
     for (int at = 0; reached; ++at, points += reached) {
       const Three three;
-      calls::atThatCall = [&three, wanted = error] {
+      const auto strike = [&three, wanted = error] {
         EXPECT_TRUE(wanted != 0 || calls::inChild([&three] { return three.save(); }) == 0);
         return wanted;
       };
-      calls::callsLeft = at;
-      const int number = three.save();
-      reached = std::exchange(calls::callsLeft, calls::never) == calls::never;
+      int number = 0;
+      reached = calls::struck(at, strike, [&] { number = three.save(); });
       const std::string texts = three.texts();
       EXPECT_TRUE(number == 0 ? texts.starts_with("new even new odd new last ")
                               : number == expected && texts == "old 1")
@@ -79,15 +71,14 @@ TEST(SavesUnderFire, WhatCannotBePutBackIsNotThrownAway) {
   for (int at = 0; reached; ++at) {
     for (int later = 0; later < 6; ++later) {
       const Three three;
-      bool first = true;
-      calls::atThatCall = [&first, later] {
-        if (std::exchange(first, false)) calls::callsLeft = later;
+      int strikes = 0;
+      const auto strike = [&strikes, later] {
+        if (strikes++ == 0) calls::strikeAgain(later);
         return EIO;
       };
-      calls::callsLeft = at;
-      const char* const wanted = three.save() == 0 ? "new even" : "old";
-      reached = !first;
-      calls::callsLeft = calls::never;
+      const char* wanted = "old";
+      calls::struck(at, strike, [&] { wanted = three.save() == 0 ? "new even" : "old"; });
+      reached = strikes > 0;
       bool kept = false;
       for (const fs::directory_entry& entry : fs::directory_iterator(three.folder.path())) {
         kept = kept || contentOf(entry.path()) == wanted;
@@ -99,50 +90,33 @@ TEST(SavesUnderFire, WhatCannotBePutBackIsNotThrownAway) {
 
 // Killed between its renames, then met by what others did meanwhile.
 TEST(SavesUnderFire, WhatAKillLeftHalfDoneIsCompletedOrTakenBackUnlessOthersChangedIt) {
-  const auto removeBeside = [](const Three& three, std::string_view suffix) {
-    for (const fs::directory_entry& entry : fs::directory_iterator(three.folder.path())) {
-      if (entry.path().extension() == suffix) fs::remove(entry.path());
-    }
-  };
-  struct Row {
-    const char* what;
-    std::function<void(const Three&)> meanwhile;
-    std::string texts;
-  };
-  const Row table[] = {
-      {"nothing", [](const Three&) {}, "new even new odd new last 3"},
-      {"the new files went", [&](const Three& three) { removeBeside(three, ".zelkova-new"); },
-       "old 1"},
-      {"both went",
-       [&](const Three& three) {
-         removeBeside(three, ".zelkova-new");
-         removeBeside(three, ".zelkova-old");
-       },
-       "new even 4"},
-      {"a target changed", [](const Three& three) { std::ofstream(three.last) << "foreign"; },
-       "new even foreign 8"},
-      {"a new file was cut",
-       [](const Three& three) {
-         for (const fs::directory_entry& entry : fs::directory_iterator(three.folder.path())) {
-           if (entry.path().extension() == ".zelkova-new") fs::resize_file(entry.path(), 3);
-         }
-       },
-       "old 1"}};
-  for (const auto& [what, meanwhile, texts] : table) {
+  using Path = fs::path;
+  const auto remove = [](const Path& path) { fs::remove(path); };
+  const auto cut = [](const Path& path) { fs::resize_file(path, 3); };
+  // What happens to the files of those endings.
+  const std::tuple<const char*, std::string_view, void (*)(const Path&), std::string> table[] = {
+      {"nothing", "", remove, "new even new odd new last 3"},
+      {"the new files went", ".zelkova-new", remove, "old 1"},
+      {"both went", ".zelkova-new.zelkova-old", remove, "new even 4"},
+      {"a target changed", "last", remove, "new even foreign 8"},
+      {"a new file was cut", ".zelkova-new", cut, "old 1"}};
+  for (const auto& [what, endings, meanwhile, texts] : table) {
     SCOPED_TRACE(what);
     bool mixed = false;
     for (int at = 0; !mixed; ++at) {
       const Three three;
-      ASSERT_LT(calls::inChild([&, point = at] {
-                  calls::atThatCall = [] { return raise(SIGKILL); };
-                  calls::callsLeft = point;
-                  return three.save();
-                }),
-                0)
-          << "never between two renames";
+      const auto kill = [] { return raise(SIGKILL); };
+      const auto saveAndDie = [&, point = at] {
+        return calls::struck(point, kill, [&three] { three.save(); }) ? 0 : 1;
+      };
+      ASSERT_LT(calls::inChild(saveAndDie), 0) << "never between two renames";
       mixed = three.texts().starts_with("new even ") && !fs::exists(three.odd);
       if (!mixed) continue;
-      meanwhile(three);
+      if (endings == "last") std::ofstream(three.last) << "foreign";
+      for (const fs::directory_entry& entry : fs::directory_iterator(three.folder.path())) {
+        const Path ending = entry.path().extension();
+        if (!ending.empty() && endings.find(ending.string()) != endings.npos) meanwhile(entry);
+      }
       finishReplacements(three.last);
       EXPECT_EQ(three.texts(), texts);
     }
@@ -181,8 +155,7 @@ TEST(SavesUnderFire, AFolderThatMayNotBeWrittenKeepsItsFilesAndGetsNoOther) {
   });
   fs::permissions(locked, fs::perms::all);  // so that the folder can go
   EXPECT_EQ(wrong, 0);
-  EXPECT_EQ(contentOf(locked + "/there"), "old");
-  EXPECT_FALSE(fs::exists(locked + "/new"));
+  EXPECT_EQ(folder.texts({"locked/there", "locked/new"}), "old 1");
 }
 
 TEST(SavesUnderFire, ADiskThatFillsUpLeavesTheOldFileAndNoOther) {
@@ -195,7 +168,7 @@ TEST(SavesUnderFire, ADiskThatFillsUpLeavesTheOldFileAndNoOther) {
     return trapFailure([&] { replaceFile(folder / "a", bytesOf(std::string(1024, 'n'))); });
   });
   EXPECT_NE(number, 0);
-  EXPECT_TRUE(contentOf(folder / "a") == "old" && folder.count() == 1);
+  EXPECT_EQ(folder.texts({"a"}), "old 1");
 }
 
 TEST(SavesUnderFire, APipeIsRefusedWithoutWaiting) {

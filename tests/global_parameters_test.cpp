@@ -20,7 +20,7 @@ class GlobalParameters : public ProgramTest {
     loadUnder(mapBlock(paramKinds()[id].keyword, "&H40", 0, 0, bytes, scale), image);
   }
   void loadUnder(const std::string& blocks, const Bytes& image) {
-    startAnewWithMap("TYPE_UNIT\r\nCAR\r\n" + blocks);
+    startWithMap("TYPE_UNIT\r\nCAR\r\n" + blocks);
     loadImage(image);
   }
   static TextBox& boxOf(ParamId id) { return form1().*paramKinds()[id].box; }

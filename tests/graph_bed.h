@@ -62,13 +62,12 @@ class GraphTest : public CanvasTest {
   GraphTest() : CanvasTest(DR_GRAPH.Picture1) {
     load(4, 3, {10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120});
   }
-  ~GraphTest() override { DR_GRAPH.unload(); }
 
   // Loads a car of one fuel map; its cells hold `cells` in reading order, then the pattern.
   void load(int columns, int rows, const Bytes& cells) {
     graphState = GraphState{};
-    startAnewWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("HIGH_FUEL", "&H100", columns, rows,
-                                                       columns * rows, "0", "High fuel"));
+    startWithMap("TYPE_UNIT\r\nCAR\r\n" +
+                 mapBlock("HIGH_FUEL", "&H100", columns, rows, columns * rows, "0", "High fuel"));
     Bytes bytes = patternImage(0x1200);
     std::copy(cells.begin(), cells.end(), bytes.begin() + mapAddress);
     loadImage(bytes);

@@ -29,14 +29,6 @@ const std::string unsaved = "It is crowded as reading, though it aren't preserve
 class ImageFiles : public ProgramTest {
  protected:
   ImageFiles() { startWithMap(smallMap()); }
-  // Picks a load or save command and answers with `name`, "" by Cancel.
-  void run(const char* command, const std::string& name) {
-    desk.openAnswers = desk.saveAnswers = {name.empty() ? "" : path(name)};
-    pick(command);
-    desk.openAnswers.clear();
-    desk.saveAnswers.clear();
-    EXPECT_TRUE(form1().ProgressBar1.value() == 0 && !desk.busy);
-  }
   const Bytes image = patternImage(0x400);
 };
 
@@ -63,13 +55,13 @@ TEST_F(ImageFiles, AFailedSaveLosesNothingAndAFailedLoadLeavesNothingThatASaveCo
     loadImage(image);
     form1().Grid1.setText(1, 1, "9");
     desk.boxAnswers = {BoxAnswer::no};
-    run(form.save, "folder");
+    pick(form.save, {"folder"});
     pick(form.load);
     EXPECT_EQ(told() + form1().Grid1.text(1, 1), "*ERROR = [75]|" + unsaved + "9");
     for (const auto& [name, number] : loads) {
       editorState.imageSize = 0;
       loadImage(image);
-      run(form.load, name);
+      pick(form.load, {name});
       EXPECT_EQ(told(), "*ERROR = [" + number + "]　Ill. DATA? " + fileNameOf(name));
       for (int tab = 14; tab >= 1; --tab) selectTab(tab);
       for (const char* command : {"update_bin_file", "ADR_EDIT", "use_s13_vq"}) pick(command);
@@ -84,11 +76,11 @@ TEST_F(ImageFiles, CancelsLeaveEverythingAsItWasAndTheDeclinedFileAlone) {
   writeText("there", "old");
   for (const Form& form : forms) {
     loadImage(image);
-    run(form.load, "");
-    run(form.save, "");
+    pick(form.load, {""});
+    pick(form.save, {""});
     form1().Grid1.setText(1, 1, "9");
     desk.boxAnswers = {BoxAnswer::cancel, BoxAnswer::no};
-    run(form.save, "there");
+    pick(form.save, {"there"});
     pick(form.load);
     EXPECT_EQ(desk.boxes[0].name, "there") << "shortened where it is long";
     EXPECT_EQ(
@@ -118,7 +110,7 @@ TEST_F(ImageFiles, ALoadAsksInTheLanguageWhileAByteDiffersAndCancelledItKeepsThe
     edit();
     editorState.english = english;
     desk.boxAnswers.assign(1, BoxAnswer::yes);
-    run("load_bin_file", "");
+    pick("load_bin_file", {""});
     EXPECT_EQ(told(), question) << what;
     desk.boxAnswers.clear();
   }
@@ -136,19 +128,19 @@ TEST_F(ImageFiles, SavingReplacesTheWholeFileAndTheImageTakesItsNameAndForm) {
     for (const char* value : {"7", "9"}) {
       edited[0x100] = static_cast<std::uint8_t>(value[0] - '0');
       form1().Grid1.setText(1, 1, value);
-      value[0] == '7' ? run(form.save, name) : pick("update_bin_file");
+      value[0] == '7' ? pick(form.save, {name}) : pick("update_bin_file");
       EXPECT_EQ(readBytes(name), encoded(form, edited));
       EXPECT_EQ(editorState.savedImage, edited);
       EXPECT_EQ(form1().mnuRecentFile[0]->caption(), path(name));
     }
     EXPECT_EQ(readBytes("地図データ"), image);
     form1().Label20.setCaption("");
-    run(form.load, name);
+    pick(form.load, {name});
     EXPECT_EQ(editorState.image, edited);
     EXPECT_EQ(form1().caption(), name + " - ZELKOVA");
     EXPECT_EQ(form1().Label20.caption(), "File size =  1024 Bytes");
     EXPECT_EQ(form1().Grid1.text(1, 1), "9");
-    run(form.save, "");
+    pick(form.save, {""});
     EXPECT_EQ(desk.saveDialogs.back().fileName, path(name));
   }
   loadImage(image, "raw.hEx");
@@ -165,10 +157,10 @@ TEST_F(ImageFiles, SavingReplacesTheWholeFileAndTheImageTakesItsNameAndForm) {
   EXPECT_EQ(readBytes("raw.hEx"), encoded(forms[1], image)) << "the name decides the form";
   EXPECT_FALSE(form1().noticeText.visible());
   loadImage(patternImage(140002));
-  run("ANY_NAME_SAVE_IntelHEX", "long.hex");
+  pick("ANY_NAME_SAVE_IntelHEX", {"long.hex"});
   EXPECT_NE(form1().noticeText.caption().find("at most 140001 bytes"), std::string::npos);
   pick("odd_even_file");
-  desk.saveAnswers = {path("odd"), path("even")};
+  chooseFiles({"odd", "even"});
   oddeven.List1.userSelect(0);
   oddeven.Command2.userClick();
   EXPECT_NE(form1().noticeText.caption().find("the last 131810 bytes"), std::string::npos)

@@ -7,7 +7,6 @@
 
 #include "core/dialogs.h"
 #include "core/rom_image.h"
-#include "imagefiles/intel_hex_file.h"
 #include "support.h"
 
 namespace {
@@ -63,37 +62,11 @@ TEST_F(MainWindow, TheMenuTreeStands) {
       "recent_maps()) HLP777(ver_displ)");
 }
 
-TEST_F(MainWindow, StatusAndBarAreEmptyBehindEachCommand) {
-  loadSmallCar();
-  writeIntelHex(path("image.hex"), patternImage(0x400));
-  std::set<std::string> picked;
-  const std::function<void(const MenuItem&)> pickAll = [&](const MenuItem& item) {
-    for (const auto& child : item.children()) {
-      pickAll(*child);
-      const std::string& name = child->name();
-      if (!child->onClick || name == "owari") continue;
-      const bool hex = name.find("ntelH") != std::string::npos;
-      desk.openAnswers = {path(name == "load_map_addr" ? "map.adr"
-                               : hex                   ? "image.hex"
-                                                       : "image.bin")};
-      desk.saveAnswers = {path(name)};
-      desk.boxAnswers.assign(2, BoxAnswer::yes);
-      child->userPick();
-      leaveDialogs();
-      EXPECT_EQ(form1().Label13.caption(), "") << name;
-      EXPECT_EQ(form1().ProgressBar1.value(), 0) << name;
-      picked.insert(name);
-    }
-  };
-  pickAll(form1().menuBar);
-  EXPECT_GT(picked.size(), 40U);
-}
-
 TEST_F(MainWindow, EnglishReachesEveryCaptionAndJapaneseStays) {
   start();
   EXPECT_EQ(form1().menuBar.find("owari")->caption() + form1().Frame5.caption(), "終了VQ マップ");
   writeText("zelkova.ini", firstSettings(""));
-  startAnew();
+  start();
   Form1& form = form1();
   const std::string captions = tree(form.menuBar, [](const auto& item) { return item.caption(); });
   EXPECT_TRUE(isAscii(captions)) << captions;

@@ -35,13 +35,8 @@ class LoadedCarTest : public ProgramTest {
       map += mapBlock(mapKindOfTab(tab)->keyword, std::to_string(address), columns, rows,
                       columns * rows, tab == doubledTab ? "2" : "1");
     }
-    startAnewWithMap(map);
+    startWithMap(map);
     loadImage(patternImage(0x1000));
-  }
-  ~LoadedCarTest() override {
-    for (Window* window : std::vector<Window*>(desk.shownWindows)) {
-      if (window != &form1()) window->unload();
-    }
   }
 
   static Grid& tabGrid(int tab) { return gridOf(*mapKindOfTab(tab)); }

@@ -196,7 +196,7 @@ TEST_F(MapTools, SettingPercentAndFillingGiveTheNearestNumbersThatCanBeStored) {
 }
 
 TEST_F(MapTools, TheGridOfAnAbsentMapTakesNothing) {
-  startAnewWithMap("TYPE_UNIT,CAR\n" + mapBlock("HIGH_FUEL", "256", columns, rows, columns * rows));
+  startWithMap("TYPE_UNIT,CAR\n" + mapBlock("HIGH_FUEL", "256", columns, rows, columns * rows));
   loadImage(patternImage(0x1000));
   desk.clipboard = "77,0,0";
   for (const int tab : {3, airflowTab, doubledTab}) {

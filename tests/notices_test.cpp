@@ -103,7 +103,7 @@ TEST_F(Notices, EntriesOutsideTheImageAndAFileWithoutKeywordsAreNamedBeforeAnyBo
   EXPECT_EQ(shown(), "1 entry of the address map lies outside the image: caption");
   useMap("just\r\nlines\r\n");
   EXPECT_EQ(shown(), "used.adr is no address map: none of its lines is a keyword.");
-  startAnew();
+  start();
   EXPECT_EQ(shown(), "used.adr is no address map: none of its lines is a keyword.");
   useMap(smallMap());
   EXPECT_EQ(shown(), "");
@@ -162,11 +162,10 @@ TEST_F(Notices, WhatOthersDidToTheImagesFileIsSeenOnReturnAndBeforeASave) {
   for (const char* half : {"odd", "even"}) writeBytes(half, patternImage(8192));
   for (const bool saved : {false, true}) {
     pick("odd_even_file");
-    desk.openAnswers = desk.saveAnswers = {path("odd"), path("even")};
+    chooseFiles({"odd", "even"});
     desk.boxAnswers.assign(saved ? 2 : 0, BoxAnswer::ok);
     saved ? oddeven.Command2.userClick() : oddeven.Command1.userClick();
-    desk.openAnswers.clear();
-    desk.saveAnswers.clear();
+    chooseFiles({});
     EXPECT_EQ(cameBack(), saved ? "The save replaced what others had written to odd" : "");
     if (saved) continue;
     write("odd", patternImage(8192, 3));

@@ -27,18 +27,14 @@ const std::string mayOverwrite =
 class OddEvenPairs : public ProgramTest {
  protected:
   OddEvenPairs() { startWithMap(smallMap()); }
-  ~OddEvenPairs() override { oddeven.unload(); }
-
   // Opens the dialog, chooses, presses a button and answers two file dialogs, "" by Cancel.
   void press(Button& button, int size, bool hex, const std::string& odd, const std::string& even) {
     pick("odd_even_file");
     oddeven.List1.userSelect(size);
     (hex ? oddeven.Option2 : oddeven.Option1).userSelect();
-    const auto answer = [this](const std::string& name) { return name.empty() ? "" : path(name); };
-    desk.openAnswers = desk.saveAnswers = {answer(odd), answer(even)};
+    chooseFiles({odd, even});
     &button == &load ? oddeven.userEnter() : button.userClick();
-    desk.openAnswers.clear();
-    desk.saveAnswers.clear();
+    chooseFiles({});
     EXPECT_TRUE(!oddeven.loaded() && form1().enabled() && !desk.busy);
   }
   Button& load = oddeven.Command1;
@@ -127,7 +123,7 @@ TEST_F(OddEvenPairs, RefusalsDeclinesAndCancelsChangeNothingAndNoBoxStandsBehind
 }
 
 TEST_F(OddEvenPairs, EachSizeComesBackByteForByteInEachForm) {
-  startAnewWithMap("TYPE_UNIT\nANY\n");
+  startWithMap("TYPE_UNIT\nANY\n");
   const Bytes image = patternImage(2048 * 128 + 9);
   std::size_t bytes = 64 * 128;
   for (int size = 0; size < 6; ++size, bytes *= 2) {
@@ -158,8 +154,7 @@ TEST_F(OddEvenPairs, APairOfAPartCutsNoRawFile) {
     EXPECT_EQ(value[0] == '7' ? readBytes("image.bin") : saveImage("saved.bin"), image);
     EXPECT_EQ(editorState.savedImage, image);
   }
-  desk.saveAnswers = {path("head.hex")};
-  pick("ANY_NAME_SAVE_IntelHEX");
+  pick("ANY_NAME_SAVE_IntelHEX", {"head.hex"});
   EXPECT_EQ(readBytes("head.hex"), ascii(intelHexText(std::span(image).first(8192))));
 }
 

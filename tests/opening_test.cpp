@@ -110,8 +110,7 @@ TEST_F(OpeningFiles, TheCommandLineNamesAnImageAndAMapInAnyOrderOrEndsTheProgram
     EXPECT_TRUE(asked.text.starts_with(word[2] == 'h' ? "Usage: zelkova" : "ZELKOVA Version 1."));
   }
   fs::current_path(before);
-  discardForm1();
-  editorState = EditorState{};
+  end();
   startProgram(folder, {path("日本 車.bin"), path("-next.ADR")});
   EXPECT_EQ(editorState.imageSize, 0) << "the splash window still stands";
   for (int again = 0; again < 2; ++again) closeSplash();

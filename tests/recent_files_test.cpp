@@ -44,7 +44,7 @@ TEST_F(RecentFiles, NineSavedFilesAreListedNewestFirstAndKeptUntilTheListIsClear
   saveImage("save5.bin");
   EXPECT_EQ(shown(), expected) << "listed files stay where they are";
   save("save1.bin");
-  startAnew();
+  start();
   EXPECT_EQ(shown(), expected);
   clearRecentFiles();
   addRecentFile(expected.back());
@@ -79,7 +79,7 @@ TEST_F(RecentFiles, AnEntryLoadsByItsExtensionUnlessItIsRefusedOrGone) {
   useMap(smallMap());
   desk.boxAnswers = {BoxAnswer::yes};
   pickEntry("gone.hex");
-  EXPECT_EQ(lastBox(),
+  EXPECT_EQ(told(),
             "A file don't exist.  Are transported whether a file were deleted or not.gone.hex");
   EXPECT_TRUE(editorState.imageSize == 0 && editorState.image.empty());
 }

@@ -27,19 +27,16 @@ class CommandsUnderFire : public ProgramTest {
   // Runs the command in a process of its own, `calls` system calls before `error` strikes; false
   // when it made fewer.
   bool strike(const Way& way, int calls, int error) {
-    return failing_calls::inChild([&] {
-             failing_calls::atThatCall = [error] {
-               return error == killed ? raise(SIGKILL) : error;
-             };
-             failing_calls::callsLeft = calls;
-             for (const std::string& file : way.files) {
-               desk.saveAnswers.push_back(path(file));
-               desk.boxAnswers.push_back(BoxAnswer::ok);
-             }
-             pick(way.command);
-             way.answer();
-             return failing_calls::callsLeft == failing_calls::never ? 0 : 1;
-           }) != 1;
+    const auto strikes = [error] { return error == killed ? raise(SIGKILL) : error; };
+    const auto command = [&] {
+      chooseFiles(way.files);
+      desk.openAnswers = {path("missing.adr")};
+      desk.boxAnswers.assign(way.files.size(), BoxAnswer::ok);
+      pick(way.command);
+      way.answer();
+    };
+    return failing_calls::inChild(
+               [&] { return failing_calls::struck(calls, strikes, command) ? 0 : 1; }) != 1;
   }
 
   // What the command's files hold, but for the log's minute, which runs on.
@@ -62,7 +59,6 @@ TEST_F(CommandsUnderFire, LeaveOldOrNewFilesWhole) {
   editorState.splitRomKbit = "64";
   editorState.splitFormat = "BINARY";
   for (const char* file : {"image.hex", "odd.bin", "even.bin"}) writeText(file, "old");
-  desk.openAnswers = {path("missing.adr")};
   const auto newEngine = [] {
     form2.Text1.userEdit("2500");
     form2.userEnter();

@@ -36,6 +36,16 @@ class ScratchFolder {
     const std::filesystem::directory_iterator entries(path_);
     return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
   }
+  // What those of the files hold that are there, and how many entries stand in it: "old new 2".
+  std::string texts(std::initializer_list<std::string_view> names) const {
+    std::string all;
+    for (const std::string_view name : names) {
+      if (!std::filesystem::exists(path_ / name)) continue;
+      const std::vector<std::uint8_t> bytes = readFile(*this / name);
+      all.append(bytes.begin(), bytes.end()) += ' ';
+    }
+    return all + std::to_string(count());
+  }
 
  private:
   std::filesystem::path path_;

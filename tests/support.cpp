@@ -7,21 +7,28 @@
 #include "frontend/startup.h"
 #include "platform/text_encoding.h"
 
-ProgramTest::ProgramTest() : folder(folderOf(scratch / "x")) {
-  discardForm1();
-  editorState = EditorState{};
-  useDesktop(&desk);
-}
+ProgramTest::ProgramTest() { useDesktop(&desk); }
 
 ProgramTest::~ProgramTest() {
   for (const std::string& question : desk.unexpected) {
     ADD_FAILURE() << "unexpected question: " << question;
   }
-  discardForm1();
+  end();
   useDesktop(nullptr);
 }
 
+void ProgramTest::end() {
+  for (Window* window : std::vector(desk.shownWindows)) {
+    if (window != &form1()) window->unload();
+  }
+  discardForm1();
+  editorState = EditorState{};
+  desk.boxes.clear();
+  desk.shownWindows.clear();
+}
+
 void ProgramTest::start() {
+  if (form1().loaded()) end();
   editorState.appPath = folder;
   loadForm1();
   desk.showWindow(form1());
@@ -33,20 +40,6 @@ void ProgramTest::startWithMap(const std::string& addressMap) {
   start();
 }
 
-void ProgramTest::startAnew() {
-  discardForm1();
-  editorState = EditorState{};
-  desk.boxes.clear();
-  desk.shownWindows.clear();
-  start();
-}
-
-void ProgramTest::startAnewWithMap(const std::string& addressMap) {
-  writeText("map.adr", addressMap);
-  writeText("zelkova.ini", firstSettings("map.adr"));
-  startAnew();
-}
-
 void ProgramTest::loadSmallCar() {
   startWithMap(smallMap());
   loadImage(patternImage(0x400));
@@ -54,7 +47,7 @@ void ProgramTest::loadSmallCar() {
 
 void ProgramTest::useMap(const std::string& addressMap) {
   writeText("used.adr", addressMap);
-  pickFile("load_map_addr", "used.adr");
+  pick("load_map_addr", {"used.adr"});
 }
 
 void ProgramTest::writeText(const std::string& name, const std::string& text) const {
@@ -79,49 +72,40 @@ std::string ProgramTest::readText(const std::string& name) const {
   return decodeText({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
-void ProgramTest::pick(const std::string& name) {
-  MenuItem* item = form1().menuBar.find(name);
+void ProgramTest::pick(const std::string& name, const std::vector<std::string>& files) {
+  MenuItem* const item = form1().menuBar.find(name);
   ASSERT_NE(item, nullptr) << name;
+  if (!files.empty()) chooseFiles(files);
+  form1().ProgressBar1.setValue(0);  // whatever the test itself moved
   item->userPick();
+  EXPECT_EQ(form1().Label13.caption() + std::to_string(form1().ProgressBar1.value()), "0") << name;
+  EXPECT_FALSE(desk.busy) << name;
+  if (!files.empty()) chooseFiles({});
 }
 
-void ProgramTest::pickFile(const std::string& command, const std::string& name) {
-  desk.openAnswers.push_back(path(name));
-  pick(command);
+void ProgramTest::chooseFiles(const std::vector<std::string>& files) {
+  desk.openAnswers.clear();
+  for (const std::string& file : files) desk.openAnswers.push_back(file.empty() ? "" : path(file));
+  desk.saveAnswers = desk.openAnswers;
 }
 
 void ProgramTest::loadImage(const Bytes& bytes, const std::string& name) {
   writeBytes(name, bytes);
-  pickFile("load_bin_file", name);
+  pick("load_bin_file", {name});
 }
 
 Bytes ProgramTest::saveImage(const std::string& name) {
-  desk.saveAnswers.push_back(path(name));
-  pick("write_bin_file");
+  pick("write_bin_file", {name});
   return readBytes(name);
 }
 
 void ProgramTest::selectTab(int tab) { form1().TabStrip1.userSelect(tab); }
-
-void ProgramTest::leaveDialogs() {
-  while (desk.shownWindows.back() != &form1()) {
-    Window& dialog = *desk.shownWindows.back();
-    desk.openAnswers = {""};  // a pair's first file
-    dialog.userEnter();
-    desk.openAnswers.clear();
-    if (dialog.loaded() && desk.shownWindows.back() == &dialog) dialog.userClose();
-  }
-}
 
 void ProgramTest::enterCell(Grid& grid, int row, int column, const std::string& answer) {
   drag(grid, row, column, row, column);
   desk.textAnswers.push_back(answer);
   grid.userDoubleClick();
   EXPECT_TRUE(desk.textAnswers.empty()) << "no prompt for " << answer;
-}
-
-std::string ProgramTest::lastBox() const {
-  return desk.boxes.empty() ? "" : desk.boxes.back().text;
 }
 
 std::string ProgramTest::told() {
@@ -162,10 +146,14 @@ std::string firstSettings(const std::string& addressFile) {
          " 30 \r\n 14 \r\n 1 \r\n 2 \r\n";
 }
 
-std::string rowText(const Grid& grid, int row, int count) {
-  std::string texts;
-  for (int c = 0; c < count; ++c) texts += grid.text(row, c) + ' ';
-  return texts;
+void forEachCell(
+    const std::function<void(const MapKind& kind, const Grid& grid, int row, int column)>& visit) {
+  for (const MapKind& kind : mapKinds()) {
+    const Grid& grid = gridOf(kind);
+    for (int row = 0; row < grid.rows(); ++row) {
+      for (int column = 0; column < grid.columns(); ++column) visit(kind, grid, row, column);
+    }
+  }
 }
 
 void drag(Grid& grid, int row, int column, int rowSel, int columnSel) {
@@ -175,29 +163,20 @@ void drag(Grid& grid, int row, int column, int rowSel, int columnSel) {
 void typeOver(TextBox& box, const std::string& keys) {
   box.userFocus();
   if (keys.empty()) return box.userEdit("");
-  std::string before;
+  std::string typed;
   for (const char key : keys) {
-    std::string text = before + key;
-    if (key == '\b')
-      text = before.substr(0, before.size() - std::min<std::size_t>(before.size(), 1));
-    if (key != '\b' && box.keyFilter && !box.keyFilter(static_cast<unsigned char>(key))) {
-      const std::string kept = box.text();
-      box.userEdit(text, TextBox::By::keys);
-      EXPECT_EQ(box.text(), kept) << "a refused key leaves the text";
-      continue;
+    const std::string before = box.text();
+    const bool back = key == '\b';
+    box.userEdit(back ? typed.substr(0, typed.size() - 1) : typed + key, TextBox::By::keys);
+    if (back || !box.keyFilter || box.keyFilter(static_cast<unsigned char>(key))) {
+      typed = box.text();
+    } else {
+      EXPECT_EQ(box.text(), before) << "a refused key leaves the text";
     }
-    box.userEdit(text, TextBox::By::keys);
-    before = box.text();
   }
 }
 
-int repaintsOf(Grid& grid, const std::function<void()>& command) {
-  int count = 0;
-  const auto former = grid.observer;
-  grid.observer = [&count](const Change& change) {
-    if (change.kind == Change::cell || change.kind == Change::cells) ++count;
-  };
-  command();
-  grid.observer = former;
-  return count;
+void paste(TextBox& box, const std::string& text) {
+  typeOver(box, "");
+  box.userEdit(text);
 }

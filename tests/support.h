@@ -11,6 +11,7 @@
 
 #include "core/editor_state.h"
 #include "core/form1.h"
+#include "core/map_kinds.h"
 #include "frontend/headless/headless_desktop.h"
 #include "scratch_folder.h"
 
@@ -23,13 +24,13 @@ class ProgramTest : public testing::Test {
   ProgramTest();
   ~ProgramTest() override;
 
-  // Starts the program; settings and other files may be put into `folder` before.
+  // Starts the program, anew where it runs; settings and other files may be put into `folder`
+  // before.
   void start();
   // The same with the first settings and the address map below.
   void startWithMap(const std::string& addressMap);
-  // The program comes up anew in the same folder, and what was told is forgotten.
-  void startAnew();
-  void startAnewWithMap(const std::string& addressMap);
+  // The program is gone with all its windows, and what was told.
+  void end();
   // Starts with smallMap() and a pattern of 1024 bytes as its image.
   void loadSmallCar();
   // Puts `addressMap` into a file and picks it by the menu.
@@ -41,27 +42,25 @@ class ProgramTest : public testing::Test {
   Bytes readBytes(const std::string& name) const;
   std::string readText(const std::string& name) const;
 
-  // Picks a menu command; the name must be there.
-  void pick(const std::string& name);
-  // Picks a menu command that asks for a file to open, and answers with the file `name`.
-  void pickFile(const std::string& command, const std::string& name);
+  // Picks a menu command, which must be there, and answers its file dialogs with `files`, "" by
+  // Cancel. Behind each command the status label and the bar are empty.
+  void pick(const std::string& name, const std::vector<std::string>& files = {});
+  // What the next file dialogs are answered with.
+  void chooseFiles(const std::vector<std::string>& files);
+  void pickFile(const std::string& command, const std::string& file) { pick(command, {file}); }
   // Puts `bytes` into a file and loads it by the menu.
   void loadImage(const Bytes& bytes, const std::string& name = "image.bin");
   // Saves the image under `name` by the menu and gives the file's bytes.
   Bytes saveImage(const std::string& name);
   void selectTab(int tab);
-  // Leaves every dialog by Enter, and by its close box where Enter doesn't do.
-  void leaveDialogs();
   // Double-clicks a cell and answers its prompt.
   void enterCell(Grid& grid, int row, int column, const std::string& answer);
-  // The text of the last box, "" when none was shown.
-  std::string lastBox() const;
   // The texts of all boxes since the last call, "|" between them.
   std::string told();
 
   HeadlessDesktop desk;
   const ScratchFolder scratch;
-  const std::string folder;
+  const std::string folder = folderOf(scratch / "x");
 };
 
 // One block of an address map file.
@@ -74,11 +73,12 @@ std::string smallMap();
 Bytes patternImage(std::size_t size, std::uint32_t seed = 1);
 // The 25 settings lines that the tests start with.
 std::string firstSettings(const std::string& addressFile);
-// The texts of a row's first `count` cells, a blank after each.
-std::string rowText(const Grid& grid, int row, int count);
+// All cells of all maps, one after the other.
+void forEachCell(
+    const std::function<void(const MapKind& kind, const Grid& grid, int row, int column)>& visit);
 // Selects cells as a user's drag from one cell to another.
 void drag(Grid& grid, int row, int column, int rowSel, int columnSel);
 // Goes to a box and types over all that it holds; "" empties it.
 void typeOver(TextBox& box, const std::string& keys);
-// How often the grid's cells were told to the screen during `command`.
-int repaintsOf(Grid& grid, const std::function<void()>& command);
+// The same with the mouse: empties the box and puts a text in.
+void paste(TextBox& box, const std::string& text);

@@ -13,13 +13,12 @@ namespace {
 class TpCurveTest : public CanvasTest {
  protected:
   TpCurveTest() : CanvasTest(D2_GRAPH.Picture1) {}
-  ~TpCurveTest() override { D2_GRAPH.unload(); }
 
   void load(const Bytes& scale) {
     const int columns = static_cast<int>(scale.size());
-    startAnewWithMap("TYPE_UNIT\r\nCAR\r\n" +
-                     mapBlock("TP_SCALE_FUEL", "&H40", columns, 1, columns, "0", "TP of fuel") +
-                     mapBlock("TP_SCALE_FIRE", "&H80", 2, 1, 2, "0", "TP of fire"));
+    startWithMap("TYPE_UNIT\r\nCAR\r\n" +
+                 mapBlock("TP_SCALE_FUEL", "&H40", columns, 1, columns, "0", "TP of fuel") +
+                 mapBlock("TP_SCALE_FIRE", "&H80", 2, 1, 2, "0", "TP of fire"));
     Bytes bytes(0x1000, 30);
     std::copy(scale.begin(), scale.end(), bytes.begin() + 0x40);
     loadImage(bytes);

@@ -17,14 +17,9 @@ class Undo : public ProgramTest {
   // All cells, colours and boxes.
   static std::string all() {
     std::string texts;
-    for (const MapKind& kind : mapKinds()) {
-      const Grid& grid = gridOf(kind);
-      for (int r = 0; r < grid.rows(); ++r) {
-        for (int c = 0; c < grid.columns(); ++c) {
-          texts += grid.text(r, c) + std::to_string(grid.background(r, c).blue) + '|';
-        }
-      }
-    }
+    forEachCell([&texts](auto&, const Grid& grid, int r, int c) {
+      texts += grid.text(r, c) + std::to_string(grid.background(r, c).blue) + '|';
+    });
     for (const ParamKind& kind : paramKinds()) texts += (form1().*kind.box).text() + '|';
     return texts;
   }

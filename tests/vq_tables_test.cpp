@@ -31,7 +31,7 @@ TEST_F(VqTables, EachCommandPutsTheEndOfItsTableIntoTheMapUnlessTheMapIsLonger) 
     writeBytes(file, engine);
     if (engine.empty()) std::filesystem::remove(path(file));
     engine.resize(200);
-    startAnewWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("VQ_MAP", "&H200", 64, 1, mapBytes));
+    startWithMap("TYPE_UNIT\r\nCAR\r\n" + mapBlock("VQ_MAP", "&H200", 64, 1, mapBytes));
     Bytes expected = patternImage(static_cast<std::size_t>(imageBytes));
     loadImage(expected);
     told();
