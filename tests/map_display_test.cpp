@@ -48,7 +48,7 @@ TEST_F(MapDisplay, EachKindOfMapShowsItsBytesAndAFailedDrawHidesItsGridAlone) {
     loadImage(image);
     const Grid& grid = form1().*member;
     EXPECT_TRUE(texts(grid).ends_with(expected)) << keyword << ": " << texts(grid);
-    EXPECT_EQ(told(), expected.empty() ? "ERROR (Function:MAP_DRAW)" : "") << keyword;
+    EXPECT_EQ(told().ends_with("ERROR (Function:MAP_DRAW)"), expected.empty()) << keyword;
     EXPECT_TRUE(grid.visible() != expected.empty() && grid.redraw()) << keyword;
   }
 }
