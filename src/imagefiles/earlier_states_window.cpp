@@ -10,6 +10,7 @@
 #include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/pending_image.h"
+#include "core/progress.h"
 #include "core/wording.h"
 #include "imagefiles/earlier_images.h"
 #include "platform/clock.h"
@@ -59,6 +60,7 @@ std::string reasonOf(const EarlierState& state) {
 void compareWithChosen(const EarlierState& state) {
   const int failure =
       trapFailure([&] { compareWithState(imageOf(state), nameOf(state) + " " + timeOf(state)); });
+  setProgress(-1);
   if (failure != 0) return showFailure(failure);
   form1().menuBar.find("differences")->userPick();
 }
@@ -119,6 +121,7 @@ void EarlierStatesWindow::showRows() {
                   }) == deviceError;
     if (row.damaged) row.differing = captioned(damaged);
   }
+  setProgress(-1);  // Intel HEX moves the bar as it is read
   const GridPause pause(list);
   const int lines = std::max(static_cast<int>(rows_.size()) + 1, emptyRows);
   if (list.rows() != lines) list.resize(lines, columns);
