@@ -217,7 +217,10 @@ class TirelessUser : public ProgramTest {
   void workOn(Grid& grid) {
     const int kind = number(0, 4);
     if (kind == 0) return grid.userDoubleClick();
-    if (kind == 1) return grid.userKey(oneOf(keys)), grid.userKeyUp();
+    if (kind == 1) {
+      chance(70) ? grid.userKey(oneOf(keys)) : grid.userControlKey(oneOf(keys));
+      return grid.userKeyUp();
+    }
     if (kind == 2) return grid.userMouseDown(MouseButton::right);
     const auto row = [&] { return number(-1, grid.rows()); };
     const auto column = [&] { return number(-1, grid.columns()); };
@@ -225,12 +228,14 @@ class TirelessUser : public ProgramTest {
   }
   void drawOn(Canvas& canvas) {
     const int key = number(leftKey, downKey);
+    if (chance(20)) return canvas.userClick(number(-9, 700), number(-9, 500));
     canvas.userKeyDown(key);
-    canvas.userKey(oneOf(keys));
+    chance(70) ? canvas.userKey(oneOf(keys)) : canvas.userControlKey(oneOf(keys));
     if (chance(80)) canvas.userKeyUp(key);
   }
   void pickRow(MenuItem& item) {
     if (!item.children().empty() || !item.onClick) return;
+    if (chance(10)) desk.clipboard = chance(50) ? oneOf(texts) : "1\t2,5\n3\t400";
     lastPicked = item.name();
     picked.insert(lastPicked);
     if (lastPicked != "owari" || chance(10)) item.userPick();

@@ -14,12 +14,12 @@
 #include "core/pending_image.h"
 #include "core/shown_values.h"
 #include "core/step.h"
-#include "core/storable_numbers.h"
 #include "core/stored_bytes.h"
 #include "core/wording.h"
 #include "platform/clock.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "rom/storable_numbers.h"
 
 namespace {
 
@@ -154,7 +154,7 @@ std::int64_t textsChanged(const CellsOfStep& part) {
 
 std::int64_t cellsAtLimit(const CellsOfStep& part) {
   const Grid& grid = gridOf(*part.kind);
-  const StorableNumbers storable = storableNumbers(*part.kind);
+  const StorableNumbers storable = storableNumbers(*part.kind, entryOf(*part.kind));
   const std::string limit = decimalText(part.kind->rules().limit);
   return std::count_if(part.places.begin(), part.places.end(), [&](std::int32_t place) {
     const std::string& text = grid.text(place / grid.columns(), place % grid.columns());

@@ -9,6 +9,7 @@
 #include "core/map_extent.h"
 #include "core/stored_bytes.h"
 #include "platform/numbers.h"
+#include "rom/storable_numbers.h"
 
 namespace {
 
@@ -85,29 +86,9 @@ bool isEnd(const GridBlock& ends, int row, int column) {
 
 }  // namespace
 
-std::int32_t changedByPercentage(std::int32_t number, Percentage by, bool atLeastOneUnit,
-                                 const StorableNumbers& storable) {
-  if (by == 0 || number == 0) return number;
-  constexpr std::int64_t whole = std::int64_t{100} * wholePercent;
-  const std::int32_t changed =
-      storable.nearestTo(static_cast<double>(number * (whole + by)), static_cast<double>(whole));
-  const bool up = (by > 0) == (number > 0);
-  if (!atLeastOneUnit || (up ? changed > number : changed < number)) return changed;
-  return storable.nearestTo(static_cast<double>(number) + (up ? 1.0 : -1.0) * storable.unit);
-}
-
-std::int32_t betweenCorners(const Corners& corners, const Way& right, const Way& down,
-                            const StorableNumbers& storable) {
-  const auto width = static_cast<double>(right.whole), height = static_cast<double>(down.whole);
-  const auto x = static_cast<double>(right.part), y = static_cast<double>(down.part);
-  const double top = corners.topLeft * (width - x) + corners.topRight * x;
-  const double bottom = corners.bottomLeft * (width - x) + corners.bottomRight * x;
-  return storable.nearestTo(top * (height - y) + bottom * y, width * height);
-}
-
 void setCells(const ChosenCells& chosen, double number) {
   MapCells cells(chosen.kind);
-  const std::int32_t nearest = storableNumbers(chosen.kind).nearestTo(number);
+  const std::int32_t nearest = storableNumbers(chosen.kind, entryOf(chosen.kind)).nearestTo(number);
   forEachCell(chosen, cells,
               [&](int row, int column, std::int32_t) { cells.change(row, column, nearest); });
   showAfterEffect(chosen.kind);
@@ -115,7 +96,7 @@ void setCells(const ChosenCells& chosen, double number) {
 
 void changeCellsByPercentage(const ChosenCells& chosen, Percentage by, bool atLeastOneUnit) {
   MapCells cells(chosen.kind);
-  const StorableNumbers storable = storableNumbers(chosen.kind);
+  const StorableNumbers storable = storableNumbers(chosen.kind, entryOf(chosen.kind));
   forEachCell(chosen, cells, [&](int row, int column, std::int32_t former) {
     cells.change(row, column, changedByPercentage(former, by, atLeastOneUnit, storable));
   });
@@ -131,7 +112,7 @@ void interpolateCells(const ChosenCells& chosen, Fill fill, Spacing spacing) {
   const Places down =
       byScale && fill != Fill::across ? rowPlaces(chosen.kind, block) : evenPlaces(block.rows());
   MapCells cells(chosen.kind);
-  const StorableNumbers storable = storableNumbers(chosen.kind);
+  const StorableNumbers storable = storableNumbers(chosen.kind, entryOf(chosen.kind));
   forEachCell(chosen, cells, [&](int row, int column, std::int32_t) {
     const GridBlock ends = endsAround(block, fill, row, column);
     if (isEnd(ends, row, column)) return;

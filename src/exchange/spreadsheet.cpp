@@ -16,11 +16,11 @@
 #include "core/map_places.h"
 #include "core/notices.h"
 #include "core/refusals.h"
-#include "core/storable_numbers.h"
 #include "core/stored_bytes.h"
 #include "core/wording.h"
 #include "exchange/number_table.h"
 #include "platform/numbers.h"
+#include "rom/storable_numbers.h"
 
 namespace {
 
@@ -222,7 +222,7 @@ void pasteInto(const MapKind& kind, const std::string& text) {
         lastColumn > all.right ? FieldPlace{headers.rows, c} : FieldPlace{r, headers.columns},
         outside);
   }
-  const auto numbers = numbersFor(table, headers, storableNumbers(kind));
+  const auto numbers = numbersFor(table, headers, storableNumbers(kind, entryOf(kind)));
   if (!numbers) return;
   withdrawNotice(pasteSubject);
   nameStep({"表計算から張り付け", "paste from a spreadsheet"});

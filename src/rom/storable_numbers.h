@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "core/map_kinds.h"
+#include "rom/map_traits.h"
 
 struct StorableNumbers {
   std::int32_t least = 0;
@@ -17,4 +17,4 @@ struct StorableNumbers {
   bool isEnd(std::int32_t number) const { return number == least || number == most; }
 };
 
-StorableNumbers storableNumbers(const MapKind& kind);
+StorableNumbers storableNumbers(const MapTraits& map, const MapEntry& entry);
