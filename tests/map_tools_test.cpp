@@ -195,6 +195,28 @@ TEST_F(MapTools, SettingPercentAndFillingGiveTheNearestNumbersThatCanBeStored) {
   }
 }
 
+TEST_F(MapTools, ADialogWorksOnTheScaleThatHadTheCursorWhenItOpened) {
+  fill(form.Grid1, {{10}});
+  form.RPM_FUEL.setText(0, 0, "1000");
+  form.RPM_FUEL.userFocus();
+  drag(form.RPM_FUEL, 0, 0, 0, 0);
+  pick("percent");
+  EXPECT_EQ(percentDialog.heading.caption(), "c: 1 x 1 cells");
+  form.RPM_FUEL.userLeave();  // the main window is disabled
+  typeOver(percentDialog.percent, "3.6");
+  percentDialog.userEnter();
+  EXPECT_EQ(form.RPM_FUEL.text(0, 0) + " " + form.Grid1.text(1, 1), "1050 10");
+  EXPECT_EQ(form.doneStatus.caption(), "1 cell changed");
+  form.RPM_FUEL.userFocus();
+  pick("coarse_down");
+  EXPECT_EQ(form.RPM_FUEL.text(0, 0), "550");
+  selectTab(globalTab);
+  for (const char* command : {"set", "percent", "both", "coarse_up", "copy_table", "paste_table"}) {
+    pick(command);
+    EXPECT_EQ(told(), "Please select cells of a map or of a scale first.") << command;
+  }
+}
+
 TEST_F(MapTools, TheGridOfAnAbsentMapTakesNothing) {
   startWithMap("TYPE_UNIT,CAR\n" + mapBlock("HIGH_FUEL", "256", columns, rows, columns * rows));
   loadImage(patternImage(0x1000));

@@ -19,7 +19,6 @@
 #include "core/key_assignment.h"
 #include "core/map_colours.h"
 #include "core/map_display.h"
-#include "core/map_kinds.h"
 #include "core/progress.h"
 #include "core/wording.h"
 #include "editing/copy_buffer.h"

@@ -64,9 +64,9 @@ void CellChangeDialog::wire(Control& first) {
 }
 
 void CellChangeDialog::fill() {
-  const MapKind* const kind = mapOfCursor();
-  heading.setCaption(kind ? headingOf(*kind)
-                          : captioned({"セルが選択されていません。", "No cells are selected."}));
+  kind_ = mapOfCursor();
+  heading.setCaption(kind_ ? headingOf(*kind_)
+                           : captioned({"セルが選択されていません。", "No cells are selected."}));
   onlyBelow.setCaption(captioned({"次の値より小さいセルだけ", "Only cells below"}));
   onlyBelow.setChecked(false);
   threshold.setOwnName(captioned({"しきい値", "Threshold"}));
@@ -76,9 +76,8 @@ void CellChangeDialog::fill() {
 }
 
 void CellChangeDialog::accept() {
-  const MapKind* const kind = mapOfCursor();
-  if (!kind) return closeDialog(*this);
-  ChosenCells cells{*kind, gridOf(*kind).block(), std::nullopt};
+  if (!kind_) return closeDialog(*this);
+  ChosenCells cells{*kind_, gridOf(*kind_).block(), std::nullopt};
   TextBox* wrong = nullptr;
   if (onlyBelow.checked()) {
     cells.below = cellNumber(threshold.text());
@@ -139,8 +138,7 @@ void InterpolateDialog::fillOwn() {
   setCaption(captioned(titleOf(fillWay)));
   byScale.setCaption(captioned({"スケールの値に従う", "By the values of the scale"}));
   even.setCaption(captioned({"等間隔", "Evenly"}));
-  const MapKind* const kind = mapOfCursor();
-  const bool tell = kind && scalesTell(*kind, gridOf(*kind).block(), fillWay);
+  const bool tell = kind_ && scalesTell(*kind_, gridOf(*kind_).block(), fillWay);
   byScale.setEnabled(tell);
   spacing.select(tell ? &byScale : &even);
   firstFocus = spacing.selected();

@@ -27,6 +27,10 @@ struct CellChangeDialog : Window {
   virtual TextBox* change(const ChosenCells& cells) = 0;
   ~CellChangeDialog() = default;
 
+  // On which the dialog works: where the cursor was when it opened. The main window's focus may go
+  // while the dialog has the keys.
+  const MapKind* kind_ = nullptr;
+
  private:
   void fill();
   void accept();

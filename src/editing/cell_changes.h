@@ -20,15 +20,15 @@ struct ChosenCells {
   std::optional<std::int32_t> below;  // only cells whose number is below it
 };
 
-void setCells(const ChosenCells& cells, double number);
-void changeCellsByPercentage(const ChosenCells& cells, Percentage by, bool atLeastOneUnit);
+void setCells(const ChosenCells& chosen, double number);
+void changeCellsByPercentage(const ChosenCells& chosen, Percentage by, bool atLeastOneUnit);
 
 // Across: each row between its ends; down: each column between its ends; both: all between the four
 // corners. The ends, or the corners, stay as they are.
 enum class Fill { across, down, both };
 // Where a cell stands on its way: by the numbers of the scale, or one step for each cell.
 enum class Spacing { byScale, even };
-void interpolateCells(const ChosenCells& cells, Fill fill, Spacing spacing);
+void interpolateCells(const ChosenCells& chosen, Fill fill, Spacing spacing);
 // Whether the block has cells between its ends.
 bool hasCellsBetween(const GridBlock& block, Fill fill);
 // Whether scales tell the places of all its columns or rows: they rise or fall from end to end.
