@@ -1,7 +1,7 @@
 # Debian packages by purpose, and how missing ones are installed. Sourced by run and check.
 
 packages_build=(g++ cmake ninja-build ccache qt6-base-dev qt6-multimedia-dev libxkbcommon-dev
-  libgl-dev)
+  libgl-dev libcli11-dev nlohmann-json3-dev libgcrypt20-dev)
 packages_screen=(fonts-ipafont-gothic fonts-dejavu-core qt6-translations-l10n)
 packages_tour=(xvfb openbox xdotool imagemagick xclip x11-utils python3)
 packages_tests=(libgtest-dev libbenchmark-dev clang-14 libclang-rt-14-dev clang-format-14 clangd-14

@@ -18,21 +18,13 @@
 #include "core/wording.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "rom/image_differences.h"
+#include "rom/map_values.h"
 
 namespace {
 
-constexpr std::int64_t bytesBetweenStretches = 16;
-constexpr std::size_t mostStretches = 500;
-
-std::int64_t comparedBytes(const RomImage& reference) {
-  return static_cast<std::int64_t>(std::min(reference.size(), pendingImage.bytes().size()));
-}
-
-bool differ(const RomImage& reference, std::int64_t address, int bytes) {
-  if (address < 0 || address + bytes > comparedBytes(reference)) return false;
-  const auto place = static_cast<std::ptrdiff_t>(address);
-  const auto first = pendingImage.bytes().begin() + place;
-  return !std::equal(first, first + bytes, reference.begin() + place);
+ComparedImages comparedWithReference(const RomImage& reference) {
+  return {editorState.addressMap, reference, pendingImage.bytes()};
 }
 
 // A cell with the numbers that are stored for it.
@@ -44,34 +36,17 @@ struct DifferentCell {
   int now;
 };
 
-// Calls `tell` for each cell that differs.
+// Calls `tell` for each cell that differs, of those that are drawn.
 template <class Tell>
 void forEachCell(const MapKind& kind, const StoredCells& cells, Tell tell) {
   const RomImage* const reference = referenceImage();
-  if (!reference || !entryOf(kind).present()) return;
-  cells.visit([&](std::int64_t index, int row, int column) {
-    if (!cells.drawn(index)) return false;
-    const std::int64_t address = cells.addressOf(index);
-    if (differ(*reference, address, cells.cellBytes())) {
-      tell({address, row, column, storedIn(*reference, kind, address),
-            storedIn(pendingImage.bytes(), kind, address)});
-    }
-    return true;
-  });
-}
-
-void addMap(std::vector<Difference>& list, const MapKind& kind) {
-  const StoredCells cells(extentOf(kind));
-  const ShownValue shown(kind);
-  Difference found{&kind};
-  forEachCell(kind, cells, [&](const DifferentCell& cell) {
-    const std::int64_t change = std::int64_t{shown(cell.now)} - shown(cell.former);
-    if (found.count++ == 0) found.from = cell.address;
-    found.to = cell.address + cells.cellBytes() - 1;
-    found.up = std::max(found.up, change);
-    found.down = std::min(found.down, change);
-  });
-  if (found.count > 0) list.push_back(found);
+  if (!reference) return;
+  forEachDifferentCell(comparedWithReference(*reference), kind.id, cells.drawnCount(),
+                       [&](std::int64_t cell, std::int64_t address) {
+                         tell({address, cells.rowOf(cell), cells.columnOf(cell),
+                               storedIn(*reference, cells.cellBytes(), address),
+                               storedIn(pendingImage.bytes(), cells.cellBytes(), address)});
+                       });
 }
 
 // "" where it shows none.
@@ -81,61 +56,14 @@ std::string shownParam(const ParamKind& kind, const RomImage& image) {
   return text;
 }
 
-void addParam(std::vector<Difference>& list, const ParamKind& kind, const RomImage& reference) {
-  const ParamEntry& entry = editorState.addressMap.param(kind.id);
-  if (!entry.present() || !differ(reference, entry.address, entry.bytes)) return;
-  Difference found{nullptr, &kind, entry.address, std::int64_t{entry.address} + entry.bytes - 1, 1};
-  if (kind.scaled()) {
-    const std::int64_t change = std::int64_t{cellNumber(shownParam(kind, pendingImage.bytes()))} -
-                                cellNumber(shownParam(kind, reference));
-    (change > 0 ? found.up : found.down) = change;
-  }
-  list.push_back(found);
-}
-
-// What the address map names, by address.
-std::vector<ByteStretch> namedStretches() {
-  std::vector<ByteStretch> named;
-  for (const MapKind& kind : mapKinds()) named.push_back(stretchOf(kind));
-  for (const ParamKind& kind : paramKinds()) named.push_back(stretchOf(kind));
-  std::sort(named.begin(), named.end(),
-            [](const ByteStretch& a, const ByteStretch& b) { return a.from < b.from; });
-  return named;
-}
-
-void addOutside(std::vector<Difference>& list, const RomImage& reference, ByteStretch gap,
-                std::size_t& stretches) {
-  const RomImage& now = pendingImage.bytes();
-  bool open = false;
-  auto at = static_cast<std::ptrdiff_t>(gap.from);
-  const auto end = static_cast<std::ptrdiff_t>(gap.to);
-  while (at < end) {
-    at = std::mismatch(now.begin() + at, now.begin() + end, reference.begin() + at).first -
-         now.begin();
-    if (at == end) return;
-    const bool joins =
-        open && (at - list.back().to <= bytesBetweenStretches || stretches >= mostStretches);
-    if (!joins) {
-      list.push_back({nullptr, nullptr, at, at, 0});
-      ++stretches;
-      open = true;
-    }
-    list.back().to = at++;
-    ++list.back().count;
-  }
-}
-
-void addAllOutside(std::vector<Difference>& list, const RomImage& reference) {
-  const std::int64_t size = comparedBytes(reference);
-  std::int64_t at = 0;
-  std::size_t stretches = 0;
-  std::vector<ByteStretch> named = namedStretches();
-  named.push_back({size, size});
-  for (const ByteStretch& each : named) {
-    const std::int64_t end = std::clamp<std::int64_t>(each.from, at, size);
-    addOutside(list, reference, {at, end}, stretches);
-    at = std::clamp<std::int64_t>(std::max(at, each.to), 0, size);
-  }
+Difference of(const ImageDifference& each) {
+  return {each.map ? findMapKind(*each.map) : nullptr,
+          each.param ? &paramKinds()[static_cast<std::size_t>(*each.param)] : nullptr,
+          each.from,
+          each.to,
+          each.count,
+          each.up,
+          each.down};
 }
 
 std::string lineOf(const Difference& each) {
@@ -158,10 +86,14 @@ std::vector<Difference> differences() {
   std::vector<Difference> list;
   const RomImage* const reference = referenceImage();
   if (!reference) return list;
+  const ComparedImages images = comparedWithReference(*reference);
   for (const MapPlace& place : placesByTab()) {
-    place.map ? addMap(list, *place.map) : addParam(list, *place.param, *reference);
+    const auto found = place.map ? mapDifference(images, place.map->id,
+                                                 StoredCells(extentOf(*place.map)).drawnCount())
+                                 : paramDifference(images, place.param->id);
+    if (found) list.push_back(of(*found));
   }
-  addAllOutside(list, *reference);
+  for (const ImageDifference& each : differencesOutside(images)) list.push_back(of(each));
   return list;
 }
 

@@ -12,25 +12,6 @@
 
 namespace {
 
-std::string storedDigits(const ParamEntry& entry, const RomImage& image) {
-  std::string digits;
-  for (int i = 0; i < entry.bytes; ++i) {
-    const int byte = byteOf(image, std::int64_t{entry.address} + i);
-    digits += hexDigits(byte, 1);
-  }
-  return digits;
-}
-
-// The big-endian number; eight digits with the top bit set make it negative.
-std::int32_t storedNumber(const ParamEntry& entry, const RomImage& image) {
-  std::uint32_t number = 0;
-  for (int i = 0; i < entry.bytes; ++i) {
-    number =
-        number << 8 | static_cast<std::uint32_t>(byteOf(image, std::int64_t{entry.address} + i));
-  }
-  return static_cast<std::int32_t>(number);
-}
-
 void showParam(const ParamKind& kind) {
   const auto text = paramText(kind, editorState.image);
   if (!text) return;
@@ -41,12 +22,7 @@ void showParam(const ParamKind& kind) {
 }  // namespace
 
 std::optional<std::string> paramText(const ParamKind& kind, const RomImage& image) {
-  const ParamEntry& entry = editorState.addressMap.param(kind.id);
-  if (!entry.present()) return {};
-  if (!kind.scaled()) return storedDigits(entry, image);
-  byteOf(image, std::int64_t{entry.address} + entry.bytes - 1);
-  if (entry.bytes > maximumScaledBytes) return {};
-  return plainNumber(std::floor(double{entry.scale} * storedNumber(entry, image)));
+  return paramText(editorState.addressMap, kind.id, image);
 }
 
 void showGlobalParams() {

@@ -9,6 +9,7 @@
 #include "core/editor_state.h"
 #include "core/step.h"
 #include "platform/failure.h"
+#include "rom/map_values.h"
 
 // How many bytes lie in the image from `offset` on; none for an offset outside.
 inline std::int64_t imageBytesFrom(std::int64_t offset) {
@@ -16,15 +17,7 @@ inline std::int64_t imageBytesFrom(std::int64_t offset) {
   return offset < 0 || offset > size ? 0 : size - offset;
 }
 
-inline bool holdsBytes(const RomImage& image, std::int64_t offset, std::int64_t count) {
-  return offset >= 0 && offset + count <= static_cast<std::int64_t>(image.size());
-}
-
 // A single byte; an offset outside fails with badSubscript.
-inline int byteOf(const RomImage& image, std::int64_t offset) {
-  if (offset < 0 || offset >= static_cast<std::int64_t>(image.size())) throw Failure(badSubscript);
-  return image[static_cast<std::size_t>(offset)];
-}
 inline int imageByte(std::int64_t offset) { return byteOf(editorState.image, offset); }
 inline void setImageByte(std::int64_t offset, std::uint8_t byte) {
   if (imageBytesFrom(offset) < 1) throw Failure(badSubscript);

@@ -1,8 +1,7 @@
 #include "core/shown_values.h"
 
-#include "core/image_bytes.h"
+#include "rom/map_values.h"
 
 int storedIn(const RomImage& image, const MapKind& kind, std::int64_t address) {
-  const int high = byteOf(image, address);
-  return kind.cellBytes() == 1 ? high : high * 256 + byteOf(image, address + 1);
+  return storedIn(image, kind.cellBytes(), address);
 }

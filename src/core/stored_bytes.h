@@ -48,6 +48,7 @@ class StoredCells {
     return whole ? byteOf(scaled_ ? *whole / scale_ : *whole) : bytesOfAny(text);
   }
   bool drawn(std::int64_t index) const { return index < drawn_; }
+  std::int64_t drawnCount() const { return drawn_; }
   // Calls `visit(index, row, column)` for each cell in storing order, as long as it gives true.
   // Gives the index at which it ended, `count` at the end.
   template <class Visit>

@@ -55,7 +55,7 @@ std::string hex64(std::uint64_t value) {
 }
 
 std::string freshNumber() {
-  static std::mt19937_64 numbers{std::random_device{}()};
+  thread_local std::mt19937_64 numbers{std::random_device{}()};
   return hex64(numbers());
 }
 

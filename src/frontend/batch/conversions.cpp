@@ -1,0 +1,139 @@
+#include <algorithm>
+#include <array>
+
+#include "frontend/batch/batch_commands.h"
+#include "frontend/batch/many_files.h"
+#include "platform/files.h"
+#include "rom/map_values.h"
+
+namespace {
+
+constexpr int bytesOfKbit = 128;
+constexpr std::array<int, 6> sizes{64, 128, 256, 512, 1024, 2048};
+
+ImageFileForm formOf(const Arguments& arguments, const std::string& output) {
+  const std::string& name = arguments.form.empty() ? output : arguments.form;
+  if (const auto form = formNamed(name)) return *form;
+  throw Trouble(arguments.form.empty()
+                    ? output + ": no form is known by this name; say --to raw, hex or srec"
+                    : arguments.form + ": the forms are raw, hex and srec");
+}
+
+std::string inFolder(const Arguments& arguments, const std::string& path, ImageFileForm form) {
+  const std::string name = fileNameOf(path);
+  const std::string stem = name.substr(0, std::min(name.find_last_of('.'), name.size()));
+  const std::string extension = form == ImageFileForm::raw ? "bin" : nameOf(form);
+  return joinPath(arguments.folder, stem + "." + extension);
+}
+
+FileResult convertOne(const Arguments& arguments, const std::string& from, const std::string& to,
+                      ImageFileForm form) {
+  const ImageFile file = readImage(from, arguments.base);
+  writeWhole(to, encoded(file.image, form, file.base), arguments.whenThere);
+  return {};
+}
+
+// Two files of one folder must not become one.
+void requireNamesOnce(std::vector<std::string> names) {
+  std::ranges::sort(names);
+  const auto twice = std::ranges::adjacent_find(names);
+  if (twice != names.end()) throw Trouble(*twice + ": two files would become this one");
+}
+
+int convertMany(const Arguments& arguments) {
+  const ImageFileForm form = formOf(arguments, "");
+  std::vector<std::string> names;
+  for (const std::string& each : arguments.images) {
+    names.push_back(inFolder(arguments, each, form));
+  }
+  requireNamesOnce(names);
+  return tellResults(forEachFile(names.size(), [&](std::size_t i) {
+    return convertOne(arguments, arguments.images[i], names[i], form);
+  }));
+}
+
+// The bytes of the whole image that a pair stands for.
+std::size_t pairBytes(const Arguments& arguments, std::size_t own) {
+  if (arguments.kbit == 0) return own;
+  if (std::ranges::find(sizes, arguments.kbit) == sizes.end()) {
+    throw Trouble("--kbit takes 64, 128, 256, 512, 1024 or 2048");
+  }
+  return static_cast<std::size_t>(arguments.kbit) * bytesOfKbit;
+}
+
+}  // namespace
+
+int convert(const Arguments& arguments) {
+  if (!arguments.folder.empty()) return convertMany(arguments);
+  if (arguments.images.size() != 2) {
+    throw Trouble("convert takes IN and OUT, or --into FOLDER --to FORM and any number of files");
+  }
+  const std::string& to = arguments.images[1];
+  convertOne(arguments, arguments.images[0], to, formOf(arguments, to));
+  return fine;
+}
+
+int split(const Arguments& arguments) {
+  const ImageFile file = readImage(arguments.images[0], arguments.base);
+  const std::size_t bytes = pairBytes(arguments, file.image.size());
+  if (bytes > file.image.size()) {
+    throw Trouble(file.path + ": the image has only " + std::to_string(file.image.size()) +
+                  " bytes");
+  }
+  if (bytes % 2 != 0) throw Trouble(file.path + ": an odd number of bytes makes no pair");
+  std::array<Bytes, 2> halves;
+  for (std::size_t i = 0; i < bytes; ++i) halves[i % 2].push_back(file.image[i]);
+  const ImageFileForm form = formOf(arguments, arguments.images[1]);
+  if (arguments.whenThere == WhenThere::refuse && fileExists(arguments.images[2])) {
+    throw Trouble(arguments.images[2] +
+                  " is there already: name another file, or replace it with "
+                  "--force");
+  }
+  for (std::size_t i = 0; i < 2; ++i) {
+    writeWhole(arguments.images[1 + i], encoded(halves[i], form, 0), arguments.whenThere);
+  }
+  return fine;
+}
+
+int join(const Arguments& arguments) {
+  const std::array<ImageFile, 2> halves{readImage(arguments.images[0], arguments.base),
+                                        readImage(arguments.images[1], arguments.base)};
+  const std::size_t half = halves[0].image.size();
+  if (half != halves[1].image.size()) {
+    throw Trouble("the halves have " + std::to_string(half) + " and " +
+                  std::to_string(halves[1].image.size()) + " bytes");
+  }
+  const std::size_t bytes = pairBytes(arguments, 2 * half);
+  if (bytes > 2 * half) throw Trouble("the halves have fewer bytes than --kbit asks for");
+  Bytes image(bytes);
+  for (std::size_t i = 0; i < bytes; ++i) image[i] = halves[i % 2].image[i / 2];
+  const std::string& to = arguments.images[2];
+  writeWhole(to, encoded(image, formOf(arguments, to), 0), arguments.whenThere);
+  return fine;
+}
+
+int take(const Arguments& arguments) {
+  const AddressMap map = readAddressMap(arguments.map);
+  const ImageFile from = readImage(arguments.images[0], arguments.base);
+  ImageFile to = readImage(arguments.images[1], arguments.base);
+  const auto carry = [&](const char* keyword, std::int64_t address, std::int64_t bytes) {
+    if (!holdsBytes(from.image, address, bytes) || !holdsBytes(to.image, address, bytes)) {
+      throw Trouble(std::string(keyword) + " lies beyond the end of an image");
+    }
+    const auto place = static_cast<std::ptrdiff_t>(address);
+    std::copy_n(from.image.begin() + place, bytes, to.image.begin() + place);
+  };
+  const NamedEntries named = entriesNamed(map, arguments.maps);
+  for (const MapId id : named.maps) {
+    const MapShape shape = shapeOf(map, id);
+    carry(traitsOf(id).keyword, shape.address, shape.end() - shape.address);
+  }
+  for (const ParamId id : named.params) {
+    carry(traitsOf(id).keyword, map.param(id).address, map.param(id).bytes);
+  }
+  const ImageFileForm form = arguments.form.empty() && !formNamed(arguments.output)
+                                 ? to.content.form
+                                 : formOf(arguments, arguments.output);
+  writeWhole(arguments.output, encoded(to.image, form, to.base), arguments.whenThere);
+  return fine;
+}

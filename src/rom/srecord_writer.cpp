@@ -1,0 +1,69 @@
+#include "rom/srecord_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace {
+
+constexpr std::size_t recordBytes = 32;
+constexpr std::size_t lineBound = 2 + 2 * (1 + 4 + recordBytes + 1) + 2;
+
+struct Width {
+  std::uint64_t end;  // past the last address
+  std::size_t bytes;
+  char data, last;
+};
+constexpr std::array<Width, 3> widths{
+    {{0x10000, 2, '1', '9'}, {0x1000000, 3, '2', '8'}, {0x100000000, 4, '3', '7'}}};
+
+class Text {
+ public:
+  explicit Text(std::size_t bound) { text_.reserve(bound); }
+  void record(char type, std::uint64_t address, std::size_t width,
+              std::span<const std::uint8_t> data) {
+    text_ += 'S';
+    text_ += type;
+    sum_ = 0;
+    byte(static_cast<std::uint8_t>(width + data.size() + 1));
+    for (std::size_t i = width; i-- > 0;) byte(static_cast<std::uint8_t>(address >> (8 * i)));
+    for (const std::uint8_t each : data) byte(each);
+    byte(static_cast<std::uint8_t>(~sum_));
+    text_ += "\r\n";
+  }
+  std::string take() { return std::move(text_); }
+
+ private:
+  void byte(std::uint8_t value) {
+    constexpr char digits[] = "0123456789ABCDEF";
+    text_ += digits[value >> 4];
+    text_ += digits[value & 15];
+    sum_ = static_cast<std::uint8_t>(sum_ + value);
+  }
+
+  std::string text_;
+  std::uint8_t sum_ = 0;
+};
+
+}  // namespace
+
+std::string sRecordText(std::span<const std::uint8_t> source, std::uint32_t base) {
+  const std::uint64_t end = std::uint64_t{base} + source.size();
+  const auto fits = [end](const Width& each) { return end <= each.end; };
+  const auto found = std::ranges::find_if(widths, fits);
+  const Width& width = found == widths.end() ? widths.back() : *found;
+  Text text((source.size() / recordBytes + 4) * lineBound);
+  text.record('0', 0, 2, {});
+  std::uint64_t records = 0;
+  for (std::size_t at = 0; at < source.size(); at += recordBytes, ++records) {
+    text.record(width.data, base + at, width.bytes,
+                source.subspan(at, std::min(recordBytes, source.size() - at)));
+  }
+  if (records < 0x10000) {
+    text.record('5', records, 2, {});
+  } else if (records < 0x1000000) {
+    text.record('6', records, 3, {});
+  }
+  text.record(width.last, 0, width.bytes, {});
+  return text.take();
+}
