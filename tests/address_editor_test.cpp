@@ -58,6 +58,26 @@ TEST_F(AddressEditor, StretchesAreAcceptedUpToTheImagesLastByte) {
   }
 }
 
+TEST_F(AddressEditor, GoesToAnAddressOfTheStretchAndSteppingWithCtrlIsByTen) {
+  askFor("20,10,3");
+  for (const auto& [answer, cell] : {std::pair("", 11),
+                                     {"3D", 40},
+                                     {" 2a", 21},
+                                     {"3E", 21},
+                                     {"1F", 21},
+                                     {"x", 21},
+                                     {"20", 11}}) {
+    desk.textAnswers = {answer};
+    form6.menuBar.find("go_to_address")->userPick();
+    EXPECT_EQ(grid.row() * 10 + grid.column(), cell) << answer;
+  }
+  EXPECT_EQ(told().find("This address is not in the stretch"), 0U);
+  EXPECT_EQ(desk.prompts.back().answer + desk.prompts.back().text, "002AAddress &H0020 - 003D");
+  grid.setText(1, 1, "F8");
+  grid.userControlKey(U'+');
+  EXPECT_EQ(grid.text(1, 1), "FF");
+}
+
 TEST_F(AddressEditor, ShowsTheStretchAndOkBringsItIntoMapsAndParametersCancelDropsIt) {
   Form1& form = form1();
   form.Grid1.setText(2, 3, "171");  // 0x10A

@@ -75,6 +75,18 @@ TEST_F(CellEditing, ThePromptHoldsTheNumberAndComesUpOnlyForOne) {
   EXPECT_EQ(desk.prompts.size(), 3U) << "no number; headers alone; absent";
 }
 
+TEST_F(CellEditing, CtrlMakesTenStepsOfOne) {
+  const std::tuple<Grid&, const char*, char32_t, const char*> table[] = {
+      {fuel, "12", U'+', "22"},    {fuel, "9", U'-', "0"},           {air, "65530", U'+', "65535"},
+      {fuel, "12", U'x', "12"},    {tpFuel, "12", U'-', "2"},        {limits, "12", U'+', "22"},
+      {rpmFuel, "1", U'+', "501"}, {rpmFire, "14900", U'+', "15000"}};
+  for (const auto& [grid, before, key, after] : table) {
+    stepped(grid, before, U'x');
+    grid.userControlKey(key);
+    EXPECT_EQ(grid.text(1, grid.fixedColumns()), after) << before;
+  }
+}
+
 // The additional map shows bytes doubled; an airflow word's colour is rounded ties to even.
 TEST_F(CellEditing, StepsStopAtTheLimits) {
   const std::tuple<Grid&, const char*, const char*, const char*, int> table[] = {

@@ -160,6 +160,20 @@ TEST_F(GraphTest, KeysThatBeginTheirAssignmentChangeOneUnitOfTheCellUnderTheCurs
   }
 }
 
+TEST_F(GraphTest, AClickFindsTheNearestPointAndCtrlMakesTenSteps) {
+  openWith("200");
+  const std::tuple<int, int, int, int> clicks[] = {
+      {3, 2, 3, -4}, {2, 3, -3, 2}, {1, 1, 0, 0}, {1, 1, -2'000'000'000, 1'000'000'000}};
+  for (const auto& [column, row, right, down] : clicks) {
+    const auto c = static_cast<std::size_t>(column), r = static_cast<std::size_t>(row);
+    canvas.userClick(graphState.screenX[c][r] + right, graphState.screenY[c][r] + down);
+    EXPECT_EQ(std::pair(graphState.cursorColumn, graphState.cursorRow), std::pair(column, row));
+  }
+  for (const char32_t key : {U'-', U'-', U'+', U'x'}) canvas.userControlKey(key);
+  press(0);
+  EXPECT_EQ(DR_GRAPH.Label4.caption(), "DATA : 62") << "of 72";
+}
+
 TEST_F(GraphTest, OkKeepsParametersAndEditsAtTheMapsCorners) {
   open();
   DR_GRAPH.Check2.userToggle();

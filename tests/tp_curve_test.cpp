@@ -68,6 +68,9 @@ TEST_F(TpCurveTest, DrawsTheScaleOfItsTabATrailAndAtTheReleaseTheEdit) {
   EXPECT_EQ(countOf(canvas, CanvasItem::bar, rgb(255, 0, 0)), 5);
   canvas.userKeyUp('-');
   expectFrame(canvas, "tp_edited.frame");
+  const std::int32_t before = tpGraphState.pointY[2];
+  canvas.userControlKey(U'+');
+  EXPECT_EQ(tpGraphState.pointY[2], before - 20);
 }
 
 TEST_F(TpCurveTest, ReadsOutBoostAndValueAtEachRelease) {
