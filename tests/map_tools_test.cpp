@@ -193,23 +193,28 @@ TEST_F(MapTools, SettingPercentAndFillingGiveTheNearestNumbersThatCanBeStored) {
     EXPECT_EQ(told().empty(), after != std::string("refused"));
     EXPECT_TRUE(form.enabled());
   }
+  drag(form.Grid1, 1, 1, 1, 4);
+  form.TP_FUEL.setText(1, 2, form.TP_FUEL.text(1, 1));
+  pick("across");
+  EXPECT_TRUE(!interpolateDialog.byScale.enabled() && interpolateDialog.even.selected());
 }
 
 TEST_F(MapTools, ADialogWorksOnTheScaleThatHadTheCursorWhenItOpened) {
   fill(form.Grid1, {{10}});
-  form.RPM_FUEL.setText(0, 0, "1000");
+  form.RPM_FUEL.setText(0, 0, "1240");
   form.RPM_FUEL.userFocus();
   drag(form.RPM_FUEL, 0, 0, 0, 0);
   pick("percent");
   EXPECT_EQ(percentDialog.heading.caption(), "c: 1 x 1 cells");
   form.RPM_FUEL.userLeave();  // the main window is disabled
-  typeOver(percentDialog.percent, "3.6");
+  typeOver(percentDialog.percent, "-0.1");
+  percentDialog.atLeastOne.userToggle();
   percentDialog.userEnter();
-  EXPECT_EQ(form.RPM_FUEL.text(0, 0) + " " + form.Grid1.text(1, 1), "1050 10");
+  EXPECT_EQ(form.RPM_FUEL.text(0, 0) + " " + form.Grid1.text(1, 1), "1200 10");
   EXPECT_EQ(form.doneStatus.caption(), "1 cell changed");
   form.RPM_FUEL.userFocus();
   pick("coarse_down");
-  EXPECT_EQ(form.RPM_FUEL.text(0, 0), "550");
+  EXPECT_EQ(form.RPM_FUEL.text(0, 0), "700");
   selectTab(globalTab);
   for (const char* command : {"set", "percent", "both", "coarse_up", "copy_table", "paste_table"}) {
     pick(command);
