@@ -155,6 +155,7 @@ TEST_F(MapTools, SettingPercentAndFillingGiveTheNearestNumbersThatCanBeStored) {
       {7, "percent", "3!", "", "10 510", "12 510"},
       {1, "across", "even", "", "0 9 9 10|100 9 9 0", "0 3 7 10|100 67 33 0"},
       {1, "across", "", "", "0 9 9 100", "0 22 56 100"},
+      {7, "across", "even", "", "1 9 9 5", "1 2 4 5"},
       {1, "across", "even", "9", "0 9 8 10", "0 9 7 10"},
       {1, "down", "even", "", "0 1|9 9|10 0", "0 1|5 1|10 0"},
       {1, "down", "", "", "0 1|9 9|100 0", "0 1|40 1|100 0"},
