@@ -27,40 +27,32 @@ void startHolding(std::int64_t kept) {
   if (kept == nothing) watchGestures(nullptr);
 }
 
-// From press to release over a whole map.
-void holdStepKey(benchmark::State& state) {
+void pressAndRelease(char32_t key) {
+  form1().Grid1.userKey(key);
+  form1().Grid1.userKeyUp();
+  form1().Grid1.userKeyRest();
+}
+
+void holdStepKeyOver(benchmark::State& state, bool wholeMap) {
   startHolding(state.range(0));
-  Grid& grid = form1().Grid1;
+  if (!wholeMap) form1().Grid1.setSelection({2, 2, 2, 2});
   bool up = true;
   for (auto _ : state) {
-    grid.userKey(up ? U'+' : U'-');
-    grid.userKeyUp();
-    grid.userKeyRest();
+    pressAndRelease(up ? U'+' : U'-');
     up = !up;
   }
   forgetHistory();
 }
 
+// From press to release over a whole map.
+void holdStepKey(benchmark::State& state) { holdStepKeyOver(state, true); }
+
 // One cell of a map, there and back.
-void stepOneCell(benchmark::State& state) {
-  startHolding(state.range(0));
-  Grid& grid = form1().Grid1;
-  grid.setSelection({2, 2, 2, 2});
-  bool up = true;
-  for (auto _ : state) {
-    grid.userKey(up ? U'+' : U'-');
-    grid.userKeyUp();
-    grid.userKeyRest();
-    up = !up;
-  }
-  forgetHistory();
-}
+void stepOneCell(benchmark::State& state) { holdStepKeyOver(state, false); }
 
 void undoAndRedo(benchmark::State& state) {
   startHolding(stepsAndMarks);
-  form1().Grid1.userKey(U'+');
-  form1().Grid1.userKeyUp();
-  form1().Grid1.userKeyRest();
+  pressAndRelease(U'+');
   bool back = true;
   for (auto _ : state) {
     back ? undoStep() : redoStep();
