@@ -44,15 +44,7 @@ class Differences : public ProgramTest {
     for (const ParamKind& kind : paramKinds()) add((form1().*kind.box).mark(), kind.keyword);
     return text;
   }
-  static std::string rows() {
-    std::string text;
-    for (int r = 1; r < differencesWindow.list.rows(); ++r) {
-      for (int c = 0; c < differencesWindow.list.columns(); ++c) {
-        text += differencesWindow.list.text(r, c) + "|";
-      }
-    }
-    return text;
-  }
+  static std::string rows() { return textsOf(differencesWindow.list, 1, 0, "|", "|"); }
   // What a save would write is what a write-back makes.
   static void expectPendingIsWrittenBack() {
     const RomImage pending = pendingImage.bytes();

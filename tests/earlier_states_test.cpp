@@ -32,17 +32,9 @@ class EarlierStates : public ProgramTest {
   std::string listed() {
     if (!earlierStatesWindow.loaded()) pick("earlier_states");
     if (earlierStatesWindow.thisFileOnly.checked()) earlierStatesWindow.thisFileOnly.userToggle();
-    std::string text;
-    const Grid& list = earlierStatesWindow.list;
-    for (int row = 1; row < list.rows(); ++row) {
-      for (int column = 1; column < list.columns(); ++column) {
-        text += list.text(row, column) + (column + 1 < list.columns() ? "|" : "\n");
-      }
-    }
-    return text;
+    return textsOf(earlierStatesWindow.list, 1, 1, "|", "\n");
   }
   void choose(int row) { earlierStatesWindow.list.userSelect({row, 0, row, 0}); }
-  std::string told() const { return shownNotice() ? shownNotice()->text.english : ""; }
 };
 
 TEST_F(EarlierStates, WhatASaveReplacesIsListedComparedLoadedCopiedAndForgotten) {

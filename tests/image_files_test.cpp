@@ -24,7 +24,7 @@ Bytes encoded(const Form& form, const Bytes& image) {
   return {text.begin(), text.end()};
 }
 
-const std::string unsaved = "It is crowded as reading, though it aren't preserved for data ?";
+const std::string unsaved = discardQuestion;
 
 class ImageFiles : public ProgramTest {
  protected:
@@ -152,21 +152,19 @@ TEST_F(ImageFiles, SavingReplacesTheWholeFileAndTheImageTakesItsNameAndForm) {
   pick("update_bin_file");
   EXPECT_EQ(readText("error.log").find(" 上書き  75 Path/File access error\r\n"), 14U);
   EXPECT_EQ(told(), "") << "an overwrite that fails shows no box";
-  EXPECT_EQ(form1().noticeText.caption(), "raw.hEx was not saved: [75] Path/File access error");
-  EXPECT_TRUE(form1().noticeText.visible());
+  EXPECT_EQ(shown(), "raw.hEx was not saved: [75] Path/File access error");
   std::filesystem::remove(path("raw.hEx"));
   pick("update_bin_file");
   EXPECT_EQ(readBytes("raw.hEx"), encoded(forms[1], image)) << "the name decides the form";
-  EXPECT_FALSE(form1().noticeText.visible());
+  EXPECT_EQ(shown(), "");
   loadImage(patternImage(140002));
   pick("ANY_NAME_SAVE_IntelHEX", {"long.hex"});
-  EXPECT_NE(form1().noticeText.caption().find("at most 140001 bytes"), std::string::npos);
+  EXPECT_NE(shown().find("at most 140001 bytes"), std::string::npos);
   pick("odd_even_file");
   chooseFiles({"odd", "even"});
   oddeven.List1.userSelect(0);
   oddeven.Command2.userClick();
-  EXPECT_NE(form1().noticeText.caption().find("the last 131810 bytes"), std::string::npos)
-      << form1().noticeText.caption();
+  EXPECT_NE(shown().find("the last 131810 bytes"), std::string::npos) << shown();
 }
 
 }  // namespace

@@ -13,7 +13,6 @@ namespace {
 
 class Notices : public ProgramTest {
  protected:
-  static std::string shown() { return shownNotice() ? form1().noticeText.caption() : ""; }
   static void close() { form1().noticeClose.userClick(); }
 };
 

@@ -79,12 +79,11 @@ TEST_F(OddEvenPairs, RefusalsDeclinesAndCancelsChangeNothingAndNoBoxStandsBehind
     EXPECT_NE(oddeven.topmost(), desk.boxes.size() > boxes) << "it would hide a box";
     boxes = desk.boxes.size();
   };
-  const std::string discard = "It is crowded as reading, though it aren't preserved for data ?";
   // The files, the answer, what is told, and how many files were asked for.
   const std::tuple<Button&, bool, std::string, const char*, BoxAnswer, std::string, std::size_t>
-      table[] = {{load, false, "odd", "odd", BoxAnswer::no, discard, 0},
-                 {load, true, "", "", BoxAnswer::yes, discard, 1},
-                 {load, true, "odd", "", BoxAnswer::yes, discard, 2},
+      table[] = {{load, false, "odd", "odd", BoxAnswer::no, discardQuestion, 0},
+                 {load, true, "", "", BoxAnswer::yes, discardQuestion, 1},
+                 {load, true, "odd", "", BoxAnswer::yes, discardQuestion, 2},
                  {save, true, "", "", BoxAnswer::yes, "", 1},
                  {save, true, "new", "", BoxAnswer::yes, "", 2},
                  {save, false, "new", "old", BoxAnswer::cancel, "old" + mayOverwrite, 2},

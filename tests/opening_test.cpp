@@ -29,7 +29,6 @@ class OpeningFiles : public ProgramTest {
     fs::resize_file(path("huge.bin"), std::uintmax_t{1} << 31);
     writeText("readme.txt", "text");
   }
-  static std::string shown() { return shownNotice() ? form1().noticeText.caption() : ""; }
   const Bytes image = patternImage(0x400);
   const Bytes second = patternImage(0x400, 2);
 };

@@ -71,10 +71,11 @@ TEST_F(RecentFiles, AnEntryLoadsByItsExtensionUnlessItIsRefusedOrGone) {
   pickEntry("car.rom");
   editorState.addressMap.typeUnit = "";
   pickEntry("raw.Bin");
-  EXPECT_EQ(told(),
-            "It is crowded as reading, though it aren't preserved for data ?|"
-            "The extension child can judge it.|An address file reads and been crowded, it aren't "
-            "possible to read ROM data and be crowded.");
+  EXPECT_EQ(
+      told(),
+      std::string(discardQuestion) +
+          "|The extension child can judge it.|An address file reads and been crowded, it aren't "
+          "possible to read ROM data and be crowded.");
   EXPECT_EQ(editorState.image, edited);
   useMap(smallMap());
   desk.boxAnswers = {BoxAnswer::yes};

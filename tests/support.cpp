@@ -108,12 +108,19 @@ void ProgramTest::enterCell(Grid& grid, int row, int column, const std::string& 
   EXPECT_TRUE(desk.textAnswers.empty()) << "no prompt for " << answer;
 }
 
+std::string ProgramTest::shown() {
+  return form1().noticeText.visible() ? form1().noticeText.caption() : "";
+}
+
 std::string ProgramTest::told() {
   std::string texts;
   for (const MessageBox& box : desk.boxes) texts += (texts.empty() ? "" : "|") + box.text;
   desk.boxes.clear();
   return texts;
 }
+
+const char* const discardQuestion =
+    "It is crowded as reading, though it aren't preserved for data ?";
 
 std::string mapBlock(const std::string& keyword, const std::string& address, int columns, int rows,
                      int bytes, const std::string& scale, const std::string& caption) {
@@ -154,6 +161,17 @@ void forEachCell(
       for (int column = 0; column < grid.columns(); ++column) visit(kind, grid, row, column);
     }
   }
+}
+
+std::string textsOf(const Grid& grid, int firstRow, int firstColumn, const char* between,
+                    const char* behind) {
+  std::string texts;
+  for (int row = firstRow; row < grid.rows(); ++row) {
+    for (int column = firstColumn; column < grid.columns(); ++column) {
+      texts += grid.text(row, column) + (column + 1 < grid.columns() ? between : behind);
+    }
+  }
+  return texts;
 }
 
 void drag(Grid& grid, int row, int column, int rowSel, int columnSel) {

@@ -55,6 +55,8 @@ class ProgramTest : public testing::Test {
   void selectTab(int tab);
   // Double-clicks a cell and answers its prompt.
   void enterCell(Grid& grid, int row, int column, const std::string& answer);
+  // What the notice strip says, "" for nothing.
+  static std::string shown();
   // The texts of all boxes since the last call, "|" between them.
   std::string told();
 
@@ -63,6 +65,8 @@ class ProgramTest : public testing::Test {
   const std::string folder = folderOf(scratch / "x");
 };
 
+// The question before edits are lost.
+extern const char* const discardQuestion;
 // One block of an address map file.
 std::string mapBlock(const std::string& keyword, const std::string& address, int columns, int rows,
                      int bytes, const std::string& scale = "0",
@@ -76,6 +80,10 @@ std::string firstSettings(const std::string& addressFile);
 // All cells of all maps, one after the other.
 void forEachCell(
     const std::function<void(const MapKind& kind, const Grid& grid, int row, int column)>& visit);
+// The grid's texts from its first row to show on, `between` behind each cell but the last of a row,
+// `behind` at the end of each row.
+std::string textsOf(const Grid& grid, int firstRow, int firstColumn, const char* between,
+                    const char* behind);
 // Selects cells as a user's drag from one cell to another.
 void drag(Grid& grid, int row, int column, int rowSel, int columnSel);
 // Goes to a box and types over all that it holds; "" empties it.
