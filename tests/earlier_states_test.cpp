@@ -8,7 +8,6 @@
 
 #include "changes/differences_window.h"
 #include "core/differences.h"
-#include "core/notices.h"
 #include "core/pending_image.h"
 #include "imagefiles/earlier_states_window.h"
 #include "imagefiles/intel_hex_file.h"
