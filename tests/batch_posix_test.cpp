@@ -90,12 +90,9 @@ TEST_F(Batch, ShowsMapsBesideTheirScales) {
 
 TEST_F(Batch, EveryFormComesBackTheSame) {
   const Bytes image = patternImage(32);
-  for (const char* steps :
-       {"convert a.bin x.srec && BATCH convert x.srec x.hex && BATCH convert - "
-        "y.bin --to raw <x.hex",
-        "split a.bin o.hex e.hex && BATCH join o.hex e.hex y.bin",
-        "take a.bin b.bin --map car.adr -o z.bin && BATCH take b.bin z.bin --map "
-        "car.adr VQ_MAP -o y.bin || cp a.bin y.bin"}) {
+  for (const char* steps : {"convert a.bin x.srec && BATCH convert x.srec x.hex && BATCH convert - "
+                            "y.bin --to raw <x.hex",
+                            "split a.bin o.hex e.hex && BATCH join o.hex e.hex y.bin"}) {
     std::string commands = steps;
     for (auto at = commands.find("BATCH"); at != std::string::npos; at = commands.find("BATCH")) {
       commands.replace(at, 5, BATCH);
@@ -104,8 +101,9 @@ TEST_F(Batch, EveryFormComesBackTheSame) {
     EXPECT_EQ(readFile(folder / "y.bin"), image) << commands;
     std::filesystem::remove(folder / "y.bin");
   }
+  EXPECT_EQ(run("take a.bin b.bin --map car.adr HIGH_FUEL -o z.bin").code, 0);
   Bytes taken = image;
-  taken[2] = 0;
+  taken[2] = 0;  // outside the address map
   EXPECT_EQ(readFile(folder / "z.bin"), taken);
 }
 
