@@ -10,7 +10,23 @@ file(CREATE_LINK ../../../${system_folder}/manual ${CMAKE_CURRENT_BINARY_DIR}/li
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/links/zelkova
         DESTINATION bin COMPONENT system EXCLUDE_FROM_ALL)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/links/manual ${CMAKE_SOURCE_DIR}/docs/file-formats.md
+              ${CMAKE_SOURCE_DIR}/docs/zelkova-batch.md
         DESTINATION share/doc/zelkova COMPONENT system EXCLUDE_FROM_ALL)
+
+# The command line, which needs nothing of the folder, with what shells and man tell of it.
+if(TARGET zelkova_batch)
+  set(batch ${CMAKE_CURRENT_SOURCE_DIR}/batch)
+  file(CREATE_LINK ../${system_folder}/zelkova-batch
+       ${CMAKE_CURRENT_BINARY_DIR}/links/zelkova-batch SYMBOLIC)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/links/zelkova-batch
+          DESTINATION bin COMPONENT system EXCLUDE_FROM_ALL)
+  install(FILES ${batch}/zelkova-batch.1
+          DESTINATION share/man/man1 COMPONENT system EXCLUDE_FROM_ALL)
+  install(FILES ${batch}/zelkova-batch.bash RENAME zelkova-batch
+          DESTINATION share/bash-completion/completions COMPONENT system EXCLUDE_FROM_ALL)
+  install(FILES ${batch}/_zelkova-batch
+          DESTINATION share/zsh/vendor-completions COMPONENT system EXCLUDE_FROM_ALL)
+endif()
 
 install(FILES ${CMAKE_CURRENT_SOURCE_DIR}/zelkova.desktop
         DESTINATION share/applications COMPONENT system EXCLUDE_FROM_ALL)

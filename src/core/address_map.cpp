@@ -21,6 +21,7 @@
 #include "platform/numbers.h"
 #include "rom/address_items.h"
 #include "rom/address_parse.h"
+#include "rom/map_values.h"
 
 namespace {
 

@@ -12,7 +12,6 @@
 #include "controls/grid.h"
 #include "core/difference_list.h"
 #include "core/form1.h"
-#include "core/image_bytes.h"
 #include "core/map_extent.h"
 #include "core/map_places.h"
 #include "core/notices.h"
@@ -22,6 +21,7 @@
 #include "core/wording.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "rom/map_values.h"
 
 namespace {
 

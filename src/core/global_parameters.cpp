@@ -6,9 +6,8 @@
 
 #include "core/editor_state.h"
 #include "core/form1.h"
-#include "core/image_bytes.h"
 #include "core/map_kinds.h"
-#include "platform/numbers.h"
+#include "rom/map_values.h"
 
 namespace {
 

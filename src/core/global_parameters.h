@@ -6,7 +6,6 @@
 
 #include "core/editor_state.h"
 #include "core/map_kinds.h"
-#include "rom/map_values.h"
 
 // Shows all present parameters. A parameter outside the image fails with badSubscript.
 void showGlobalParams();

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <numeric>
 
-#include "core/image_bytes.h"
 #include "core/map_extent.h"
 #include "core/stored_bytes.h"
 #include "platform/failure.h"
+#include "rom/map_values.h"
 
 PendingImage pendingImage;
 

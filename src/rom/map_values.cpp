@@ -4,6 +4,7 @@
 
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "rom/map_traits.h"
 
 namespace {
 

@@ -10,7 +10,6 @@
 
 #include "platform/failure.h"
 #include "rom/map_entries.h"
-#include "rom/map_traits.h"
 
 using ImageView = std::span<const std::uint8_t>;
 

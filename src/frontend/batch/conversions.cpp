@@ -4,6 +4,7 @@
 #include "frontend/batch/batch_commands.h"
 #include "frontend/batch/many_files.h"
 #include "platform/files.h"
+#include "rom/map_traits.h"
 #include "rom/map_values.h"
 
 namespace {

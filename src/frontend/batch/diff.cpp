@@ -6,6 +6,7 @@
 #include "platform/failure.h"
 #include "platform/numbers.h"
 #include "rom/image_differences.h"
+#include "rom/map_traits.h"
 
 namespace {
 

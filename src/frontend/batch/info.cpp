@@ -7,7 +7,8 @@
 #include "frontend/batch/batch_commands.h"
 #include "frontend/batch/many_files.h"
 #include "platform/numbers.h"
-#include "rom/address_check.h"
+#include "rom/map_traits.h"
+#include "rom/map_values.h"
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include "frontend/batch/batch_commands.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "rom/map_traits.h"
 #include "rom/map_values.h"
 
 namespace {
