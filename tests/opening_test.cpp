@@ -41,7 +41,7 @@ TEST_F(OpeningFiles, OneDroppedFileIsTakenByItsCommandAndForAnyOtherTheStripSays
   const std::tuple<std::vector<std::string>, bool, std::string> table[] = {
       {{"readme.txt"}, false, "readme.txt is neither an image nor an address map. Open one"},
       {{""}, true, "That is no file of this machine. Open one"},
-      {{"folder.bin"}, false, "folder.bin can't be read: [75] Path/File access error."},
+      {{"folder.bin/"}, false, "folder.bin can't be read: [75] Path/File access error."},
       {{"gone.adr"}, false, "gone.adr can't be read: [53] File not found."},
       {{"empty.bin"}, true, "empty.bin is empty."},
       {{"huge.bin"}, false, "huge.bin is too large: 2147483648 bytes."},

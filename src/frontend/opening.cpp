@@ -59,6 +59,11 @@ BothTexts obstacle(const std::string& path) {
                      name + " is neither an image nor an address map."});
 }
 
+// Folders are handed over with one behind them.
+void dropLastSeparator(std::string& path) {
+  if (path.size() > 1 && (path.back() == '/' || path.back() == '\\')) path.pop_back();
+}
+
 BothTexts tooMany(std::size_t count) {
   const std::string number = std::to_string(count);
   return withAdvice({number + "個のファイルです。", "Those are " + number + " files."});
@@ -83,8 +88,9 @@ void openImage(const std::string& path, Opening how) {
 
 }  // namespace
 
-void openFiles(const std::vector<std::string>& paths, Opening how) {
+void openFiles(std::vector<std::string> paths, Opening how) {
   withdrawNotice(subject);
+  for (std::string& path : paths) dropLastSeparator(path);
   for (const std::string& path : paths) {
     const BothTexts why = obstacle(path);
     if (why != BothTexts{}) return tell(why);

@@ -13,7 +13,7 @@ enum class Opening {
 };
 
 // A path of "" stands for something that is no file of this machine.
-void openFiles(const std::vector<std::string>& paths, Opening how);
+void openFiles(std::vector<std::string> paths, Opening how);
 
 // An address map by whatever name.
 void openRecentMap(const std::string& path);
