@@ -15,6 +15,7 @@ from tour import COMPARISON_BOX, MAP, SPEED_SCALE, Tour
 MAP_SIZE = (900, 500)
 GLOBAL_SIZE = (1180, 620)
 MARKS_SIZE = (960, 560)
+NOTICE_SIZE = (900, 420)
 SURFACE = "3D GRAPH EDIT"
 CURVE = "load scale|TPスケール"
 DIFFERENCES = "^(Differences|相違一覧)$"
@@ -139,6 +140,16 @@ class Photographer(Tour):
         self.screen.keys("Escape")
         self.gone("address")
 
+    def take_notice(self):
+        """Another program writes the image's file; the window is the active one again."""
+        shutil.copy(self.saved("other.bin"), os.path.join(self.folder, "demo", "demo.bin"))
+        self.menu("S___", "set_spl")
+        self.wait("engine")
+        self.screen.keys("Escape")
+        self.gone("engine")
+        self.resize(NOTICE_SIZE)
+        self.take(self.main, "notice")
+
     def run(self):
         self.start()
         self.take_panels()
@@ -149,6 +160,7 @@ class Photographer(Tour):
         self.take_dialog("engine", "engine", "S___", "set_spl")
         self.take_dialog("environment", "environment", "S___", "SET_DEFAULT_FOLDER")
         self.take_dialog("pair", "oddeven", "file_load", "odd_even_file")
+        self.take_notice()
         self.screen.uncounted_keys("ctrl+q")
         self.process.wait(20)
 
