@@ -12,6 +12,7 @@
 #include "core/history.h"
 #include "core/map_kinds.h"
 #include "core/map_places.h"
+#include "exchange/export_files.h"
 #include "exchange/number_table.h"
 #include "exchange/spreadsheet.h"
 #include "full_car.h"
@@ -107,6 +108,15 @@ void parseBareFields(benchmark::State& state) {
   }
 }
 
+// All of the largest usual car.
+void writeReport(benchmark::State& state) {
+  fullCar();
+  std::size_t bytes = 0;
+  for (auto _ : state) bytes = reportText().size();
+  state.counters["bytes"] = static_cast<double>(bytes);
+}
+
+BENCHMARK(writeReport)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(pasteTable, asGesture, true)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(pasteTable, command, false)->Unit(benchmark::kMicrosecond);
 BENCHMARK(readTable)->Unit(benchmark::kMicrosecond);

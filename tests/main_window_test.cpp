@@ -58,7 +58,8 @@ TEST_F(MainWindow, TheMenuTreeStands) {
       "earlier_states) "
       "view(against_nothing against_file against_comparison view_line differences:Ctrl+D "
       "next_difference:F3 last_difference:Shift+F3) "
-      "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V exchange_line "
+      "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V table_line export_map report "
+      "exchange_line "
       "recent_maps()) HLP777(ver_displ)");
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 class MenuItem;
+struct Picture;
 class Window;
 
 enum class BoxIcon { none, information, question, critical };
@@ -65,6 +66,8 @@ class Desktop {
   virtual void setClipboardTable(const std::string& text, const std::string& html) = 0;
   // Whether the clipboard holds HTML beside its text, as spreadsheets put it there.
   virtual bool clipboardHasHtml() = 0;
+  // The bytes of a PNG file of the picture.
+  virtual std::string pngOf(const Picture& picture) = 0;
   // Nothing when the clipboard holds no text.
   virtual std::optional<std::string> clipboardText() = 0;
 

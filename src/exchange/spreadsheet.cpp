@@ -1,6 +1,5 @@
 #include "exchange/spreadsheet.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -11,82 +10,26 @@
 #include "core/dialogs.h"
 #include "core/history.h"
 #include "core/map_cells.h"
-#include "core/map_extent.h"
 #include "core/map_kinds.h"
 #include "core/map_places.h"
 #include "core/notices.h"
 #include "core/refusals.h"
-#include "core/stored_bytes.h"
 #include "core/wording.h"
+#include "exchange/map_table.h"
 #include "exchange/number_table.h"
 #include "platform/numbers.h"
 #include "rom/storable_numbers.h"
 
 namespace {
 
-using Row = std::vector<std::string>;
-
-// The cells that a map's entry holds, as far as its grid goes.
-GridBlock cellsOf(const MapKind& kind) {
-  const StoredCells cells(extentOf(kind));
-  const Grid& grid = gridOf(kind);
-  return {cells.top(), cells.left(), std::min(cells.top() + cells.rows(), grid.rows()) - 1,
-          std::min(cells.left() + cells.columns(), grid.columns()) - 1};
-}
-
-bool isWhole(const MapKind& kind, const GridBlock& block) {
-  const GridBlock all = cellsOf(kind);
-  return block.top <= all.top && block.left <= all.left && block.bottom >= all.bottom &&
-         block.right >= all.right;
-}
-
-std::string textOf(const ScaleCell& cell) {
-  return cell.scale ? gridOf(*cell.scale).text(cell.row, cell.column) : std::string();
-}
-
-bool hasScale(const MapKind* scale) { return scale && entryOf(*scale).present(); }
-
-Row scaleRow(const MapKind& kind, const GridBlock& block) {
-  Row row;
-  for (int c = block.left; c <= block.right; ++c) row.push_back(textOf(loadCellOf(kind, c)));
-  return row;
-}
-
-std::vector<Row> tableOf(const MapKind& kind, const GridBlock& block) {
-  const Grid& grid = gridOf(kind);
-  const bool whole = isWhole(kind, block);
-  const bool speeds = whole && hasScale(speedScaleOf(kind));
-  std::vector<Row> table;
-  if (whole && hasScale(loadScaleOf(kind))) {
-    table.push_back(scaleRow(kind, block));
-    if (speeds) table.back().insert(table.back().begin(), "");
-  }
-  for (int r = block.top; r <= block.bottom; ++r) {
-    Row& row = table.emplace_back();
-    if (speeds) row.push_back(textOf(speedCellOf(kind, r)));
-    for (int c = block.left; c <= block.right; ++c) row.push_back(grid.text(r, c));
-  }
-  return table;
-}
-
-std::string tabbedText(const std::vector<Row>& table) {
-  std::string text;
-  for (const Row& row : table) {
-    for (std::size_t i = 0; i < row.size(); ++i) text += (i > 0 ? "\t" : "") + row[i];
-    text += '\n';
-  }
-  return text;
-}
-
-// Cells hold digits, points and signs alone, none of which has a meaning in HTML; what a user can
-// have brought into one otherwise is no number and is left out.
-std::string htmlText(const std::vector<Row>& table) {
+// Values alone; what is no number is left out.
+std::string htmlText(const MapTable& table) {
   std::string text = "<html><head><meta charset=\"utf-8\"></head><body><table>";
-  for (const Row& row : table) {
+  for (const TableRow& row : table.rows) {
     text += "<tr>";
-    for (const std::string& cell : row) {
-      const bool number = parseAnswer(cell).has_value();
-      text += "<td>" + (number ? cell : std::string()) + "</td>";
+    for (const TableCell& cell : row) {
+      const bool number = parseAnswer(cell.text).has_value();
+      text += "<td>" + (number ? cell.text : std::string()) + "</td>";
     }
     text += "</tr>";
   }
@@ -199,7 +142,7 @@ void writeNumbers(const MapKind& kind, const GridBlock& block,
 }
 
 void pasteInto(const MapKind& kind, const std::string& text) {
-  const GridBlock all = cellsOf(kind);
+  const GridBlock all = storedBlock(kind);
   const Grid& grid = gridOf(kind);
   const int row = grid.row(), column = grid.column();
   const Comma comma = desktop().clipboardHasHtml() ? Comma::isDecimal : Comma::divides;
@@ -234,7 +177,7 @@ void pasteInto(const MapKind& kind, const std::string& text) {
 void copyForSpreadsheet() {
   const MapKind* const kind = mapOfCursor();
   if (!kind) return showRefusal(nothingSelected);
-  const std::vector<Row> table = tableOf(*kind, gridOf(*kind).block());
+  const MapTable table = tableOf(*kind, gridOf(*kind).block());
   desktop().setClipboardTable(tabbedText(table), htmlText(table));
 }
 

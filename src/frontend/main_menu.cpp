@@ -26,6 +26,7 @@
 #include "editing/map_copy.h"
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"
+#include "exchange/export_files.h"
 #include "exchange/spreadsheet.h"
 #include "frontend/about.h"
 #include "frontend/environment.h"
@@ -203,6 +204,9 @@ const MenuRow rows[] = {
      copyForSpreadsheet, &needsImage},
     {2, "paste_table", "表計算から張り付け", "Paste from a spreadsheet", "Ctrl+Shift+V",
      pasteFromSpreadsheet, &needsImage},
+    {2, "table_line", "-", "", "", nullptr},
+    {2, "export_map", "マップの書き出し...", "Export map...", "", exportMap, &needsImage},
+    {2, "report", "レポート...", "Report...", "", exportReport, &needsImage},
     {2, "exchange_line", "-", "", "", nullptr},
     {2, "recent_maps", "最近のアドレスマップ", "Recent address maps", "", nullptr, nullptr,
      followRecentMaps},

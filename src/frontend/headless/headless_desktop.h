@@ -49,6 +49,7 @@ class HeadlessDesktop : public Desktop {
   void setClipboardText(const std::string& text) override;
   void setClipboardTable(const std::string& text, const std::string& html) override;
   bool clipboardHasHtml() override { return !clipboardHtml.empty(); }
+  std::string pngOf(const Picture&) override { return "png"; }
   std::optional<std::string> clipboardText() override;
   std::string dataFolder() override { return userData; }
   std::string storedValue(const std::string& section, const std::string& key) override;

@@ -18,6 +18,7 @@
 #include "controls/window.h"
 #include "frontend/qt/bind_menu.h"
 #include "frontend/qt/grid_view.h"
+#include "frontend/qt/picture_painting.h"
 #include "frontend/qt/sound.h"
 #include "frontend/qt/text.h"
 #include "frontend/qt/window_room.h"
@@ -110,6 +111,8 @@ void QtDesktop::keepUserData() {
   if (folder.isEmpty()) return;
   dataFolder_ = stored(QDir::toNativeSeparators(folder + QStringLiteral("/ZELKOVA")));
 }
+
+std::string QtDesktop::pngOf(const Picture& picture) { return pngBytes(picture); }
 
 std::string QtDesktop::storedValue(const std::string& section, const std::string& key) {
   return stored(openStore().value(storeKey(section, key)).toString());

@@ -26,6 +26,7 @@ class QtDesktop : public Desktop {
   void setClipboardText(const std::string& text) override;
   void setClipboardTable(const std::string& text, const std::string& html) override;
   bool clipboardHasHtml() override;
+  std::string pngOf(const Picture& picture) override;
   std::optional<std::string> clipboardText() override;
 
   // The user's own folder counts only after `keepUserData`.

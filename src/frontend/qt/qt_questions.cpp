@@ -101,10 +101,14 @@ QString nameFilter(const Filter& filter) {
   return filter.shownAs + QLatin1Char(' ') + patterns;
 }
 
-QString defaultSuffix(const QList<Filter>& filters) {
-  if (filters.isEmpty() || filters.first().patterns.isEmpty()) return {};
-  const QString suffix = QFileInfo(filters.first().patterns.first()).suffix();
-  return suffix.contains(QLatin1Char('*')) ? QString() : suffix;
+// What a name without a suffix gets while the filter called `name` is chosen; "" for all files.
+QString suffixOf(const QList<Filter>& filters, const QString& name) {
+  for (const Filter& filter : filters) {
+    if (nameFilter(filter) != name || filter.patterns.isEmpty()) continue;
+    const QString suffix = QFileInfo(filter.patterns.first()).suffix();
+    return suffix.contains(QLatin1Char('*')) ? QString() : suffix;
+  }
+  return {};
 }
 
 void nameParts(QFileDialog& box, QFileDialog::AcceptMode mode) {
@@ -157,10 +161,9 @@ std::optional<ChosenFile> chooseFile(const FileDialog& dialog, QFileDialog::Acce
   const QString all = shown(worded({"すべてのファイル (*)", "All files (*)"}));
   box.setNameFilters(names << all);
   if (!opening) {
-    const QString suffix = defaultSuffix(filters);
-    box.setDefaultSuffix(suffix);
-    QObject::connect(&box, &QFileDialog::filterSelected, [&box, all, suffix](const QString& name) {
-      box.setDefaultSuffix(name == all ? QString() : suffix);
+    box.setDefaultSuffix(suffixOf(filters, names.value(0)));
+    QObject::connect(&box, &QFileDialog::filterSelected, [&box, filters](const QString& name) {
+      box.setDefaultSuffix(suffixOf(filters, name));
     });
   }
   sizeParts(box);
