@@ -2,12 +2,17 @@
 #include <sys/wait.h>
 #include <cstdlib>
 
+#include <random>
+
+#include "editing/add_multiply.h"
+#include "editing/cell_change_dialogs.h"
+#include "editing/smoothing.h"
 #include "scratch_folder.h"
 #include "support.h"
 
 namespace {
 
-const ScratchFolder folder;
+const ScratchFolder files;
 
 struct Outcome {
   int code;
@@ -16,13 +21,13 @@ struct Outcome {
 };
 
 std::string textOf(const char* name) {
-  const Bytes bytes = readFile(folder / name);
+  const Bytes bytes = readFile(files / name);
   return {bytes.begin(), bytes.end()};
 }
 
 Outcome run(const std::string& arguments) {
   const std::string command =
-      "cd " + (folder / "") + " && " + BATCH + " " + arguments + " >out 2>err";
+      "cd " + (files / "") + " && " + BATCH + " " + arguments + " >out 2>err";
   const int status = std::system(command.c_str());
   return {WEXITSTATUS(status), textOf("out"), textOf("err")};
 }
@@ -30,14 +35,14 @@ Outcome run(const std::string& arguments) {
 class Batch : public testing::Test {
  protected:
   Batch() {
-    replaceFile(folder / "car.adr",
+    replaceFile(files / "car.adr",
                 bytesOf("TYPE_UNIT\nCAR\nHIGH_FUEL,16,4,2,8,2,Fuel\nTP_SCALE_FUEL,24,4,1,4,2,Load\n"
                         "REV1_LIMIT,28,1,1,1,50,Rev\n"));
-    replaceFile(folder / "a.bin", patternImage(32));
+    replaceFile(files / "a.bin", patternImage(32));
     Bytes other = patternImage(32);
     other[17] = static_cast<std::uint8_t>(other[17] + 3);
     other[2] = 0;
-    replaceFile(folder / "b.bin", other);
+    replaceFile(files / "b.bin", other);
   }
 };
 
@@ -70,7 +75,7 @@ TEST_F(Batch, TellsWhatDiffersAndHowItEnded) {
     EXPECT_EQ(outcome.out, out) << arguments;
     EXPECT_EQ(outcome.error, error) << arguments;
   }
-  EXPECT_EQ(readFile(folder / "b.bin")[2], 0);
+  EXPECT_EQ(readFile(files / "b.bin")[2], 0);
   EXPECT_EQ(run("nonsense").code, 2);
 }
 
@@ -98,13 +103,135 @@ TEST_F(Batch, EveryFormComesBackTheSame) {
       commands.replace(at, 5, BATCH);
     }
     EXPECT_EQ(run(commands).code, 0) << commands;
-    EXPECT_EQ(readFile(folder / "y.bin"), image) << commands;
-    std::filesystem::remove(folder / "y.bin");
+    EXPECT_EQ(readFile(files / "y.bin"), image) << commands;
+    std::filesystem::remove(files / "y.bin");
   }
   EXPECT_EQ(run("take a.bin b.bin --map car.adr HIGH_FUEL -o z.bin").code, 0);
   Bytes taken = image;
   taken[2] = 0;  // outside the address map
-  EXPECT_EQ(readFile(folder / "z.bin"), taken);
+  EXPECT_EQ(readFile(files / "z.bin"), taken);
+}
+
+// Random gestures in the windows, and the same as lines of a script.
+class Script : public ProgramTest {
+ protected:
+  int upTo(int most) { return static_cast<int>(random() % static_cast<unsigned>(most)) + 1; }
+
+  // Selects some cells of a map; gives them as a script names them.
+  std::string select(const MapKind& kind) {
+    selectTab(kind.tab);
+    Grid& grid = gridOf(kind);
+    const int top = upTo(grid.rows() - 1), left = upTo(grid.columns() - 1);
+    const int bottom = top - 1 + upTo(grid.rows() - top);
+    const int right = left - 1 + upTo(grid.columns() - left);
+    grid.userFocus();
+    drag(grid, top, left, bottom, right);
+    return std::string(kind.keyword) + " " + std::to_string(top) + "-" + std::to_string(bottom) +
+           "," + std::to_string(left) + "-" + std::to_string(right);
+  }
+
+  std::string changeBelow(const char* command, BulkChangeDialog& dialog, const std::string& by) {
+    const std::string threshold = std::to_string(upTo(300));
+    pick(command);
+    typeOver(dialog.Text1, threshold);
+    typeOver(dialog.Text2, by);
+    dialog.userEnter();
+    return by + " below " + threshold;
+  }
+
+  std::string gesture() {
+    const std::array kinds{HIGH_FUEL, REG_FUEL, ADD_MAP1, VQ_MAP};
+    const MapKind& kind = *findMapKind(kinds[random() % kinds.size()]);
+    const std::string cells = select(kind);
+    switch (random() % 6) {
+      case 0:
+        return "add " + cells + " " + changeBelow("add_dec", form7, std::to_string(upTo(60) - 30));
+      case 1:
+        return "multiply " + cells + " " +
+               changeBelow("kakeru", form8, "1." + std::to_string(upTo(99)));
+      case 2: {
+        const std::string number = std::to_string(upTo(300));
+        pick("set");
+        typeOver(setDialog.value, number);
+        setDialog.userEnter();
+        return "set " + cells + " " + number;
+      }
+      case 3: {
+        const std::string by = std::to_string(upTo(60) - 30) + ".5";
+        pick("percent");
+        typeOver(percentDialog.percent, by);
+        percentDialog.userEnter();
+        return "percent " + cells + " " + by;
+      }
+      case 4:
+        if (!hasCellsBetween(gridOf(kind).block(), Fill::across)) return "# nothing between";
+        pick("across");
+        interpolateDialog.userEnter();
+        return "interpolate " + cells + " across";
+      default: {
+        if (kind.id == VQ_MAP) return "# words can't be smoothed";
+        const std::string threshold = std::to_string(upTo(300));
+        pick("smooth");
+        typeOver(form10.Text1, threshold);
+        form10.userEnter();
+        return "smooth " + cells + " below " + threshold;
+      }
+    }
+  }
+
+  std::mt19937 random{20};
+};
+
+TEST_F(Script, GivesWhatTheSameGesturesGive) {
+  const char* const wanted = std::getenv("ZELKOVA_SCRIPTS");
+  const int scripts = wanted ? std::atoi(wanted) : 60;
+  replaceFile(files / "small.adr", bytesOf(smallMap()));
+  for (int i = 0; i < scripts; ++i) {
+    const Bytes image = patternImage(0x400, static_cast<std::uint32_t>(i));
+    loadSmallCar();
+    loadImage(image);
+    std::string script;
+    for (int line = upTo(8); line > 0; --line) script += gesture() + "\n";
+    replaceFile(files / "script", bytesOf(script));
+    replaceFile(files / "image", image);
+    const Outcome outcome =
+        run("apply image --map small.adr --script script -o edited.bin --to raw --force");
+    ASSERT_EQ(outcome.code, 0) << outcome.error << script;
+    ASSERT_EQ(readFile(files / "edited.bin"), saveImage(std::to_string(i) + ".bin")) << script;
+    end();
+  }
+}
+
+TEST_F(Batch, AScriptIsDoneWholeOrNotAtAll) {
+  const std::pair<const char*, const char*> table[] = {
+      {"paint HIGH_FUEL * 1",
+       "unknown command \"paint\"; there are set, add, multiply, percent, interpolate, smooth and "
+       "parameter"},
+      {"set HIGH_FUEL 3,1 1", "\"3\" is no range of 1 to 2"},
+      {"set HIGH_FUEL 1-2 1", "\"1-2\" is no ROWS,COLUMNS"},
+      {"set VQ_MAP * 1", "the address map doesn't have VQ_MAP"},
+      {"set HIGH_FUEL *", "a number is missing"},
+      {"set HIGH_FUEL * 1 2", "what is \"2\" for?"},
+      {"add TP_SCALE_FUEL * 1", "TP_SCALE_FUEL takes no such command"},
+      {"interpolate HIGH_FUEL *", "interpolate goes across, down or both"},
+      {"parameter REV1_LIMIT 12800", "REV1_LIMIT has no room for 12800"},
+      {"parameter K_DATA 00", "the address map and the image don't have K_DATA"},
+  };
+  for (const auto& [line, what] : table) {
+    replaceFile(files / "script", bytesOf("set HIGH_FUEL * 9\n\n" + std::string(line)));
+    const Outcome outcome = run("apply a.bin --map car.adr --script script -o never.bin");
+    EXPECT_EQ(outcome.code, 2) << line;
+    EXPECT_EQ(outcome.error, "zelkova-batch: script:3: " + std::string(what) + "\n");
+    EXPECT_FALSE(fileExists(files / "never.bin")) << line;
+  }
+  replaceFile(files / "script", bytesOf("set HIGH_FUEL 2,4 9 # the last cell\nparameter REV1_LIMIT "
+                                        "1049\n"));
+  EXPECT_EQ(run("apply a.bin --map car.adr --script script -o c.srec").code, 0);
+  EXPECT_EQ(run("convert c.srec c.bin").code, 0);
+  Bytes expected = patternImage(32);
+  expected[23] = 9;
+  expected[28] = 20;
+  EXPECT_EQ(readFile(files / "c.bin"), expected);
 }
 
 }  // namespace

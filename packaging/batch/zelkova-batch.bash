@@ -1,7 +1,7 @@
 # Completion of zelkova-batch for bash.
 _zelkova_batch() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
-  local commands="info show diff check convert split join take" options
+  local commands="info show diff check convert split join apply take" options
   case ${COMP_WORDS[1]} in
     info) options="--map --base --json" ;;
     show) options="--map --base --format --json --hex --output --force" ;;
@@ -9,6 +9,7 @@ _zelkova_batch() {
     check) options="--json" ;;
     convert) options="--to --into --base --force" ;;
     split | join) options="--to --kbit --base --force" ;;
+    apply) options="--map --script --to --base --output --force" ;;
     take) options="--map --to --base --output --force" ;;
   esac
   if [ "$COMP_CWORD" = 1 ]; then

@@ -15,6 +15,7 @@ struct Arguments {
   std::vector<std::string> images;
   std::string map;  // the address map's file; "": none
   std::vector<std::string> maps;
+  std::string script;
   std::string output = "-";
   std::string folder;  // for the results of many files
   std::string form;
@@ -32,6 +33,7 @@ int check(const Arguments& arguments);
 int convert(const Arguments& arguments);
 int split(const Arguments& arguments);
 int join(const Arguments& arguments);
+int apply(const Arguments& arguments);
 int take(const Arguments& arguments);
 
 // The maps that keywords name, in their order; all that the model has for none. An unknown keyword

@@ -19,6 +19,16 @@ constexpr const char* exitCodes =
     "is\n"
     "replaced without --force.";
 
+constexpr const char* scripts =
+    "A line of a script is a command, a map, its cells as ROWS,COLUMNS counted from 1 (or * for "
+    "all),\n"
+    "and what the command takes:\n"
+    "  set HIGH_FUEL 1-4,3-6 120          percent HIGH_FUEL 5-8,* -3 [step]\n"
+    "  add HIGH_FIRE *,16 -2              multiply REG_FUEL * 0.97\n"
+    "  interpolate HIGH_FUEL * both       (across, down or both; [even])\n"
+    "  smooth HIGH_FUEL 2-9,2-9           parameter REV1_LIMIT 7200\n"
+    "\"below N\" at the end leaves larger numbers alone; \"#\" begins a comment.";
+
 // CLI11 knows no "&H"; "0x" and decimal numbers are taken as well.
 std::uint32_t addressOf(const std::string& text) {
   const std::string number = text.starts_with("0x") ? "&H" + text.substr(2) : text;
@@ -74,6 +84,14 @@ class CommandLine {
     files(app, {"ODD", "EVEN", "OUT"});
     to(app);
     pair(app);
+
+    app = add("apply", "edit an image by a script, all of it or nothing", apply);
+    files(app, {"IMAGE"});
+    map(app, true);
+    app->add_option("--script", arguments_.script, "one command a line")->required();
+    to(app);
+    output(app)->required();
+    app->footer(scripts);
 
     app = add("take", "carry maps and parameters from one image into another", take);
     files(app, {"FROM", "TO"});
