@@ -19,7 +19,6 @@
 #include "editing/cell_changes.h"
 #include "editing/smoothing.h"
 #include "frontend/headless/headless_desktop.h"
-#include "platform/failure.h"
 #include "platform/numbers.h"
 #include "platform/text_encoding.h"
 #include "rom/address_items.h"
