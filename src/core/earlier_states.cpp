@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <future>
 #include <map>
 #include <numeric>
 #include <sstream>
@@ -43,9 +44,22 @@ std::uint64_t bytesIn(const std::vector<StoredFile>& files) {
       [](std::uint64_t sum, const StoredFile& file) { return sum + file.mark.size; });
 }
 
+// What stands in a store, as it was when the folder last changed.
+struct Listing {
+  fs::path folder;
+  fs::file_time_type changed;
+  std::vector<StoredFile> files;
+};
+
+Listing listed;
+std::future<Listing> clearing;
+
+Listing listingOf(const FileStore& store, std::vector<StoredFile> files) {
+  return {store.folder(), store.changed(), std::move(files)};
+}
+
 // A name may tell any size: what doesn't stand there as told neither counts nor goes.
-void dropOldest(FileStore& store, std::vector<StoredFile> files) {
-  if (!isOver(files.size(), bytesIn(files))) return;
+Listing dropOldest(FileStore store, std::vector<StoredFile> files) {
   std::erase_if(files, [&](const StoredFile& file) { return !store.holds(file); });
   std::map<std::uint64_t, std::pair<std::int64_t, std::int64_t>> ends;  // first and newest
   for (const StoredFile& file : files) {
@@ -53,14 +67,22 @@ void dropOldest(FileStore& store, std::vector<StoredFile> files) {
   }
   std::size_t count = files.size();
   std::uint64_t bytes = bytesIn(files);
-  for (const StoredFile& file : files) {
-    if (!isOver(count, bytes)) return;
+  std::erase_if(files, [&](const StoredFile& file) {
     const auto [first, newest] = ends.at(file.subject);
-    if (file.when == first || file.when == newest) continue;
+    if (!isOver(count, bytes) || file.when == first || file.when == newest) return false;
     store.forget(file);
     --count;
     bytes -= file.mark.size;
-  }
+    return true;
+  });
+  return listingOf(store, std::move(files));
+}
+
+// Listed anew only when the folder was changed by others.
+void list(const FileStore& store) {
+  finishEarlierStates();
+  if (listed.folder == store.folder() && listed.changed == store.changed()) return;
+  listed = listingOf(store, store.files());
 }
 
 bool isKept(const FileStore& store, const StoredFile& file, std::span<const std::uint8_t> bytes) {
@@ -74,17 +96,19 @@ template <class Keep>
 void addState(FileStore& store, EarlierState state, std::span<const std::uint8_t> bytes,
               Keep keepAs) {
   StoredFile& file = state.file;
-  std::vector<StoredFile> files = store.files();
-  const auto newest = std::find_if(files.rbegin(), files.rend(), [&](const StoredFile& each) {
-    return each.subject == file.subject;
-  });
-  if (newest != files.rend()) {
+  list(store);
+  const auto newest =
+      std::find_if(listed.files.rbegin(), listed.files.rend(),
+                   [&](const StoredFile& each) { return each.subject == file.subject; });
+  if (newest != listed.files.rend()) {
     if (newest->mark == file.mark && isKept(store, *newest, bytes)) return;
     file.when = std::max(file.when, std::min(newest->when + 1, latestMoment));
   }
   keepAs(state);
-  files.push_back(file);
-  dropOldest(store, std::move(files));
+  listed.files.push_back(file);
+  listed.changed = store.changed();
+  if (!isOver(listed.files.size(), bytesIn(listed.files))) return;
+  clearing = std::async(std::launch::async, dropOldest, store, listed.files);
 }
 
 // Keeps what stands at the targets of one replacement. The store is held until it is through, so
@@ -122,8 +146,10 @@ class Keeper {
 
   void keep(const Target& target) {
     std::vector<std::uint8_t> bytes;
-    const int missing = trapFailure([&] { bytes = readFile(target.file.path); });
+    const auto read = [&] { bytes = readFile(target.file.path); };
+    int missing = trapFailure(read);
     if (missing == fileNotFound || missing == pathNotFound) return;
+    if (missing != 0) missing = trapFailure(read);
     if (missing != 0) throw Failure(missing);
     if (std::ranges::equal(bytes, target.file.bytes)) return;
     const EarlierState state = newState({fullPath(target.file.path)}, bytes);
@@ -213,6 +239,10 @@ std::optional<StateRecord> recordIn(const std::string& text, const StoredFile& f
     }
   }
   return std::nullopt;
+}
+
+void finishEarlierStates() {
+  if (clearing.valid()) listed = clearing.get();
 }
 
 void tellStatesNotKept(int failure) {

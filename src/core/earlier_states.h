@@ -29,7 +29,8 @@ struct EarlierState {
   std::optional<StateRecord> record;  // nothing where it is lost or damaged
 };
 
-// Beyond these the oldest go, but never the newest nor the first of a path.
+// Beyond these the oldest go, but never the newest nor the first of a path. They go on another
+// thread, while the command goes on.
 constexpr std::size_t mostStates = 200;
 constexpr std::uint64_t mostStateBytes = std::uint64_t{256} << 20;
 
@@ -56,6 +57,9 @@ EarlierState newState(const StateRecord& record, std::span<const std::uint8_t> b
 // whole or tells of another state is no record.
 std::string textOf(const EarlierState& state);
 std::optional<StateRecord> recordIn(const std::string& text, const StoredFile& file);
+
+// Waits until they have gone.
+void finishEarlierStates();
 
 // Says once, for each start of the program, that states can't be kept.
 void tellStatesNotKept(int failure);

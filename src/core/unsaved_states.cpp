@@ -26,12 +26,19 @@ constexpr int halfMinute = 30'000;  // milliseconds
 // The states of running programs, one folder for each, which its program holds as long as it lives.
 FileStore runningPrograms() { return stateStore().below("running"); }
 
+struct Written {
+  int failure = 0;
+  std::optional<StoredFile> file;
+};
+
 struct Unfinished {
   std::optional<FileStore> store;
   std::optional<HeldFile> held;
   std::optional<StoredFile> kept;
-  std::optional<EarlierState> next;  // being written
-  std::future<int> writing;
+  // What was written last: the bytes and the path that they belong to.
+  RomImage image;
+  std::string path;
+  std::future<Written> writing;
 
   bool atRest() const {
     constexpr std::chrono::seconds none(0);
@@ -49,10 +56,10 @@ bool takeFolder() {
   return held.has_value();
 }
 
-void leaveFolder() {
+void forgetUnfinished() {
+  unfinished.kept.reset();
+  unfinished.image.clear();
   unfinished.held.reset();
-  if (unfinished.store) unfinished.store->removeLock();
-  unfinished.store.reset();
 }
 
 std::optional<StateRecord> recordOfImage(StateKind kind) {
@@ -68,18 +75,22 @@ RomImage imageToSave() {
 }
 
 // The new state is whole before the former one goes.
-int writeState(FileStore store, const EarlierState& next, const std::optional<StoredFile>& former,
-               const RomImage& bytes) {
+Written writeState(FileStore store, const StateRecord& record,
+                   const std::optional<StoredFile>& former, const RomImage& bytes) {
+  const EarlierState next = newState(record, bytes);
   const int failure = trapFailure([&] { store.keep(next.file, textOf(next), bytes); });
-  if (failure == 0 && former) store.forget(*former);
-  return failure;
+  if (failure != 0) return {failure, former};
+  if (former) store.forget(*former);
+  return {0, next.file};
 }
 
 void finishWriting() {
   if (!unfinished.writing.valid()) return;
-  const int failure = unfinished.writing.get();
-  if (failure != 0) return tellStatesNotKept(failure);
-  unfinished.kept = unfinished.next->file;
+  const Written written = unfinished.writing.get();
+  unfinished.kept = written.file;
+  if (written.failure == 0) return;
+  unfinished.image.clear();
+  tellStatesNotKept(written.failure);
 }
 
 // The states of a program that ended come into the store.
@@ -120,16 +131,18 @@ void tellFound(const EarlierState& state, const std::function<void()>& showState
 
 }  // namespace
 
+// What could not be kept as given up stays where the next start finds it.
 void keepGivenUpImage() noexcept {
-  trapFailure([] {
+  const int failure = trapFailure([] {
     const auto record = recordOfImage(StateKind::givenUp);
     if (!record) return;
     const RomImage image = imageToSave();
-    if (image == editorState.savedImage) return;
-    const int failure = trapFailure([&] { keepState(newState(*record, image), image); });
-    if (failure != 0) tellStatesNotKept(failure);
+    if (image != editorState.savedImage) keepState(newState(*record, image), image);
   });
-  dropUnfinishedImage();
+  if (failure == 0) return dropUnfinishedImage();
+  trapFailure([failure] { tellStatesNotKept(failure); });
+  finishUnfinishedImage();
+  forgetUnfinished();
 }
 
 void keepUnfinishedImage() noexcept {
@@ -140,24 +153,23 @@ void keepUnfinishedImage() noexcept {
     if (!record) return;
     RomImage image = imageToSave();
     if (image == editorState.savedImage) return dropUnfinishedImage();
-    const EarlierState next = newState(*record, image);
-    const auto& former = unfinished.kept;
-    if (former && former->subject == next.file.subject && former->mark == next.file.mark) return;
+    if (record->path == unfinished.path && image == unfinished.image) return;
     if (!takeFolder()) return tellStatesNotKept(pathFileAccess);
-    unfinished.next = next;
-    unfinished.writing = std::async(std::launch::async, writeState, *unfinished.store, next, former,
-                                    std::move(image));
+    unfinished.path = record->path;
+    unfinished.image = image;
+    unfinished.writing = std::async(std::launch::async, writeState, *unfinished.store, *record,
+                                    unfinished.kept, std::move(image));
   });
 }
 
+void finishUnfinishedImage() noexcept { trapFailure(finishWriting); }
+
 void dropUnfinishedImage() noexcept {
   if (!unfinished.held) return;
-  trapFailure([] {
-    finishWriting();
-    if (unfinished.kept) unfinished.store->forget(*unfinished.kept);
-    unfinished.kept.reset();
-    leaveFolder();
-  });
+  finishUnfinishedImage();
+  if (unfinished.kept) unfinished.store->forget(*unfinished.kept);
+  forgetUnfinished();
+  unfinished.store->removeLock();
 }
 
 void watchUnsavedImage(const std::function<void()>& showStates) {

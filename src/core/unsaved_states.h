@@ -11,6 +11,8 @@ void keepGivenUpImage() noexcept;
 // Keeps the unsaved image for the case that the program ends now. The file is written on another
 // thread; nothing happens where nothing changed since the last time.
 void keepUnfinishedImage() noexcept;
+// Waits until that file is on disk.
+void finishUnfinishedImage() noexcept;
 // The image is saved or given up: what was kept of it for that case goes.
 void dropUnfinishedImage() noexcept;
 

@@ -42,9 +42,9 @@ Number nextNumber(std::string_view& name, int base) {
 
 // Nothing for a name that is none of the store's.
 std::optional<StoredFile> fileNamed(const fs::path& path, std::string_view ending) {
+  if (path.extension() != ending) return std::nullopt;
   const std::u8string utf8 = path.filename().u8string();
   const std::string whole(utf8.begin(), utf8.end());
-  if (!whole.ends_with(ending)) return std::nullopt;
   const std::string name = whole.substr(0, whole.size() - ending.size());
   std::string_view rest = name;
   StoredFile file;
@@ -54,6 +54,16 @@ std::optional<StoredFile> fileNamed(const fs::path& path, std::string_view endin
   file.mark.size = nextNumber<std::uint64_t>(rest, 10);
   if (file.when < 0 || nameOf(file) != name) return std::nullopt;
   return file;
+}
+
+// A disk may fail once and work again at once; what can be lost here is worth a second try.
+template <class Step>
+void orAgain(Step step) {
+  try {
+    step();
+  } catch (const std::system_error&) {
+    step();
+  }
 }
 
 // Calls `visit` for each entry of the folder. One whose name can't be read is passed over.
@@ -94,6 +104,11 @@ std::vector<StoredFile> FileStore::files() const {
   return found;
 }
 
+fs::file_time_type FileStore::changed() const noexcept {
+  std::error_code missing;
+  return fs::last_write_time(folder_, missing);
+}
+
 bool FileStore::holds(const StoredFile& file) const noexcept {
   std::error_code error;
   const fs::path path = placeOf(file, stateEnding);
@@ -131,12 +146,15 @@ void FileStore::makeFolder() const {
 
 // It comes to disk in its own time: without it a file tells all but what it is a state of.
 void FileStore::writeText(const StoredFile& file, const std::string& text) noexcept {
+  const fs::path place = placeOf(file, textEnding);
+  const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
   try {
-    const fs::path place = placeOf(file, textEnding);
-    auto waiting = WaitingFile::create(place, place);
-    if (!waiting) return;
-    waiting->write({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, Flush::no);
-    waiting->leave();
+    orAgain([&] {
+      auto waiting = WaitingFile::create(place, place);
+      if (!waiting) return;
+      waiting->write(bytes, Flush::no);
+      waiting->leave();
+    });
   } catch (const std::exception&) {
     // The bytes alone are worth keeping.
   }
@@ -144,10 +162,12 @@ void FileStore::writeText(const StoredFile& file, const std::string& text) noexc
 
 void FileStore::copyIn(const StoredFile& file, std::span<const std::uint8_t> bytes) {
   const fs::path place = placeOf(file, stateEnding);
-  auto waiting = WaitingFile::create(placeOf(file, waitingEnding), place);
-  if (!waiting) return;
-  waiting->write(bytes);
-  waiting->moveTo(place);
+  orAgain([&] {
+    auto waiting = WaitingFile::create(placeOf(file, waitingEnding), place);
+    if (!waiting) return;
+    waiting->write(bytes);
+    waiting->moveTo(place);
+  });
 }
 
 // What fails leaves nothing.

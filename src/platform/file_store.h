@@ -30,6 +30,8 @@ class FileStore {
 
   // All of them by their names alone, the oldest first; none from a folder that can't be listed.
   std::vector<StoredFile> files() const;
+  // When something last came or went.
+  std::filesystem::file_time_type changed() const noexcept;
   // Whether a file of that size stands there.
   bool holds(const StoredFile& file) const noexcept;
   // Its bytes. Fails with deviceError when they are not those that its name tells.

@@ -230,14 +230,12 @@ std::optional<HeldFile> HeldFile::ifAbandoned(const fs::path& path) noexcept {
   return held;
 }
 
-std::optional<HeldFile> HeldFile::alone(const fs::path& path) noexcept {
-  const int file =
-      open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, ownerOnly);
-  if (file < 0) return std::nullopt;
+std::optional<HeldFile> HeldFile::alone(const fs::path& path) {
+  constexpr int how = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+  const int file = open(path.c_str(), how, ownerOnly);
+  require(file >= 0);
   HeldFile held(file);
-  struct stat status {};
-  const bool locked = flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-  if (!locked || fstat(file, &status) != 0 || status.st_nlink == 0) return std::nullopt;
+  if (!hold(file)) return std::nullopt;
   return held;
 }
 

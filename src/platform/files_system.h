@@ -70,8 +70,8 @@ class HeldFile {
   // Nothing if it isn't there, is no regular file or is held by a living process.
   static std::optional<HeldFile> ifAbandoned(const std::filesystem::path& path) noexcept;
   // Holds the file as long as this stands, and makes it if it isn't there; nothing while another
-  // one holds it.
-  static std::optional<HeldFile> alone(const std::filesystem::path& path) noexcept;
+  // one holds it. Throws where it can't be made or opened.
+  static std::optional<HeldFile> alone(const std::filesystem::path& path);
   HeldFile(HeldFile&& other) noexcept;
   HeldFile& operator=(HeldFile&&) = delete;
   ~HeldFile();

@@ -288,10 +288,11 @@ std::optional<HeldFile> HeldFile::ifAbandoned(const fs::path& path) noexcept {
   return HeldFile(reinterpret_cast<std::intptr_t>(file));
 }
 
-std::optional<HeldFile> HeldFile::alone(const fs::path& path) noexcept {
+std::optional<HeldFile> HeldFile::alone(const fs::path& path) {
   const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_DELETE,
                                   nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return std::nullopt;
+  if (file == INVALID_HANDLE_VALUE && isHeldForNow(GetLastError())) return std::nullopt;
+  require(file != INVALID_HANDLE_VALUE);
   return HeldFile(reinterpret_cast<std::intptr_t>(file));
 }
 
