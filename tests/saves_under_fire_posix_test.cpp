@@ -15,8 +15,8 @@
 #include "core/unsaved_states.h"
 #include "failing_calls_posix.h"
 #include "imagefiles/image_forms.h"
-#include "imagefiles/intel_hex_writer.h"
 #include "imagefiles/odd_even.h"
+#include "rom/intel_hex_writer.h"
 #include "support.h"
 
 namespace {

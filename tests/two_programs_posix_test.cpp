@@ -64,7 +64,8 @@ class TwoPrograms : public ProgramTest {
   }
   void playRound() {
     std::filesystem::remove_all(desk.userData);
-    startAnewWithMap(smallMap());
+    end();
+    startWithMap(smallMap());
     loadImage(contentOf(9, 0));
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
