@@ -231,13 +231,19 @@ void FileStore::sweep() noexcept {
   }
 }
 
+// Another program may take a folder without a holder for abandoned, and remove it.
 std::optional<HeldFile> FileStore::hold() const noexcept {
   constexpr int tries = 50;
   constexpr std::chrono::milliseconds pause(10);
   try {
-    makeFolder();
     for (int i = 0; i < tries; ++i) {
-      if (auto held = HeldFile::alone(folder_ / lockName)) return held;
+      makeFolder();
+      try {
+        if (auto held = HeldFile::alone(folder_ / lockName)) return held;
+      } catch (const std::system_error& error) {
+        const int number = failureNumberOf(error.code());
+        if (number != fileNotFound && number != pathNotFound) return std::nullopt;
+      }
       std::this_thread::sleep_for(pause);
     }
   } catch (const std::exception&) {
