@@ -22,7 +22,7 @@ constexpr std::pair<const char*, const char*> places[] = {
     {"D2_GRAPH", "tpcurve"}, {"oddeven", "oddeven"},
     {"frmAbout", "setup"},   {"Differences", "changes"},
     {"Set", "many"},         {"Percent", "many"},
-    {"Interpolate", "many"},
+    {"Interpolate", "many"}, {"EarlierStates", "earlier"},
 };
 
 }  // namespace

@@ -19,6 +19,8 @@ NOTICE_SIZE = (900, 420)
 SURFACE = "3D GRAPH EDIT"
 CURVE = "load scale|TPスケール"
 DIFFERENCES = "^(Differences|相違一覧)$"
+EARLIER_STATES = "^(Earlier states|以前の状態)$"
+HALF_MINUTE = 31  # seconds after which what isn't saved is kept
 TOO_FAST = "15000"  # rpm that no byte of the scale holds
 
 
@@ -150,6 +152,26 @@ class Photographer(Tour):
         self.resize(NOTICE_SIZE)
         self.take(self.main, "notice")
 
+    def take_earlier_states(self):
+        """Saves over the original, edits that end with the program, and what its next start says."""
+        for row in (4, 9):
+            self.select(range(row, row + 2), range(9, 14))
+            self.screen.keys("plus")
+            self.screen.keys("ctrl+s")
+            self.screen.settle(0.5)
+        self.select(range(2, 6), range(3, 6))
+        self.screen.keys("plus")
+        self.screen.settle(HALF_MINUTE)
+        self.process.kill()
+        self.process.wait(20)
+        self.start()
+        self.resize(MARKS_SIZE)
+        self.take(self.main, "earlier_strip")
+        self.menu("changes", "earlier_states")
+        self.take(self.screen.wait_for(EARLIER_STATES), "earlier_states")
+        self.screen.keys("Escape")
+        self.screen.wait_until_gone(EARLIER_STATES)
+
     def run(self):
         self.start()
         self.take_panels()
@@ -161,6 +183,7 @@ class Photographer(Tour):
         self.take_dialog("environment", "environment", "S___", "SET_DEFAULT_FOLDER")
         self.take_dialog("pair", "oddeven", "file_load", "odd_even_file")
         self.take_notice()
+        self.take_earlier_states()
         self.screen.uncounted_keys("ctrl+q")
         self.process.wait(20)
 
