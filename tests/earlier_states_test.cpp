@@ -264,14 +264,14 @@ TEST_F(EarlierStates, AStoreThatCantBeWrittenStopsNothingAndIsToldOnce) {
     step();
     pick("update_bin_file");
     EXPECT_EQ(readBytes("image.bin"), pendingImage.bytes());
-    EXPECT_EQ(told(), isFirst ? "Earlier states can't be kept: [76] Path not found" : "");
+    EXPECT_EQ(shown(), isFirst ? "Earlier states can't be kept: [76] Path not found" : "");
     form1().noticeClose.userClick();
   }
   step();
   form1().stateTimer.fire();
   desk.boxAnswers = {BoxAnswer::yes};
   pick("owari");
-  EXPECT_TRUE(desk.ended && told().empty());
+  EXPECT_TRUE(desk.ended && shown().empty());
 }
 
 }  // namespace
