@@ -1,4 +1,4 @@
-// A picture as plain data: filled boxes with texts in them, and lines. Pixels, y downward.
+// A picture as plain data: filled boxes with texts in them. Pixels, y downward.
 #pragma once
 
 #include <optional>
@@ -21,19 +21,10 @@ struct PictureBox {
   bool bold = false;
 };
 
-struct PictureLine {
-  int x1 = 0;
-  int y1 = 0;
-  int x2 = 0;
-  int y2 = 0;
-  Colour colour;
-};
-
 struct Picture {
   static constexpr int fontPixels = 12;
   int width = 0;
   int height = 0;
   Colour ground = white;
   std::vector<PictureBox> boxes;
-  std::vector<PictureLine> lines;  // over the boxes
 };

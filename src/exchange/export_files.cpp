@@ -5,7 +5,6 @@
 #include <span>
 
 #include "controls/desktop.h"
-#include "core/boost.h"
 #include "core/dialogs.h"
 #include "core/difference_list.h"
 #include "core/differences.h"

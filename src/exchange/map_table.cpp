@@ -160,16 +160,12 @@ Picture pictureOf(const MapTable& table) {
 std::string svgText(const Picture& picture) {
   std::string text =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg "
-      "xmlns=\"http://www.w3.org/2000/svg\"" +
+      "xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " +
+      std::to_string(picture.width) + ' ' + std::to_string(picture.height) + '"' +
       attribute("width", picture.width) + attribute("height", picture.height) +
       " font-family=\"sans-serif\"" + attribute("font-size", Picture::fontPixels) +
       ">\n<rect width=\"100%\" height=\"100%\" fill=\"" + colourText(picture.ground) + "\"/>\n";
   for (const PictureBox& box : picture.boxes) text += svgOf(box);
-  for (const PictureLine& line : picture.lines) {
-    text += "<line" + attribute("x1", line.x1) + attribute("y1", line.y1) +
-            attribute("x2", line.x2) + attribute("y2", line.y2) + " stroke=\"" +
-            colourText(line.colour) + "\"/>\n";
-  }
   return text + "</svg>\n";
 }
 

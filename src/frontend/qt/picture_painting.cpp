@@ -27,8 +27,8 @@ void paintBox(QPainter& painter, const PictureBox& box) {
   font.setBold(box.bold);
   painter.setFont(font);
   painter.setPen(shown(box.ink));
-  painter.drawText(area.adjusted(room, 0, -room, 0), alignments[box.align] | Qt::AlignVCenter,
-                   shown(box.text));
+  painter.drawText(area.adjusted(room, 0, -room, 0),
+                   static_cast<int>(alignments[box.align] | Qt::AlignVCenter), shown(box.text));
 }
 
 }  // namespace
@@ -45,10 +45,6 @@ std::string pngBytes(const Picture& picture) {
     QPainter painter(&image);
     painter.scale(density, density);
     for (const PictureBox& box : picture.boxes) paintBox(painter, box);
-    for (const PictureLine& line : picture.lines) {
-      painter.setPen(shown(line.colour));
-      painter.drawLine(line.x1, line.y1, line.x2, line.y2);
-    }
   }
   QBuffer buffer;
   image.save(&buffer, "PNG");
