@@ -138,13 +138,17 @@ void sizeParts(QFileDialog& box) {
 // The folder decides where the dialog opens; a file from elsewhere is proposed by its whole path.
 void propose(QFileDialog& box, const FileDialog& dialog) {
   const QString file = shown(dialog.fileName), folder = shown(dialog.folder);
-  if (!file.isEmpty()) box.selectFile(file);
-  if (!QFileInfo(folder).isDir()) return;
-  box.setDirectory(folder);
   auto* const name = box.findChild<QLineEdit*>();
-  if (!name || file.isEmpty()) return;
   const QFileInfo proposed(file);
+  const bool folderStands = QFileInfo(folder).isDir();
   const bool here = proposed.absoluteDir() == QDir(folder);
+  // A dialog of the desktop shows a bare name, which would be that of a file in its folder.
+  const bool misleads = !name && folderStands && !here && proposed.isAbsolute() &&
+                        box.acceptMode() == QFileDialog::AcceptOpen;
+  if (!file.isEmpty() && !misleads) box.selectFile(file);
+  if (!folderStands) return;
+  box.setDirectory(folder);
+  if (!name || file.isEmpty()) return;
   name->setText(here ? proposed.fileName() : QDir::toNativeSeparators(file));
   name->selectAll();
 }
