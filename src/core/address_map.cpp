@@ -11,7 +11,6 @@
 #include "core/dialogs.h"
 #include "core/editor_state.h"
 #include "core/form1.h"
-#include "core/global_parameters.h"
 #include "core/map_kinds.h"
 #include "core/notices.h"
 #include "core/text_files.h"
