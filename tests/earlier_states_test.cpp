@@ -127,13 +127,25 @@ TEST_F(EarlierStates, WhatIsGivenUpUnsavedIsKeptAsASaveWouldWriteIt) {
   }
 }
 
+TEST_F(EarlierStates, WhatAnExportReplacesIsKept) {
+  loadSmallCar();
+  for (const char* command : {"export_map", "report"}) {
+    writeText("mine", command);
+    writeText("mine before", command);
+    desk.boxAnswers = {BoxAnswer::ok};
+    pick(command, {"mine"});
+    EXPECT_NE(readText("mine"), command);
+    EXPECT_EQ(bytesOf(earlierStates().front()), readBytes("mine before"));
+  }
+}
+
 class KeptByHand : public EarlierStates {
  protected:
   // A state as the store itself would have kept it.
   EarlierState put(std::int64_t when, const std::string& name, std::uint8_t byte = 1,
-                   std::uintmax_t size = 5) {
+                   std::uintmax_t size = 5, StateKind kind = StateKind::overwritten) {
     const Bytes bytes(5, byte);
-    EarlierState state = newState({path(name)}, bytes);
+    EarlierState state = newState({path(name), kind}, bytes);
     state.file.when = when;
     state.file.mark.size = size;
     fs::create_directories(stateStore().folder());
@@ -187,6 +199,17 @@ TEST_F(KeptByHand, TheOldestGoFirstButNeverTheNewestOrTheFirstOfAPath) {
     EXPECT_TRUE(stands(half) == fits && stands(other));
   }
   EXPECT_LT(earlierStates().size(), mostStates);
+}
+
+TEST_F(KeptByHand, TheFileAsItStoodBeforeTheFirstSaveNeverGoes) {
+  loadSmallCar();
+  const EarlierState unfinished = put(1, "a", 1, 5, StateKind::unfinished);
+  const EarlierState original = put(2, "a", 2), old = put(3, "a", 3);
+  put(4, "a", 4);
+  for (int i = 0; i < 200; ++i) put(10 + i, "b", static_cast<std::uint8_t>(i));
+  step();
+  pick("update_bin_file");
+  EXPECT_TRUE(stands(unfinished) && stands(original) && !stands(old));
 }
 
 TEST_F(KeptByHand, WhatIsDamagedOrForeignIsTakenForNothingElse) {

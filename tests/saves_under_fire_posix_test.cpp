@@ -144,6 +144,9 @@ TEST_F(CommandsUnderFire, LeaveOldOrNewFilesWhole) {
           readImageFile(path(way.files[static_cast<std::size_t>(point) % way.files.size()]));
         }
         EXPECT_TRUE(held(way) == old || held(way) == saved);
+        for (const std::string& file : way.files) {
+          EXPECT_TRUE(error == killed || std::filesystem::hard_link_count(path(file)) == 1) << file;
+        }
         expectNothingLost(way, old);
         restore();
         strike(way, 9999, 0);

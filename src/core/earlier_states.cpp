@@ -58,18 +58,35 @@ Listing listingOf(const FileStore& store, std::vector<StoredFile> files) {
   return {store.folder(), store.changed(), std::move(files)};
 }
 
+// What a path keeps for ever: its first state of all, the first that stood in its file before a
+// save of ours, and the newest.
+struct Ends {
+  std::int64_t first;
+  std::int64_t original = -1;
+  std::int64_t newest = -1;
+  bool keep(std::int64_t when) const { return when == first || when == original || when == newest; }
+};
+
+std::map<std::uint64_t, Ends> endsOf(const FileStore& store, const std::vector<StoredFile>& files) {
+  std::map<std::uint64_t, Ends> all;
+  for (const StoredFile& file : files) {
+    Ends& ends = all.try_emplace(file.subject, Ends{file.when}).first->second;
+    ends.newest = file.when;
+    if (ends.original >= 0) continue;
+    const auto record = recordIn(store.text(file), file);
+    if (record && record->kind == StateKind::overwritten) ends.original = file.when;
+  }
+  return all;
+}
+
 // A name may tell any size: what doesn't stand there as told neither counts nor goes.
 Listing dropOldest(FileStore store, std::vector<StoredFile> files) {
   std::erase_if(files, [&](const StoredFile& file) { return !store.holds(file); });
-  std::map<std::uint64_t, std::pair<std::int64_t, std::int64_t>> ends;  // first and newest
-  for (const StoredFile& file : files) {
-    ends.try_emplace(file.subject, file.when, 0).first->second.second = file.when;
-  }
+  const auto ends = endsOf(store, files);
   std::size_t count = files.size();
   std::uint64_t bytes = bytesIn(files);
   std::erase_if(files, [&](const StoredFile& file) {
-    const auto [first, newest] = ends.at(file.subject);
-    if (!isOver(count, bytes) || file.when == first || file.when == newest) return false;
+    if (!isOver(count, bytes) || ends.at(file.subject).keep(file.when)) return false;
     store.forget(file);
     --count;
     bytes -= file.mark.size;
@@ -122,6 +139,13 @@ class Keeper {
     });
   }
 
+  // Nothing was replaced: the files in their places go on being written by others.
+  void stopped() noexcept {
+    for (const auto& [file, bytes] : kept_) {
+      keeping([&, &file = file, &bytes = bytes] { store_.separate(file, bytes); });
+    }
+  }
+
   // Another program may have written there meanwhile.
   void beforeMoving() noexcept {
     keeping([&] {
@@ -129,7 +153,7 @@ class Keeper {
         if (lastWrite(each.path) != each.written) keep(each);
       }
     });
-    if (kept_) store_.flush();
+    if (!kept_.empty()) store_.flush();
   }
 
  private:
@@ -155,14 +179,14 @@ class Keeper {
     const EarlierState state = newState({fullPath(target.file.path)}, bytes);
     addState(store_, state, bytes, [&](const EarlierState& added) {
       store_.keepFile(added.file, textOf(added), bytes, target.path);
-      kept_ = true;
+      kept_.emplace_back(added.file, bytes);
     });
   }
 
   FileStore store_ = stateStore();
   std::optional<HeldFile> held_ = store_.hold();
   std::vector<Target> targets_;
-  bool kept_ = false;
+  std::vector<std::pair<StoredFile, std::vector<std::uint8_t>>> kept_;
 };
 
 }  // namespace
@@ -196,9 +220,15 @@ void replaceUserFile(const std::string& path, std::span<const std::uint8_t> byte
 void replaceUserFiles(std::span<const FileContent> files) {
   if (!hasEarlierStates()) return replaceFiles(files);
   Keeper keeper;
-  replaceFiles(
-      files, {[&](const FileContent& file, const fs::path& target) { keeper.before(file, target); },
-              [&] { keeper.beforeMoving(); }});
+  const auto before = [&](const FileContent& file, const fs::path& target) {
+    keeper.before(file, target);
+  };
+  try {
+    replaceFiles(files, {before, [&] { keeper.beforeMoving(); }});
+  } catch (...) {
+    keeper.stopped();
+    throw;
+  }
 }
 
 void keepState(const EarlierState& state, std::span<const std::uint8_t> bytes) {

@@ -8,6 +8,7 @@
 #include "core/dialogs.h"
 #include "core/difference_list.h"
 #include "core/differences.h"
+#include "core/earlier_states.h"
 #include "core/editor_state.h"
 #include "core/extensions.h"
 #include "core/file_command.h"
@@ -20,7 +21,6 @@
 #include "exchange/map_table.h"
 #include "platform/clock.h"
 #include "platform/failure.h"
-#include "platform/files.h"
 
 namespace {
 
@@ -40,7 +40,7 @@ void saveAs(const char* location, const FileDialog& dialog,
     path = file.path;
     if (!mayOverwrite(path, file.title)) throw Failure(cancelled);
     const std::string bytes = contents(path);
-    replaceFile(path, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    replaceUserFile(path, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
   };
   runFileCommand({location, steps, [&](int number) { showFailure(number, {}, path); }});
 }

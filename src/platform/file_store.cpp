@@ -205,6 +205,13 @@ void FileStore::keepFile(const StoredFile& file, const std::string& text,
   });
 }
 
+void FileStore::separate(const StoredFile& file, std::span<const std::uint8_t> bytes) {
+  std::error_code error;
+  if (fs::hard_link_count(placeOf(file, stateEnding), error) == 1 || error) return;
+  copyIn(file, bytes);
+  flush();
+}
+
 void FileStore::flush() noexcept { flushFolder(folder_); }
 
 void FileStore::forget(const StoredFile& file) noexcept {
