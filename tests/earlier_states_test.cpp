@@ -102,6 +102,7 @@ TEST_F(EarlierStates, WhatIsGivenUpUnsavedIsKeptAsASaveWouldWriteIt) {
         pick("odd_even_file");
         oddeven.Command2.userClick();
         EXPECT_EQ(editorState.imageSize, 0);
+        EXPECT_TRUE(shown().find("are kept among the earlier states") != std::string::npos);
       },
       [&] { pick("owari"); }};
   std::uint32_t kept = 0;

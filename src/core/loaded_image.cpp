@@ -18,7 +18,6 @@ void takeImage(RomImage bytes) {
   editorState.imageSize = static_cast<std::int32_t>(bytes.size());
   editorState.image = std::move(bytes);
   editorState.imageIsOneHalf = false;
-  tellContents();
 }
 
 void dropImage() {

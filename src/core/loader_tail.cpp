@@ -14,6 +14,7 @@ void loaderTail() {
     const GridsPause pause;
     dataReplaced();
     tellWhetherMapFits();
+    tellContents();  // the weightier of the two: what is no image fits no map
     redrawAllMaps();
     showGlobalParams();
     setGridLayout();

@@ -252,6 +252,7 @@ void afterLoadFailure(int number) {
 void afterSaveFailure(int number) {
   if (number == cancelled) return;
   keepGivenUpImage();
+  tellEditsKept();
   editorState.imageSize = 0;
 }
 

@@ -2,14 +2,18 @@
 
 #include <string>
 
+#include "core/earlier_states.h"
 #include "core/editor_state.h"
 #include "core/notices.h"
+#include "core/pending_image.h"
+#include "imagefiles/earlier_states_window.h"
 #include "platform/failure.h"
 #include "rom/intel_hex_reader.h"
 
 namespace {
 
 constexpr const char* failedSubject = "save failed";
+constexpr const char* keptSubject = "edits kept";
 constexpr const char* contentsSubject = "what a save holds";
 
 }  // namespace
@@ -37,6 +41,19 @@ void tellLongIntelHex(std::size_t bytes) {
        {"「読み込み(IntelHEX)」は" + most +
             "バイトまでしか読めません。このファイルは読み込めません。",
         "Load (IntelHEX) takes at most " + most + " bytes: it can't load this file again."}});
+}
+
+void tellEditsKept() {
+  if (!hasEarlierStates() || pendingImage.unsavedBytes() == 0) return;
+  const std::string& title = editorState.imageTitle;
+  tellNotice({keptSubject,
+              NoticeKind::warning,
+              {title + "の編集内容は「以前の状態」に残っています。",
+               "The edits of " + title + " are kept among the earlier states."},
+              {{{"以前の状態", "Earlier states"}, [] {
+                  withdrawNotice(keptSubject);
+                  showEarlierStates();
+                }}}});
 }
 
 void tellPartSaved(std::size_t bytes) {
