@@ -5,7 +5,8 @@ packages_build=(g++ cmake ninja-build ccache qt6-base-dev qt6-multimedia-dev lib
 packages_screen=(fonts-ipafont-gothic fonts-dejavu-core qt6-translations-l10n)
 packages_tour=(xvfb openbox xdotool imagemagick xclip x11-utils python3)
 packages_tests=(libgtest-dev libbenchmark-dev clang-14 libclang-rt-14-dev clang-format-14 clangd-14
-  g++-mingw-w64-x86-64-posix binutils srecord python3-intelhex arduino-core-avr)
+  g++-mingw-w64-x86-64-posix binutils srecord python3 python3-intelhex arduino-core-avr
+  seabios)
 # The peer of tools/spreadsheet_peer.sh.
 packages_spreadsheet=(libreoffice-calc)
 # googletest and wine are what runs the tests of the logic for Windows, the rest makes the program.

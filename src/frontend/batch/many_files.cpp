@@ -1,7 +1,5 @@
 #include "frontend/batch/many_files.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
@@ -9,6 +7,7 @@
 #include <thread>
 
 #include "frontend/batch/batch_commands.h"
+#include "frontend/batch/batch_streams.h"
 
 namespace {
 
@@ -28,7 +27,7 @@ std::vector<FileResult> forEachFile(std::size_t count,
   std::vector<FileResult> results(count);
   std::atomic<std::size_t> next = 0;
   std::atomic<std::size_t> done = 0;
-  const bool bar = count >= filesForBar && isatty(fileno(stderr)) != 0;
+  const bool bar = count >= filesForBar && errorsGoToATerminal();
   const auto run = [&](bool tells) {
     for (std::size_t i = next++; i < count; i = next++) {
       try {

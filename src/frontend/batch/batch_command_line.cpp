@@ -1,11 +1,15 @@
-// The command line: what tuners do with many images at once, without a window.
+#include "frontend/batch/batch_command_line.h"
+
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <exception>
 #include <initializer_list>
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "frontend/batch/batch_commands.h"
 #include "platform/failure.h"
@@ -101,9 +105,10 @@ class CommandLine {
     output(app)->required();
   }
 
-  int run(int count, char** texts) {
+  int run(std::vector<std::string> texts) {
     try {
-      app_.parse(count, texts);
+      std::ranges::reverse(texts);  // as the parser wants them
+      app_.parse(std::move(texts));
       for (const std::string& file : files_) {
         if (!file.empty()) arguments_.images.push_back(file);
       }
@@ -176,9 +181,9 @@ class CommandLine {
 
 }  // namespace
 
-int main(int count, char** texts) {
+int runCommandLine(std::vector<std::string> arguments) noexcept {
   try {
-    return CommandLine().run(count, texts);
+    return CommandLine().run(std::move(arguments));
   } catch (const std::exception& error) {
     std::fflush(stdout);
     std::fprintf(stderr, "zelkova-batch: %s\n", error.what());

@@ -1,0 +1,19 @@
+// Streams of texts would turn line feeds into two characters, and end at a Ctrl+Z.
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <cstdio>
+
+#include "frontend/batch/batch_streams.h"
+
+PlainStreams::PlainStreams() : codePage_(GetConsoleOutputCP()) {
+  for (FILE* const stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+  SetConsoleOutputCP(CP_UTF8);
+}
+
+PlainStreams::~PlainStreams() {
+  if (codePage_ != 0) SetConsoleOutputCP(codePage_);
+}
+
+bool errorsGoToATerminal() { return _isatty(_fileno(stderr)) != 0; }
