@@ -32,6 +32,15 @@ TEST_F(ExportFiles, AMapIsWrittenInTheFormOfItsName) {
   EXPECT_TRUE(svg.starts_with("<?xml") && svg.ends_with("</svg>\n"));
   EXPECT_TRUE(holds(svg, "fill=\"#c8000f\"") && holds(svg, ">650</text>") &&
               holds(svg, ">caption</text>"));
+  form.Grid1.setCell(1, 1, "1", rgb(255, 0, 0));
+  form.Grid1.setCell(1, 2, "2", rgb(0, 0, 255));
+  pick("map_colours");
+  exportAs("bright.svg");
+  for (const char* part :
+       {"#042c6f", "#feed6b", "fill=\"#ffffff\" text", "fill=\"#000000\" text"}) {
+    EXPECT_TRUE(holds(readText("bright.svg"), part)) << part << " in the colours on the screen";
+  }
+  pick("map_colours");
   exportAs("map.png");
   EXPECT_EQ(readText("map.png"), "png");
   form.TP_FUEL.userFocus();

@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <new>
 #include <set>
+#include <tuple>
 
 #include "core/dialogs.h"
+#include "core/map_palette.h"
 #include "core/rom_image.h"
 #include "support.h"
 
@@ -57,10 +59,56 @@ TEST_F(MainWindow, TheMenuTreeStands) {
       "interpolate(across down both:Ctrl+I) coarse_up coarse_down states_line "
       "earlier_states) "
       "view(against_nothing against_file against_comparison view_line differences:Ctrl+D "
-      "next_difference:F3 last_difference:Shift+F3) "
+      "next_difference:F3 last_difference:Shift+F3 look_line "
+      "zoom(zoom_in:F8 zoom_out:Shift+F8 zoom_line zoom_75 zoom_100:Ctrl+F8 zoom_125 zoom_150 "
+      "zoom_200 zoom_300) fit_window:F11 map_colours) "
       "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V table_line export_map report "
       "exchange_line "
       "recent_maps()) HLP777(ver_displ)");
+}
+
+TEST_F(MainWindow, ZoomGoesByStepsWithinItsLimitsAndIsKeptWithTheColours) {
+  const auto looks = [] {
+    std::string ticks;
+    form1().menuBar.find("view")->userOpen();
+    for (const char* name : {"zoom_75", "zoom_100", "zoom_150", "zoom_300", "fit_window"}) {
+      ticks += form1().menuBar.find(name)->checked().value() ? '1' : '0';
+    }
+    return std::to_string(form1().mapZoom.percent()) + ' ' + ticks;
+  };
+  // What is picked or how many notches the wheel turns, at once and in the next run.
+  const std::tuple<const char*, int, const char*> table[] = {
+      {"", 0, "100 01000"},         {"zoom_in", 0, "110 00000"},    {"zoom_150", 0, "150 00100"},
+      {"zoom_out", 0, "125 00000"}, {"", 2, "175 00000"},           {"", 1'000'000, "300 00010"},
+      {"zoom_in", 0, "300 00010"},  {"fit_window", 0, "300 00001"}, {"fit_window", 0, "300 00010"},
+      {"", -1'000'000, "75 10000"}, {"zoom_out", 0, "75 10000"},    {"fit_window", 0, "75 00001"},
+      {"zoom_100", 0, "100 01000"}};
+  start();
+  for (const auto& [command, notches, expected] : table) {
+    notches ? form1().mapZoom.userTurn(notches) : *command ? pick(command) : void();
+    EXPECT_EQ(looks(), expected) << command << notches;
+    start();
+    EXPECT_EQ(looks(), expected) << command << notches << " in the next run";
+  }
+  pick("fit_window");
+  form1().mapZoom.setFitting(163);
+  pick("zoom_in");
+  EXPECT_EQ(looks(), "175 00000") << "from what was seen";
+  for (const auto& [stored, expected] : {std::pair("12", "75 10000"),
+                                         {"99999", "300 00010"},
+                                         {"-150", "100 01000"},
+                                         {"1x", "100 01000"}}) {
+    desk.store["View"]["Zoom"] = stored;
+    start();
+    EXPECT_EQ(looks(), expected) << stored;
+  }
+  pick("map_colours");
+  start();
+  EXPECT_TRUE(secondColoursInForce() && shown().empty());
+  desk.storeWorks = false;
+  pick("map_colours");
+  EXPECT_EQ(shown(), "表示の設定に書き込めません");
+  EXPECT_FALSE(secondColoursInForce());
 }
 
 TEST_F(MainWindow, EnglishReachesEveryCaptionAndJapaneseStays) {

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr Grid::Look tableLook{white, rgb(64, 64, 64), white};
+constexpr Grid::Look tableLook{white, rgb(64, 64, 64)};
 constexpr int cellWidth = 430;     // twips
 constexpr int addressWidth = 620;  // twips
 

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr Grid::Look listLook{black, rgb(192, 192, 192), white, 1};
+constexpr Grid::Look listLook{{}, {}, 1};
 constexpr int columns = 5;
 constexpr int emptyRows = 2;  // its header and a row without a difference
 constexpr std::array<int, columns> widths{3900, 900, 1200, 1200, 2400};  // twips

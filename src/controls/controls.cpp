@@ -132,6 +132,10 @@ void TabStrip::setTabToolTip(int number, std::string text) {
   assign(tabs_.at(static_cast<std::size_t>(number - 1)).toolTip, std::move(text));
 }
 
+void TabStrip::setSecondLine(int number, std::string text) {
+  assign(tabs_.at(static_cast<std::size_t>(number - 1)).secondLine, std::move(text));
+}
+
 void TabStrip::setNote(int number, std::string text) {
   assign(tabs_.at(static_cast<std::size_t>(number - 1)).note, std::move(text));
 }

@@ -167,7 +167,8 @@ class TabStrip : public Control {
   struct Tab {
     std::string caption;
     std::string toolTip;
-    std::string note = {};  // a marked tab's, told below its tool tip
+    std::string note = {};        // a marked tab's, told below its tool tip
+    std::string secondLine = {};  // below the caption
     bool operator==(const Tab&) const = default;
   };
   TabStrip(Window& owner, std::vector<Tab> tabs) : Control(owner), tabs_(std::move(tabs)) {}
@@ -176,6 +177,7 @@ class TabStrip : public Control {
   const Tab& tab(int number) const { return tabs_.at(static_cast<std::size_t>(number - 1)); }
   void setCaption(int number, std::string text);
   void setTabToolTip(int number, std::string text);
+  void setSecondLine(int number, std::string text);
   // A tab with a note bears a mark; "" takes it away.
   void setNote(int number, std::string text);
   int selected() const { return selected_; }

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,11 +51,10 @@ struct GridCell {
 
 class Grid : public Control {
  public:
-  // How the grid looks; the record only keeps it.
+  // How the grid looks; the record only keeps it. What has no colour here takes the desktop's.
   struct Look {
-    Colour text = black;
-    Colour lines = rgb(192, 192, 192);
-    Colour ground = white;
+    std::optional<Colour> text = {};
+    std::optional<Colour> lines = {};
     int leftColumns = 0;  // the first ones, whose texts stand at the left
   };
   // The largest number of cells that a size may ask for.

@@ -14,6 +14,8 @@ char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' +
 
 bool isLetter(char c) { return capital(c) >= 'A' && capital(c) <= 'Z'; }
 
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
 // A letter inside a character of several bytes is none.
 bool startsWord(std::string_view caption, std::size_t at) {
   return at == 0 || caption[at - 1] == ' ' || caption[at - 1] == '(';
@@ -44,23 +46,29 @@ Captioned* letteredOf(const Window& window, Control& control) {
 }  // namespace
 
 char freeLetter(std::string_view caption, std::string& taken) {
-  for (const bool atStart : {true, false}) {
+  const auto firstFree = [&](auto counts) -> char {
     for (std::size_t i = 0; i < caption.size(); ++i) {
       const char letter = capital(caption[i]);
-      if (!isLetter(letter) || (atStart && !startsWord(caption, i))) continue;
-      if (taken.find(letter) != std::string::npos) continue;
+      if (!counts(i) || taken.find(letter) != std::string::npos) continue;
       taken += letter;
       return letter;
     }
+    return 0;
+  };
+  if (std::ranges::none_of(caption, isLetter)) {
+    return firstFree([&](std::size_t i) { return isDigit(caption[i]); });
   }
-  return 0;
+  const char atStart =
+      firstFree([&](std::size_t i) { return isLetter(caption[i]) && startsWord(caption, i); });
+  return atStart ? atStart : firstFree([&](std::size_t i) { return isLetter(caption[i]); });
 }
 
 std::size_t placeOfLetter(std::string_view caption, char letter) {
   std::size_t place = std::string_view::npos;
   for (std::size_t i = 0; i < caption.size(); ++i) {
     if ((caption[i] & 0x80) != 0) return place;
-    if (!isLetter(letter) || capital(caption[i]) != letter) continue;
+    if (!isLetter(letter) && !isDigit(letter)) return place;
+    if (capital(caption[i]) != letter) continue;
     if (startsWord(caption, i)) return i;
     if (place == std::string_view::npos) place = i;
   }

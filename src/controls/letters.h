@@ -8,7 +8,8 @@
 class Window;
 
 // The first letter of one of the caption's words, else any letter of it, that `taken` doesn't hold
-// yet, as a capital; it is added there. 0 where none is left.
+// yet, as a capital; it is added there. Of a caption without letters the first free digit. 0 where
+// none is left.
 char freeLetter(std::string_view caption, std::string& taken);
 // Where the caption has the letter, best at the start of a word; npos where it hasn't. Letters
 // behind characters of another script don't count: a mark there would look lost.

@@ -78,6 +78,12 @@ std::string designCaption(const MapKind& kind) {
   return Form1::mainFrames[static_cast<std::size_t>(kind.id - HIGH_FUEL)];
 }
 
+// The tabs of the additional maps are numbered; below it they say what the map is.
+void showSecondLine(const MapKind& kind, const MapEntry& entry) {
+  if (kind.family != MapFamily::additional) return;
+  form1().TabStrip1.setSecondLine(kind.tab, entry.present() ? entry.caption : std::string());
+}
+
 bool isEmpty(const ParsedAddressMap& parsed) {
   const auto hasNone = [](const auto& looks) { return looks.empty(); };
   return parsed.failure == 0 && parsed.map.typeUnit.empty() &&
@@ -125,7 +131,10 @@ void SET_MAP_ADDR() {
 
 void applyEntryPresence() {
   const AddressMap& map = editorState.addressMap;
-  for (const MapKind& kind : mapKinds()) gridOf(kind).setEnabled(map.map(kind.id).present());
+  for (const MapKind& kind : mapKinds()) {
+    gridOf(kind).setEnabled(map.map(kind.id).present());
+    showSecondLine(kind, map.map(kind.id));
+  }
   for (const ParamKind& kind : paramKinds()) {
     const ParamEntry& entry = map.param(kind.id);
     const bool shown = !kind.scaled() || entry.bytes <= maximumScaledBytes;

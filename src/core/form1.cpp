@@ -8,8 +8,8 @@
 namespace {
 
 constexpr Colour mapLines = rgb(64, 64, 64);
-constexpr Grid::Look mapLook{white, mapLines, white};
-constexpr Grid::Look scaleLook{};
+constexpr Grid::Look mapLook{white, mapLines};
+constexpr Grid::Look scaleLook{{}, rgb(192, 192, 192)};
 // The size of a grid that no address map has sized yet, header row and column included.
 constexpr int designRows = 2;
 constexpr int designColumns = 17;

@@ -11,6 +11,7 @@
 #include "controls/controls.h"
 #include "controls/grid.h"
 #include "controls/window.h"
+#include "controls/zoom.h"
 #include "core/wording.h"
 
 struct Form1 : Window {
@@ -68,6 +69,8 @@ struct Form1 : Window {
   Label Label11{*this, "TTP_MIN"}, Label12{*this, "TTP_MAX"}, Label2{*this, "AF_LIMIT"},
       Label18{*this, "ADD_FUEL"};
 
+  // How large the panels' maps are.
+  Zoom mapZoom{*this};
   // The notice strip: what no box says, with at most two things to do about it.
   Label noticeText{*this};
   Button noticeAction1{*this}, noticeAction2{*this}, noticeClose{*this};

@@ -13,11 +13,12 @@ struct Names {
   Wording name;
 };
 
-constexpr std::array<Names, 4> names{{
+constexpr std::array<Names, 5> names{{
     {"settings", {"設定ファイルzelkova.ini", "The settings file zelkova.ini"}},
     {"log", {"ログerror.log", "The log error.log"}},
     {"recent files", {"最近使ったファイルのリスト", "The list of recent files"}},
     {"recent maps", {"最近のアドレスマップのリスト", "The list of recent address maps"}},
+    {"look", {"表示の設定", "How maps are shown"}},
 }};
 
 const Names& namesOf(OwnFile file) { return names[static_cast<std::size_t>(file)]; }

@@ -3,7 +3,7 @@
 
 #include <string>
 
-enum class OwnFile { settings, log, recentFiles, recentMaps };
+enum class OwnFile { settings, log, recentFiles, recentMaps, look };
 
 // `why` stands behind the name; "" where nothing more is known.
 void tellNotWritten(OwnFile file, const std::string& why = {});

@@ -29,7 +29,7 @@
 
 namespace {
 
-constexpr Grid::Look hexLook{white, rgb(64, 64, 64), white};
+constexpr Grid::Look hexLook{white, rgb(64, 64, 64)};
 constexpr int cellWidth = 430;       // twips
 constexpr int addressWidth = 760;    // twips; six digits
 constexpr int characterWidth = 150;  // twips, of a column header

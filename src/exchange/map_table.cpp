@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "core/map_extent.h"
+#include "core/map_palette.h"
 #include "core/stored_bytes.h"
 #include "platform/utf8.h"
 
@@ -26,7 +27,7 @@ bool isWhole(const MapKind& kind, const GridBlock& block) {
 
 TableCell cellAt(const Grid& grid, int row, int column) {
   TableCell cell{grid.text(row, column)};
-  if (grid.painted(row, column)) cell.colour = grid.background(row, column);
+  if (grid.painted(row, column)) cell.colour = shownColour(grid.background(row, column));
   return cell;
 }
 
@@ -46,11 +47,8 @@ std::string joined(const MapTable& table, const char* divider, const char* end) 
   return text;
 }
 
-// White or black, whichever is easier to read there.
-Colour inkOn(const std::optional<Colour>& ground) {
-  if (!ground) return black;
-  const int light = 299 * ground->red + 587 * ground->green + 114 * ground->blue;
-  return light < 128'000 ? white : black;
+Colour inkOf(const TableCell& cell) {
+  return cell.colour && !cell.ofScale ? shownInk(white, *cell.colour) : black;
 }
 
 int widthOfColumns(const MapTable& table) {
@@ -149,7 +147,7 @@ Picture pictureOf(const MapTable& table) {
     for (const TableCell& cell : row) {
       const auto ground = cell.ofScale ? std::optional(scaleGround) : cell.colour;
       picture.boxes.push_back({x, y, columnWidth, rowHeight, ground, lineGrey, cell.text,
-                               inkOn(ground), PictureBox::right, cell.ofScale});
+                               inkOf(cell), PictureBox::right, cell.ofScale});
       x += columnWidth;
     }
     y += rowHeight;
@@ -178,7 +176,7 @@ std::string htmlTable(const MapTable& table) {
       text += std::string("<") + kind;
       if (cell.colour) {
         text += " style=\"background:" + colourText(*cell.colour) +
-                ";color:" + colourText(inkOn(cell.colour)) + '"';
+                ";color:" + colourText(inkOf(cell)) + '"';
       }
       text += '>' + escaped(cell.text) + "</" + kind + '>';
     }

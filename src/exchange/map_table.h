@@ -15,7 +15,7 @@
 struct TableCell {
   std::string text;
   bool ofScale = false;
-  std::optional<Colour> colour = {};
+  std::optional<Colour> colour = {};  // as maps are shown now
 };
 using TableRow = std::vector<TableCell>;
 

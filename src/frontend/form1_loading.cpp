@@ -1,6 +1,7 @@
 #include "frontend/form1_loading.h"
 
 #include "changes/differences_window.h"
+#include "changes/look_commands.h"
 #include "changes/undo.h"
 #include "controls/mark_meaning.h"
 #include "core/address_map.h"
@@ -91,6 +92,7 @@ void loadForm1() {
   CHANGE_CAPT(editorState.english);
   nameFields(form);
   setGridLayout();
+  restoreLook();
   editorState.image = RomImage(startImageBytes);
   form.bringPanelToFront(1);
   rebuildRecentMenu();

@@ -8,6 +8,7 @@
 #include "calc/af_table.h"
 #include "calc/engine_specification.h"
 #include "changes/differences_window.h"
+#include "changes/look_commands.h"
 #include "changes/undo.h"
 #include "changes/view_commands.h"
 #include "controls/letters.h"
@@ -199,6 +200,21 @@ const MenuRow rows[] = {
     {2, "differences", "相違一覧", "Differences...", "Ctrl+D", showDifferences},
     {2, "next_difference", "次の相違", "Next difference", "F3", nextDifference},
     {2, "last_difference", "前の相違", "Previous difference", "Shift+F3", lastDifference},
+    {2, "look_line", "-", "", "", nullptr},
+    {2, "zoom", "拡大率", "Zoom", "", nullptr},
+    {3, "zoom_in", "拡大", "Zoom in", "F8", zoomIn},
+    {3, "zoom_out", "縮小", "Zoom out", "Shift+F8", zoomOut},
+    {3, "zoom_line", "-", "", "", nullptr},
+    {3, "zoom_75", "75 %", "", "", zoomTo<75>, nullptr, followZoom},
+    {3, "zoom_100", "100 %", "", "Ctrl+F8", zoomTo<100>, nullptr, followZoom},
+    {3, "zoom_125", "125 %", "", "", zoomTo<125>, nullptr, followZoom},
+    {3, "zoom_150", "150 %", "", "", zoomTo<150>, nullptr, followZoom},
+    {3, "zoom_200", "200 %", "", "", zoomTo<200>, nullptr, followZoom},
+    {3, "zoom_300", "300 %", "", "", zoomTo<300>, nullptr, followZoom},
+    {2, "fit_window", "ウィンドウに合わせる", "Fit the window", "F11", fitWindow, nullptr,
+     followZoom},
+    {2, "map_colours", "明るさで見分ける配色", "Colours from dark to bright", "", switchMapColours,
+     nullptr, followMapColours},
     {1, "exchange", "交換", "Exchange", "", nullptr},
     {2, "copy_table", "表計算へコピー", "Copy for a spreadsheet", "Ctrl+Shift+C",
      copyForSpreadsheet, &needsImage},

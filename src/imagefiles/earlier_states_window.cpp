@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr Grid::Look listLook{black, rgb(192, 192, 192), white, 1};
+constexpr Grid::Look listLook{{}, {}, 1};
 constexpr int columns = 5;
 constexpr int emptyRows = 2;  // its header and a row without a state
 constexpr std::array<int, columns> widths{2400, 3300, 2000, 1100, 1500};  // twips

@@ -45,7 +45,7 @@ struct GridViewTest : testing::Test {
   }
 
   Window window{"window"};
-  Grid grid{window, 5, 6, 1, 1, {white, rgb(64, 64, 64), white}};
+  Grid grid{window, 5, 6, 1, 1, {white, rgb(64, 64, 64)}};
   QWidget host;
   GridView view{grid, &host};
   QWidget* cells = view.viewport();
@@ -93,6 +93,19 @@ TEST_F(GridViewTest, TheMouseSelectsCellsInAnyDirectionAndWholeRowsAndColumns) {
   grid.setSelection({4, 4, 4, 4});
   window.setEnabled(false);
   EXPECT_EQ(clicked(cells, cell(1, 1)), 4444) << "takes no input";
+}
+
+TEST_F(GridViewTest, ZoomedCellsAreHitAndDraggedWhereTheyAreSeen) {
+  for (const int percent : {75, 200, 300}) {
+    view.setZoom(percent);
+    host.resize(600 * percent / 100, 400 * percent / 100);
+    view.resize(view.sizeHint());
+    EXPECT_EQ(view.contentSize(), view.contentSizeAt(percent));
+    const auto at = [percent](int row, int column) { return cell(row, column) * percent / 100; };
+    EXPECT_EQ(dragged(at(3, 4), at(1, 2)), 3412) << percent;
+    EXPECT_EQ(clicked(cells, at(4, 5)), 4545) << percent;
+    EXPECT_EQ(clicked(view.horizontalHeader()->viewport(), at(1, 2)), 1242) << percent;
+  }
 }
 
 TEST_F(GridViewTest, CharactersReleasesAndEditsReachTheRecord) {

@@ -6,10 +6,12 @@
 #include <QtTest>
 #include <QtWidgets>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "core/editor_state.h"
 #include "core/map_colours.h"
+#include "core/map_palette.h"
 #include "frontend/qt/canvas_view.h"
 #include "frontend/qt/grid_painting.h"
 #include "graphs/dr_graph.h"
@@ -20,38 +22,93 @@ namespace {
 constexpr double forSigns = 3;
 constexpr double forTexts = 4.5;
 
-double luminance(const QColor& colour) {
+// The program's palettes on desktops that are light, dark, and dark with weak texts.
+std::vector<QPalette> palettes() {
+  const QPalette light(Qt::lightGray), dark(Qt::darkGray, QColor(40, 40, 40));
+  QPalette weak(Qt::black, Qt::black);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    weak.setColor(role, QColor(90, 90, 90));
+    weak.setColor(QPalette::Disabled, role, Qt::green);
+  }
+  weak.setColor(QPalette::Highlight, Qt::cyan);
+  return {paletteFor(light, light), paletteFor(dark, dark), paletteFor(weak, light)};
+}
+
+TEST(LookTest, SignsAndTextsStandOutFromEachColourOfAMapInEachPalette) {
+  EXPECT_NEAR(contrast(QColor(119, 119, 119), Qt::white), 4.48, 0.005);
+  editorState.gridColorRate = 1;
+  for (const QPalette& palette : palettes()) {
+    const QColor base = palette.color(QPalette::Base);
+    std::vector<QColor> grounds{base, touchedCell(base, palette), fadedCell(base, palette)};
+    for (const bool second : {false, true}) {
+      useSecondColours(second);
+      for (int value = 0; value <= 255; ++value) {
+        grounds.push_back(shown(shownColour(cellColour(value))));
+      }
+    }
+    useSecondColours(false);
+    const auto textOn = [&palette](const QColor& ground, QPalette::ColorRole role,
+                                   QPalette::ColorGroup group = QPalette::Active) {
+      EXPECT_GE(contrast(palette.color(group, role), ground), forTexts)
+          << ground.name().toStdString();
+    };
+    for (const QColor& ground : grounds) {
+      const std::string name = ground.name().toStdString();
+      for (const BorderLook& border : {focusedBorder, restingBorder}) {
+        EXPECT_GE(std::max(contrast(border.line, ground), contrast(border.edge, ground)), forSigns)
+            << name;
+        EXPECT_GE(contrast(border.line, border.edge), forSigns);
+      }
+      textOn(fadedCell(ground, palette), QPalette::WindowText, QPalette::Disabled);
+    }
+    for (const auto role : {QPalette::Window, QPalette::Button, QPalette::Base}) {
+      const QColor ground = palette.color(role);
+      const QColor touched = touchedCell(ground, palette);
+      textOn(touched, QPalette::ButtonText);
+      textOn(ground, QPalette::WindowText, QPalette::Disabled);
+      EXPECT_GE(contrast(palette.color(QPalette::Highlight), touched), forSigns);
+      EXPECT_GE(contrast(faintInk(palette), ground), forTexts);
+      EXPECT_GE(contrast(absentInk(palette), ground), forSigns - 0.3);
+    }
+  }
+  EXPECT_GE(contrast(accentColour, Qt::black), forSigns) << "the frame of a canvas";
+}
+
+// Lightness and the two other axes of CIE 1976 L*a*b*, of sRGB under D65.
+std::array<double, 3> lab(Colour colour) {
+  const QColor q = shown(colour);
   const auto linear = [](double part) {
     return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
   };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-         0.0722 * linear(colour.blueF());
+  const double r = linear(q.redF()), g = linear(q.greenF()), b = linear(q.blueF());
+  const auto root = [](double t) {
+    return t > 216.0 / 24389 ? std::cbrt(t) : (24389.0 / 27 * t + 16) / 116;
+  };
+  const double x = root((0.4124 * r + 0.3576 * g + 0.1805 * b) / 0.9505);
+  const double y = root(0.2126 * r + 0.7152 * g + 0.0722 * b);
+  const double z = root((0.0193 * r + 0.1192 * g + 0.9505 * b) / 1.089);
+  return {116 * y - 16, 500 * (x - y), 200 * (y - z)};
 }
 
-double contrast(const QColor& one, const QColor& other) {
-  const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-  return (light + 0.05) / (dark + 0.05);
-}
-
-TEST(LookTest, SignsAndTextsStandOutFromEachColourOfAMap) {
-  editorState.gridColorRate = 1;
-  std::vector<QColor> grounds{Qt::white, touchedCell(Qt::white), fadedCell(Qt::white)};
-  for (int value = 0; value <= 255; ++value) grounds.push_back(shown(cellColour(value)));
-  for (const QColor& ground : grounds) {
-    const std::string name = ground.name().toStdString();
-    for (const BorderLook& border : {focusedBorder, restingBorder}) {
-      EXPECT_GE(std::max(contrast(border.line, ground), contrast(border.edge, ground)), forSigns)
-          << name;
-      EXPECT_GE(contrast(border.line, border.edge), forSigns);
-    }
-    EXPECT_GE(contrast(faintColour, fadedCell(ground)), forTexts) << name;
+TEST(LookTest, TheSecondColoursGrowBrighterInEvenStepsUnderReadableTexts) {
+  useSecondColours(true);
+  constexpr int stride = 15;
+  double least = 1000, most = 0;
+  for (int shade = 0; shade <= 255; ++shade) {
+    const Colour ground = shownColour(shadeColour(shade));
+    EXPECT_GE(contrast(shown(shownInk(white, ground)), shown(ground)), forTexts) << shade;
+    if (shade + stride > 255) continue;
+    const auto from = lab(ground), to = lab(shownColour(shadeColour(shade + stride)));
+    EXPECT_GT(to[0], from[0] + 3) << shade;
+    const double step = std::hypot(to[0] - from[0], to[1] - from[1], to[2] - from[2]);
+    least = std::min(least, step);
+    most = std::max(most, step);
   }
-  for (const QColor& ground : {groundColour, buttonColour, QColor(Qt::white)}) {
-    EXPECT_GE(contrast(faintColour, ground), forTexts);
-    EXPECT_GE(contrast(accentColour, touchedCell(ground)), forSigns);
-    EXPECT_GE(contrast(inkColour, touchedCell(ground)), forTexts);
+  EXPECT_LT(most, 1.25 * least);
+  for (const Colour other : {white, black, rgb(0, 96, 0), rgb(255, 0, 1)}) {
+    EXPECT_EQ(shownColour(other), other) << "no colour of a map";
   }
-  EXPECT_GE(contrast(accentColour, Qt::black), forSigns) << "the frame of a canvas";
+  useSecondColours(false);
 }
 
 TEST(LookTest, LabelsOnCanvasesStandOutFromTheirGround) {

@@ -3,6 +3,7 @@
 
 #include <QtTest>
 #include <QtWidgets>
+#include <array>
 #include <memory>
 
 #include "core/form1.h"
@@ -60,6 +61,8 @@ TEST_F(MainWindowTest, EachScaleCellStandsBesideItsRowOrAboveItsColumnAtEverySiz
       for (int each = 0; each < 18 * 18; ++each) {
         const int rows = each % 18 + 1;
         const int columns = each / 18 + 1;
+        constexpr std::array zooms{100, 75, 130, 300};
+        form1().mapZoom.set(zooms[static_cast<std::size_t>(each) % zooms.size()], false);
         map->resize(rows + 1, columns + 1);
         map->setEnabled(each % 3 == 0);
         setGridLayout();
@@ -69,8 +72,9 @@ TEST_F(MainWindowTest, EachScaleCellStandsBesideItsRowOrAboveItsColumnAtEverySiz
           const int down = scrolled ? cells.verticalScrollBar()->maximum() : 0;
           cells.horizontalScrollBar()->setValue(across);
           cells.verticalScrollBar()->setValue(down);
-          SCOPED_TRACE(testing::Message() << "tab " << tab << " " << rows << "x" << columns
-                                          << " scrolled " << across << "," << down);
+          SCOPED_TRACE(testing::Message()
+                       << "tab " << tab << " " << rows << "x" << columns << " scrolled " << across
+                       << "," << down << " at " << form1().mapZoom.percent());
           ASSERT_EQ(places(cells, true, std::min(rows, 16)),
                     places(speed, true, std::min(rows, 16)));
           ASSERT_EQ(places(cells, false, std::min(columns, 16)),
@@ -81,6 +85,83 @@ TEST_F(MainWindowTest, EachScaleCellStandsBesideItsRowOrAboveItsColumnAtEverySiz
       }
     }
   }
+}
+
+TEST_F(MainWindowTest, MapsFitTheWindowAsLargeAsTheyCanWithoutScrollBars) {
+  Zoom& zoom = form1().mapZoom;
+  const auto bars = [this] {
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+    int beyond = 0;
+    QWidget* const panel = window->findChild<QStackedWidget*>()->currentWidget();
+    for (auto* area : panel->findChildren<QAbstractScrollArea*>()) {
+      if (qobject_cast<QHeaderView*>(area)) continue;
+      beyond += area->horizontalScrollBar()->maximum() + area->verticalScrollBar()->maximum();
+    }
+    return beyond;
+  };
+  zoom.set(100, true);
+  for (const auto& [tab, map] :
+       {std::pair(1, &form1().Grid1), {5, &form1().Grid5}, {6, &form1().AddGrid1}}) {
+    form1().bringPanelToFront(tab);
+    for (const auto& [rows, columns] : {std::pair(17, 17),
+                                        {33, 9},
+                                        {2, 40},
+                                        {513, 513},
+                                        {1024, 1024},
+                                        {2, 524'288},
+                                        {524'288, 2}}) {
+      map->resize(rows, columns);
+      setGridLayout();
+      for (const QSize size : {QSize(1900, 1000), QSize(1060, 680), window->minimumSize()}) {
+        SCOPED_TRACE(testing::Message()
+                     << "tab " << tab << " " << rows << "x" << columns << " in " << size.width());
+        window->resize(size);
+        const bool fits = bars() == 0;
+        EXPECT_EQ(window->size(), size);
+        EXPECT_TRUE(fits || zoom.shown() == Zoom::least) << zoom.shown();
+        if (rows * columns > 1000) continue;
+        const int shown = zoom.shown();
+        zoom.set(shown + 12, false);
+        EXPECT_TRUE(shown > Zoom::most - 12 || bars() > 0) << "room was left at " << shown;
+        zoom.set(100, true);
+      }
+      window->grab();
+    }
+  }
+}
+
+TEST_F(MainWindowTest, CtrlWithTheWheelZoomsOverEachPartOfAPanelAndNothingElseDoes) {
+  form1().load();
+  int turned = 0;
+  form1().mapZoom.onTurn = [&turned](int notches) { turned += notches; };
+  const auto turn = [&turned](QWidget* over, int angle, Qt::KeyboardModifiers keys) {
+    turned = 0;
+    QWheelEvent wheel({2, 2}, over->mapToGlobal(QPointF(2, 2)), {}, {0, angle}, {}, keys,
+                      Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&wheel);  // else nothing hands it on
+    qApp->notify(over, &wheel);
+    return turned;
+  };
+  window->resize(500, 300);
+  std::vector<QWidget*> parts;
+  for (const int tab : {1, 5, 14}) {
+    form1().bringPanelToFront(tab);
+    QWidget* const panel = window->findChild<QStackedWidget*>()->currentWidget();
+    parts.push_back(panel);
+    for (auto* area : panel->findChildren<QAbstractScrollArea*>())
+      parts.push_back(area->viewport());
+    for (auto* line : panel->findChildren<QLineEdit*>()) parts.push_back(line);
+    for (auto* label : panel->findChildren<QLabel*>()) parts.push_back(label);
+  }
+  for (QWidget* part : parts) {
+    const char* const name = part->metaObject()->className();
+    EXPECT_EQ(turn(part, 240, Qt::ControlModifier), 2) << name;
+    EXPECT_EQ(turn(part, -120, Qt::ControlModifier | Qt::ShiftModifier), -1) << name;
+    EXPECT_EQ(turn(part, 120, {}), 0) << name;
+  }
+  EXPECT_EQ(turn(parts[0], 60, Qt::ControlModifier) + turn(parts[0], 60, Qt::ControlModifier), 1);
+  form1().setEnabled(false);
+  EXPECT_EQ(turn(parts[0], 120, Qt::ControlModifier), 0) << "takes no input";
 }
 
 TEST_F(MainWindowTest,

@@ -191,6 +191,12 @@ void CanvasView::growWithRoom() {
   setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
 }
 
+QSize CanvasView::sizeAt(int percent) const {
+  return QSize(record_.width(), record_.height()) * percent / 100;
+}
+
+void CanvasView::setZoom(int percent) { setFixedSize(sizeAt(percent)); }
+
 void CanvasView::onPlace(std::function<void()> follow) {
   follow();
   followers_.push_back(std::move(follow));
@@ -198,7 +204,7 @@ void CanvasView::onPlace(std::function<void()> follow) {
 
 void CanvasView::resizeEvent(QResizeEvent*) {
   const QSizeF picture(record_.width(), record_.height());
-  scale_ = std::max(std::min(width() / picture.width(), height() / picture.height()), 1.0);
+  scale_ = std::min(width() / picture.width(), height() / picture.height());
   const QSizeF room = size() - picture * scale_;
   origin_ = QPointF(std::max(std::floor(room.width() / 2), 0.0),
                     std::max(std::floor(room.height() / 2), 0.0));
@@ -234,6 +240,7 @@ CanvasFrame::CanvasFrame(CanvasView* canvas) {
   setWidgetResizable(true);
   tapEvents(canvas, [this](QEvent* event) {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
+    if (event->type() == QEvent::Resize) updateGeometry();
     return false;
   });
 }

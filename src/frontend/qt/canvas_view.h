@@ -21,6 +21,9 @@ class CanvasView : public QWidget {
   ~CanvasView() override;
   // The picture grows with the widget, drawn anew in each size; it is never smaller than designed.
   void growWithRoom();
+  // Another size than the designed one, in percent of it.
+  void setZoom(int percent);
+  QSize sizeAt(int percent) const;
   // Runs `follow` now and whenever the picture has another place.
   void onPlace(std::function<void()> follow);
   // Where a point of the picture stands in the widget, and by what it is enlarged.

@@ -4,21 +4,24 @@
 #include <QPainter>
 #include <QStaticText>
 #include <QWidget>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
+#include "core/map_palette.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/mark_painting.h"
 #include "frontend/qt/text.h"
 
 namespace {
 
-constexpr int textMargin = 3;  // pixels to the left and right of a cell's text
+constexpr double textMargin = 3;  // pixels to the left and right of a cell's text
 constexpr std::size_t keptTexts = 4096;
-constexpr double selectionShare = 0.72;  // of the tint in a selected cell's colour
-constexpr double disabledShare = 0.93;   // of the window's ground in a disabled cell's colour
-constexpr double lineShare = 0.75;       // the same of its lines
-constexpr int touchedShade = 110;
+constexpr double selectionShare = 0.72;     // of the tint in a selected cell's colour
+constexpr double disabledShare = 0.93;      // of the window's ground in a disabled cell's colour
+constexpr double disabledLineShare = 0.75;  // the same of its lines
+constexpr double lineShare = 0.25;          // of the ink in lines that have no colour of their own
+constexpr double touchedShare = 0.09;       // of the ink in a touched cell's colour
 constexpr int edgeWidth = 2;
 constexpr QColor selectionTint(206, 228, 255);
 constexpr QColor litBorder(255, 235, 59);
@@ -59,12 +62,6 @@ void drawSqueezed(QPainter& painter, const QRect& area, const std::string& text,
   painter.restore();
 }
 
-QColor mixed(const QColor& one, const QColor& other, double share) {
-  const auto part = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
-  return QColor(part(one.red(), other.red()), part(one.green(), other.green()),
-                part(one.blue(), other.blue()));
-}
-
 bool contains(int low, int high, int value) { return value >= low && value <= high; }
 
 // Whether the block touches the row or the column of a cell.
@@ -74,9 +71,13 @@ bool touches(const GridBlock& block, int row, int column) {
 
 }  // namespace
 
-QColor fadedCell(const QColor& ground) { return mixed(ground, groundColour, disabledShare); }
+QColor fadedCell(const QColor& cell, const QPalette& palette) {
+  return mixed(cell, palette.color(QPalette::Window), disabledShare);
+}
 
-QColor touchedCell(const QColor& ground) { return ground.darker(touchedShade); }
+QColor touchedCell(const QColor& cell, const QPalette& palette) {
+  return mixed(cell, palette.color(QPalette::Text), touchedShare);
+}
 
 CellPainter::CellPainter(QPainter& painter, const Grid& record, const QWidget& view,
                          CellMarks marks)
@@ -85,6 +86,7 @@ CellPainter::CellPainter(QPainter& painter, const Grid& record, const QWidget& v
       view_(view),
       marks_(marks),
       block_(marks.selection ? record.block() : GridBlock{0, 0, -1, -1}),
+      scale_(gridScale(view.font())),
       textHeight_(view.fontMetrics().height()) {
   painter.setFont(view.font());
   startLaidOutTexts(view.font());
@@ -94,9 +96,14 @@ bool CellPainter::inSelection(int row, int column) const {
   return contains(block_.top, block_.bottom, row) && contains(block_.left, block_.right, column);
 }
 
-QColor CellPainter::groundOf(int row, int column) const {
-  return shown(record_.painted(row, column) ? record_.background(row, column)
-                                            : record_.look().ground);
+CellPainter::Colours CellPainter::coloursOf(int row, int column) const {
+  const std::optional<Colour>& text = record_.look().text;
+  const QPalette& desktops = view_.palette();
+  if (!record_.painted(row, column)) {
+    return {desktops.color(QPalette::Base), desktops.color(QPalette::Text)};
+  }
+  const Colour ground = shownColour(record_.background(row, column));
+  return {shown(ground), shown(text ? shownInk(*text, ground) : inkOn(ground))};
 }
 
 void CellPainter::drawText(const QRect& area, const std::string& text, Side side) {
@@ -105,37 +112,42 @@ void CellPainter::drawText(const QRect& area, const std::string& text, Side side
   if (entry.width > area.width() - 2) {
     return drawSqueezed(painter_, area.adjusted(1, 0, -1, 0), text, entry.width);
   }
-  const bool tight = entry.width > area.width() - 2 * textMargin;
+  const int margin = qRound(textMargin * scale_);
+  const bool tight = entry.width > area.width() - 2 * margin;
   int left = area.left() + (area.width() - entry.width) / 2;
-  if (side == Side::left) left = area.left() + textMargin;
-  if (side == Side::right && !tight) left = area.right() + 1 - textMargin - entry.width;
+  if (side == Side::left) left = area.left() + margin;
+  if (side == Side::right && !tight) left = area.right() + 1 - margin - entry.width;
   painter_.drawStaticText(left, area.top() + (area.height() - textHeight_) / 2, entry.text);
 }
 
 void CellPainter::paintLines(const QRect& area) {
-  const QColor lines = shown(record_.look().lines);
-  painter_.fillRect(area, view_.isEnabled() ? lines : mixed(lines, groundColour, lineShare));
+  const QPalette& palette = view_.palette();
+  const QColor lines = record_.look().lines ? shown(*record_.look().lines)
+                                            : mixed(palette.color(QPalette::Base),
+                                                    palette.color(QPalette::Text), lineShare);
+  painter_.fillRect(area, view_.isEnabled()
+                              ? lines
+                              : mixed(lines, palette.color(QPalette::Window), disabledLineShare));
 }
 
 void CellPainter::lineEdge(const QRect& area, Qt::Edge edge) {
   QRect line = area;
   edge == Qt::BottomEdge ? line.setTop(area.bottom() - edgeWidth + 1)
                          : line.setLeft(area.right() - edgeWidth + 1);
-  painter_.fillRect(line, accentColour);
+  painter_.fillRect(line, view_.palette().color(QPalette::Highlight));
 }
 
 // The current cell keeps its own colours inside the border of the selection.
 void CellPainter::paintCell(const QRect& area, int row, int column) {
-  QColor ground = groundOf(row, column);
-  QColor ink = shown(record_.look().text);
+  auto [ground, ink] = coloursOf(row, column);
   const bool current = row == record_.row() && column == record_.column();
   const bool litRow = contains(marks_.lit.top, marks_.lit.bottom, row);
   const bool lit = view_.isEnabled() && touches(marks_.lit, row, column);
   if (!view_.isEnabled()) {
-    ground = fadedCell(ground);
-    ink = faintColour;
+    ground = fadedCell(ground, view_.palette());
+    ink = view_.palette().color(QPalette::Disabled, QPalette::WindowText);
   } else if (lit) {
-    ground = touchedCell(ground);
+    ground = touchedCell(ground, view_.palette());
   } else if (!current && inSelection(row, column)) {
     ground = mixed(ground, selectionTint, selectionShare);
     ink = Qt::black;
@@ -146,26 +158,26 @@ void CellPainter::paintCell(const QRect& area, int row, int column) {
   painter_.setPen(ink);
   // What can't be stored is often long: its sign covers none of it.
   const bool unstorable = record_.mark(row, column) == Mark::unstorable;
-  const QRect room = inside.adjusted(unstorable ? markSize : 0, 0, 0, 0);
+  const QRect room = inside.adjusted(unstorable ? qRound(markSize * scale_) : 0, 0, 0, 0);
   drawText(room, record_.text(row, column),
            column < record_.look().leftColumns ? Side::left : Side::right);
 }
 
 void CellPainter::paintMark(const QRect& area, int row, int column) {
-  ::paintMark(painter_, area.topLeft(), record_.mark(row, column));
+  ::paintMark(painter_, area.topLeft(), record_.mark(row, column), scale_);
 }
 
 void CellPainter::paintHeaderCell(const QRect& area, int row, int column) {
-  constexpr int lineShade = 125;
   const bool touched =
       view_.isEnabled() && (touches(block_, row, column) || touches(marks_.lit, row, column));
   const QColor ground = view_.palette().color(QPalette::Button);
   const QRect inside = area.adjusted(0, 0, -1, -1);
-  painter_.fillRect(area, ground.darker(lineShade));
-  painter_.fillRect(inside, touched ? touchedCell(ground) : ground);
+  const QColor ink = view_.palette().color(QPalette::ButtonText);
+  painter_.fillRect(area, mixed(ground, ink, lineShare));
+  painter_.fillRect(inside, touched ? touchedCell(ground, view_.palette()) : ground);
   if (touched) lineEdge(inside, row < record_.fixedRows() ? Qt::BottomEdge : Qt::RightEdge);
   if (row >= record_.rows() || column >= record_.columns()) return;
-  painter_.setPen(view_.palette().color(QPalette::ButtonText));
+  painter_.setPen(ink);
   drawText(inside, record_.text(row, column), Side::middle);
 }
 

@@ -8,6 +8,7 @@
 #include "controls/grid.h"
 
 class QPainter;
+class QPalette;
 class QWidget;
 
 // What is marked in a grid beside the colours of its cells.
@@ -27,10 +28,10 @@ struct BorderLook {
 constexpr BorderLook focusedBorder{QColor(255, 191, 0), QColor(16, 18, 24), 2, 4};
 constexpr BorderLook restingBorder{QColor(255, 255, 255), QColor(16, 18, 24), 1, 3};
 // The colour of a cell that takes no input.
-QColor fadedCell(const QColor& ground);
+QColor fadedCell(const QColor& cell, const QPalette& palette);
 // The ground of a header or scale cell that the selection touches; the side towards the map is
 // lined in the accent's colour.
-QColor touchedCell(const QColor& ground);
+QColor touchedCell(const QColor& cell, const QPalette& palette);
 
 // Paints cells of one grid in one paint event.
 class CellPainter {
@@ -54,7 +55,11 @@ class CellPainter {
   enum class Side { middle, left, right };
   bool inSelection(int row, int column) const;
   void lineEdge(const QRect& area, Qt::Edge edge);
-  QColor groundOf(int row, int column) const;
+  struct Colours {
+    QColor ground;
+    QColor ink;
+  };
+  Colours coloursOf(int row, int column) const;
   void drawText(const QRect& area, const std::string& text, Side side);
 
   QPainter& painter_;
@@ -62,5 +67,6 @@ class CellPainter {
   const QWidget& view_;
   CellMarks marks_;
   GridBlock block_;
+  double scale_;
   int textHeight_;
 };

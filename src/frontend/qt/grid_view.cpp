@@ -117,21 +117,45 @@ void GridView::applyChanges() {
 
 void GridView::showShape() {
   model_->reset();
+  showSizes();
+  if (onShape) onShape();
+}
+
+void GridView::showSizes() {
   if (record_.columns() > 0) {
-    horizontalHeader()->setDefaultSectionSize(pixels(record_.columnWidth(lastColumn())));
-    verticalHeader()->setFixedWidth(pixels(record_.columnWidth(0)));
+    horizontalHeader()->setDefaultSectionSize(pixels(record_.columnWidth(lastColumn()), zoom_));
+    verticalHeader()->setFixedWidth(pixels(record_.columnWidth(0), zoom_));
     for (int column = record_.fixedColumns(); column < lastColumn(); ++column) {
-      const int width = pixels(record_.columnWidth(column));
+      const int width = pixels(record_.columnWidth(column), zoom_);
       const int section = column - record_.fixedColumns();
       if (columnWidth(section) != width) setColumnWidth(section, width);
     }
   }
   if (record_.rows() > 0) {
-    verticalHeader()->setDefaultSectionSize(pixels(record_.rowHeight(lastRow())));
-    horizontalHeader()->setFixedHeight(pixels(record_.rowHeight(0)));
+    verticalHeader()->setDefaultSectionSize(pixels(record_.rowHeight(lastRow()), zoom_));
+    horizontalHeader()->setFixedHeight(pixels(record_.rowHeight(0), zoom_));
   }
   noteBars();
   updateGeometry();
+}
+
+// The cell with the cursor stays in sight.
+void GridView::setZoom(int percent) {
+  if (percent == zoom_) return;
+  const int row = record_.row() - record_.fixedRows();
+  const int column = record_.column() - record_.fixedColumns();
+  const bool inSight = viewport()->rect().intersects(placeOf(row, column));
+  zoom_ = percent;
+  setFont(gridFont(zoom_));
+  showSizes();
+  updateAll();
+  if (!inSight) return;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        showCell({record_.row(), record_.column()});
+      },
+      Qt::QueuedConnection);
 }
 
 void GridView::showValues() {
@@ -192,6 +216,17 @@ CellMarks GridView::marks() const {
   return marks;
 }
 
+QSize GridView::contentSizeAt(int percent) const {
+  const auto total = [percent](int count, auto sizeOf) {
+    int sum = 0;
+    for (int i = 0; i < count; ++i) sum += pixels(sizeOf(i), percent);
+    return sum;
+  };
+  return QSize(total(record_.columns(), [this](int c) { return record_.columnWidth(c); }),
+               total(record_.rows(), [this](int r) { return record_.rowHeight(r); })) +
+         QSize(frameWidth(), frameWidth()) * 2;
+}
+
 QSize GridView::contentSize() const {
   const QHeaderView& across = *horizontalHeader();
   const QHeaderView& down = *verticalHeader();
@@ -207,7 +242,10 @@ QSize GridView::sizeHint() const {
 
 QSize GridView::minimumSizeHint() const {
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  return QSize(5 * bar, 4 * bar).boundedTo(sizeHint());
+  const QSize least = QSize(5 * bar, 4 * bar).boundedTo(sizeHint());
+  // Of a scale whose map scrolls, its one row or column stays whole.
+  return QSize(down_.leader ? sizeHint().width() : least.width(),
+               across_.leader ? sizeHint().height() : least.height());
 }
 
 // Room for a scroll bar is asked for where one is needed, so that it doesn't cover the last cells.

@@ -6,6 +6,7 @@
 #include <QBasicTimer>
 #include <QPoint>
 #include <QTableView>
+#include <functional>
 #include <optional>
 
 #include "controls/grid.h"
@@ -28,8 +29,14 @@ class GridView : public QTableView {
   // Shows at once what waits for the end of the event.
   void applyChanges();
 
+  // How large cells, headers and texts are, in percent.
+  void setZoom(int percent);
   // All cells and headers.
   QSize contentSize() const;
+  // The same at another zoom.
+  QSize contentSizeAt(int percent) const;
+  // Runs when the number of cells or their widths and heights have changed.
+  std::function<void()> onShape;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
   // Selects all data cells.
@@ -74,6 +81,7 @@ class GridView : public QTableView {
   void observe(const Change& change);
   void schedule();
   void showShape();
+  void showSizes();
   void showValues();
   void showCurrentCell();
   void updateCell(int row, int column);
@@ -115,6 +123,7 @@ class GridView : public QTableView {
   bool visible_ = true;
   bool scheduled_ = false;
   bool shapeChanged_ = false;
+  int zoom_ = 100;  // percent
   bool needsBarBelow_ = false;
   bool needsBarBeside_ = false;
   std::optional<QPoint> dragPoint_;

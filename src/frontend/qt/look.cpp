@@ -5,11 +5,14 @@
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleOption>
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
 constexpr int gridFontPixels = 11;
 constexpr int calmSpacing = 8;
+constexpr double leastContrast = 4.5;  // of texts
 
 class Look : public QProxyStyle {
  public:
@@ -47,26 +50,78 @@ class Look : public QProxyStyle {
   }
 };
 
-QPalette calmPalette() {
-  constexpr QColor ground = groundColour, ink = inkColour, faint = faintColour;
-  constexpr QColor accent = accentColour;
-  QPalette palette(buttonColour, ground);
-  palette.setColor(QPalette::Base, Qt::white);
-  palette.setColor(QPalette::AlternateBase, QColor(248, 249, 251));
-  palette.setColor(QPalette::WindowText, ink);
-  palette.setColor(QPalette::Text, ink);
-  palette.setColor(QPalette::ButtonText, ink);
-  palette.setColor(QPalette::Highlight, accent);
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::Link, accent);
-  palette.setColor(QPalette::ToolTipBase, QColor(255, 252, 232));
-  palette.setColor(QPalette::ToolTipText, ink);
-  palette.setColor(QPalette::PlaceholderText, faint);
+struct CalmColours {
+  QColor button, ground, base, otherBase, ink, accent, onAccent, tip, faint;
+};
+
+constexpr CalmColours calmLight{
+    buttonColour, groundColour, QColor(255, 255, 255), QColor(248, 249, 251),
+    inkColour,    accentColour, QColor(255, 255, 255), QColor(255, 252, 232),
+    faintColour};
+constexpr CalmColours calmDark{QColor(54, 57, 64), QColor(38, 40, 46),    QColor(28, 30, 34),
+                               QColor(33, 35, 40), QColor(228, 231, 236), QColor(110, 168, 248),
+                               QColor(12, 16, 24), QColor(60, 58, 44),    QColor(160, 165, 174)};
+
+QPalette calmPalette(const CalmColours& colours) {
+  QPalette palette(colours.button, colours.ground);
+  palette.setColor(QPalette::Base, colours.base);
+  palette.setColor(QPalette::AlternateBase, colours.otherBase);
+  palette.setColor(QPalette::WindowText, colours.ink);
+  palette.setColor(QPalette::Text, colours.ink);
+  palette.setColor(QPalette::ButtonText, colours.ink);
+  palette.setColor(QPalette::Highlight, colours.accent);
+  palette.setColor(QPalette::HighlightedText, colours.onAccent);
+  palette.setColor(QPalette::Link, colours.accent);
+  palette.setColor(QPalette::ToolTipBase, colours.tip);
+  palette.setColor(QPalette::ToolTipText, colours.ink);
+  palette.setColor(QPalette::PlaceholderText, colours.faint);
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(QPalette::Disabled, role, faint);
+    palette.setColor(QPalette::Disabled, role, colours.faint);
   }
-  palette.setColor(QPalette::Disabled, QPalette::Base, ground);
+  palette.setColor(QPalette::Disabled, QPalette::Base, colours.ground);
   return palette;
+}
+
+struct TextOn {
+  QPalette::ColorRole text;
+  QPalette::ColorRole ground;
+};
+
+constexpr TextOn textsOnGrounds[] = {
+    {QPalette::WindowText, QPalette::Window},
+    {QPalette::Text, QPalette::Base},
+    {QPalette::ButtonText, QPalette::Button},
+    {QPalette::HighlightedText, QPalette::Highlight},
+    {QPalette::ToolTipText, QPalette::ToolTipBase},
+    {QPalette::Link, QPalette::Window},
+};
+
+// Texts that the desktop's theme made too weak become black or white.
+QPalette readable(QPalette palette) {
+  for (const auto& [text, ground] : textsOnGrounds) {
+    const QColor under = palette.color(QPalette::Active, ground);
+    if (contrast(palette.color(QPalette::Active, text), under) >= leastContrast) continue;
+    const bool dark = contrast(under, Qt::white) > contrast(under, Qt::black);
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+      palette.setColor(group, text, dark ? Qt::white : Qt::black);
+    }
+  }
+  return palette;
+}
+
+bool sameColours(const QPalette& one, const QPalette& other) {
+  return std::ranges::all_of(textsOnGrounds, [&](const TextOn& pair) {
+    return one.color(pair.text) == other.color(pair.text) &&
+           one.color(pair.ground) == other.color(pair.ground);
+  });
+}
+
+double luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+         0.0722 * linear(colour.blueF());
 }
 
 // Names Japanese fonts before the system picks one of another script for the same characters.
@@ -83,17 +138,57 @@ QFont withJapanese(QFont font) {
 }  // namespace
 
 void dressApplication() {
-  QApplication::setStyle(new Look);
-  QApplication::setPalette(calmPalette());
+  auto* const look = new Look;
+  QApplication::setStyle(look);
+  QApplication::setPalette(paletteFor(QApplication::palette(), look->standardPalette()));
   QApplication::setFont(withJapanese(QApplication::font()));
 }
 
-QFont gridFont() {
+QPalette paletteFor(const QPalette& desktops, const QPalette& toolkits) {
+  if (!sameColours(desktops, toolkits)) return readable(desktops);
+  const bool dark =
+      luminance(desktops.color(QPalette::Window)) < luminance(desktops.color(QPalette::WindowText));
+  return calmPalette(dark ? calmDark : calmLight);
+}
+
+double contrast(const QColor& one, const QColor& other) {
+  const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+  return (light + 0.05) / (dark + 0.05);
+}
+
+QColor mixed(const QColor& one, const QColor& other, double share) {
+  const auto part = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
+  return QColor(part(one.red(), other.red()), part(one.green(), other.green()),
+                part(one.blue(), other.blue()));
+}
+
+QColor faintInk(const QPalette& palette) {
+  constexpr double share = 0.3;
+  return mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window), share);
+}
+
+QColor absentInk(const QPalette& palette) {
+  constexpr double share = 0.5;
+  return mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window), share);
+}
+
+QFont gridFont(int percent) {
   QFont font = QApplication::font();
-  font.setPixelSize(gridFontPixels);
+  font.setPixelSize((gridFontPixels * percent + 50) / 100);
   font.setHintingPreference(QFont::PreferVerticalHinting);
   return font;
 }
+
+double gridScale(const QFont& font) {
+  return static_cast<double>(font.pixelSize()) / gridFontPixels;
+}
+
+int fontZoom() {
+  constexpr int usualPixels = 12;
+  return std::max(QFontInfo(QApplication::font()).pixelSize() * 100 / usualPixels, 100);
+}
+
+int byFont(int width) { return width * fontZoom() / 100; }
 
 QFont headlineFont() {
   QFont font = QApplication::font();

@@ -10,9 +10,9 @@ namespace {
 constexpr int edgeOfCorner = 2;  // pixels along the cell's sides
 
 // A dark corner with a bright edge.
-void paintCorner(QPainter& painter, QPoint corner) {
-  const auto triangle = [corner](int size) {
-    return QPolygon({corner, corner + QPoint(size, 0), corner + QPoint(0, size)});
+void paintCorner(QPainter& painter) {
+  const auto triangle = [](int size) {
+    return QPolygon({QPoint(0, 0), QPoint(size, 0), QPoint(0, size)});
   };
   painter.setBrush(Qt::white);
   painter.drawPolygon(triangle(markSize));
@@ -21,9 +21,9 @@ void paintCorner(QPainter& painter, QPoint corner) {
 }
 
 // A bright cross on a dark square with a bright edge.
-void paintCross(QPainter& painter, QPoint corner) {
+void paintCross(QPainter& painter) {
   constexpr double arm = 1;  // pixels from the square's edge
-  const QRect square(corner, QSize(markSize - 1, markSize - 1));
+  const QRect square(0, 0, markSize - 1, markSize - 1);
   painter.fillRect(square.adjusted(0, 0, 1, 1), Qt::white);
   painter.fillRect(square, inkColour);
   painter.setPen(QPen(Qt::white, 1.5));
@@ -34,12 +34,14 @@ void paintCross(QPainter& painter, QPoint corner) {
 
 }  // namespace
 
-void paintMark(QPainter& painter, QPoint corner, Mark mark) {
+void paintMark(QPainter& painter, QPoint corner, Mark mark, double scale) {
   if (mark == Mark::none) return;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  mark == Mark::differs ? paintCorner(painter, corner) : paintCross(painter, corner);
+  painter.translate(corner);
+  painter.scale(scale, scale);
+  mark == Mark::differs ? paintCorner(painter) : paintCross(painter);
   painter.restore();
 }
 

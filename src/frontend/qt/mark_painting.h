@@ -11,8 +11,9 @@ class QPainter;
 
 constexpr int markSize = 7;  // pixels; texts of three digits begin beside it
 
-// Draws the sign of `mark` with its upper left corner at `corner`; nothing for Mark::none.
-void paintMark(QPainter& painter, QPoint corner, Mark mark);
+// Draws the sign of `mark`, enlarged by `scale`, with its upper left corner at `corner`; nothing
+// for Mark::none.
+void paintMark(QPainter& painter, QPoint corner, Mark mark, double scale = 1);
 
 // The sign beside a box. It keeps its room while the box bears none.
 class MarkView : public QWidget {

@@ -2,8 +2,9 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QStyle>
 #include <algorithm>
+
+#include "frontend/qt/look.h"
 
 namespace {
 
@@ -24,13 +25,23 @@ SideTabs::SideTabs(QWidget* parent) : QTabBar(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 }
 
-QSize SideTabs::tabSizeHint(int) const {
+QFont SideTabs::secondFont() const {
+  constexpr double share = 0.85;
+  QFont second = font();
+  second.setPixelSize(qRound(fontInfo().pixelSize() * share));
+  return second;
+}
+
+QSize SideTabs::tabSizeHint(int index) const {
   const QFontMetrics metrics = fontMetrics();
   int widest = 0;
   for (int i = 0; i < count(); ++i) {
     widest = std::max(widest, metrics.size(Qt::TextShowMnemonic, tabText(i)).width());
   }
-  return QSize(widest + 2 * textMargin, metrics.height() + 2 * lineMargin);
+  const QSize size(widest + 2 * textMargin, metrics.height() + 2 * lineMargin);
+  if (secondLine_(index).isEmpty()) return size;
+  // The second line takes the margins' room.
+  return size + QSize(0, QFontMetrics(secondFont()).height() - lineMargin);
 }
 
 QSize SideTabs::minimumTabSizeHint(int index) const { return tabSizeHint(index); }
@@ -54,12 +65,7 @@ void SideTabs::paintTab(QPainter& painter, int index) const {
     painter.setBrush(palette().midlight());
     painter.drawRoundedRect(area, rounding, rounding);
   }
-  const QRect text = area.adjusted(textMargin, 0, 0, 0);
-  const bool present = isEnabled() && !absent_(index);
-  QPalette inks = palette();
-  inks.setCurrentColorGroup(present ? QPalette::Active : QPalette::Disabled);
-  style()->drawItemText(&painter, text, Qt::AlignVCenter | Qt::TextShowMnemonic, inks, present,
-                        tabText(index), QPalette::WindowText);
+  paintCaption(painter, area.adjusted(textMargin, 0, -textMargin, 0), index);
   if (marked_(index)) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette().windowText());
@@ -72,6 +78,24 @@ void SideTabs::paintTab(QPainter& painter, int index) const {
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(area, rounding, rounding);
   }
+}
+
+void SideTabs::paintCaption(QPainter& painter, const QRect& area, int index) const {
+  const bool present = isEnabled() && !absent_(index);
+  const QString second = secondLine_(index);
+  const int below = second.isEmpty() ? 0 : QFontMetrics(secondFont()).height();
+  const int first = fontMetrics().height();
+  const QRect caption(area.left(), area.top() + (area.height() - first - below) / 2,
+                      area.width() + textMargin, first);
+  painter.setFont(font());
+  painter.setPen(present ? palette().color(QPalette::WindowText) : absentInk(palette()));
+  painter.drawText(caption, Qt::AlignVCenter | Qt::TextShowMnemonic, tabText(index));
+  if (second.isEmpty()) return;
+  painter.setFont(secondFont());
+  painter.setPen(faintInk(palette()));
+  const QRect line(area.left(), caption.bottom() + 1, area.width(), below);
+  painter.drawText(line, Qt::AlignVCenter,
+                   painter.fontMetrics().elidedText(second, Qt::ElideRight, line.width()));
 }
 
 void SideTabs::keyPressEvent(QKeyEvent* event) {

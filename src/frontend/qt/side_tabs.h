@@ -12,6 +12,9 @@ class SideTabs : public QTabBar {
   explicit SideTabs(QWidget* parent = nullptr);
   // Tells which tabs stand for something that isn't there; they can be chosen, but are faint.
   void setAbsent(std::function<bool(int index)> absent) { absent_ = std::move(absent); }
+  // Tells what stands faintly below a tab's caption, "" for nothing. A long one doesn't make the
+  // tabs wider: it is cut.
+  void setSecondLine(std::function<QString(int index)> line) { secondLine_ = std::move(line); }
   // Tells which tabs bear a dot.
   void setMarked(std::function<bool(int index)> marked) { marked_ = std::move(marked); }
 
@@ -25,7 +28,10 @@ class SideTabs : public QTabBar {
 
  private:
   void paintTab(QPainter& painter, int index) const;
+  void paintCaption(QPainter& painter, const QRect& area, int index) const;
+  QFont secondFont() const;
 
+  std::function<QString(int)> secondLine_ = [](int) { return QString(); };
   std::function<bool(int)> absent_ = [](int) { return false; };
   std::function<bool(int)> marked_ = [](int) { return false; };
 };

@@ -15,6 +15,7 @@
 #include <QToolTip>
 
 #include "frontend/qt/bind_controls.h"
+#include "frontend/qt/look.h"
 #include "frontend/qt/text.h"
 
 namespace {
@@ -82,7 +83,7 @@ QLabel* labelFor(Label& record) {
 QLabel* noteFor(Label& record) {
   QLabel* const label = labelFor(record);
   label->setWordWrap(true);
-  label->setMinimumWidth(noteWidth);
+  label->setMinimumWidth(byFont(noteWidth));
   return label;
 }
 
@@ -95,7 +96,7 @@ QLabel* lineFor(Label& record) {
 
 QLineEdit* boxFor(TextBox& record) {
   auto* const box = new QLineEdit;
-  box->setFixedWidth(boxWidth);
+  box->setFixedWidth(byFont(boxWidth));
   bind(box, record);
   return box;
 }
@@ -108,7 +109,7 @@ QWidget* checkFor(CheckBox& record) {
 
 QPushButton* buttonFor(Button& record) {
   auto* const button = new QPushButton;
-  button->setMinimumWidth(buttonWidth);
+  button->setMinimumWidth(byFont(buttonWidth));
   bind(button, record);
   return button;
 }

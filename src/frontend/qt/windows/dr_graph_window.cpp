@@ -14,6 +14,7 @@
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/canvas_view.h"
 #include "frontend/qt/line_view.h"
+#include "frontend/qt/look.h"
 #include "frontend/qt/windows/dialog_parts.h"
 #include "frontend/qt/windows/layouts.h"
 #include "graphs/dr_graph.h"
@@ -93,7 +94,8 @@ void addThreshold(QHBoxLayout* columns, DrGraph& form) {
 void addMagnification(QHBoxLayout* columns, DrGraph& form) {
   auto* const list = new QListWidget;
   bind(list, form.List1);
-  list->setFixedSize(listWidth, list->sizeHintForRow(0) * list->count() + 2 * list->frameWidth());
+  list->setFixedSize(byFont(listWidth),
+                     list->sizeHintForRow(0) * list->count() + 2 * list->frameWidth());
   auto* const row = new QHBoxLayout;
   row->setSpacing(4);
   row->addWidget(list);

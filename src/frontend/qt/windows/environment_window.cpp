@@ -10,6 +10,7 @@
 
 #include "frontend/environment.h"
 #include "frontend/qt/bind_window.h"
+#include "frontend/qt/look.h"
 #include "frontend/qt/windows/dialog_parts.h"
 #include "frontend/qt/windows/layouts.h"
 
@@ -21,7 +22,7 @@ constexpr int numberWidth = 72;
 void addFolder(QGridLayout* cells, Label& label, TextBox& box, Button& button) {
   const int row = cells->rowCount();
   QLineEdit* const line = boxFor(box);
-  line->setMinimumWidth(folderWidth);
+  line->setMinimumWidth(byFont(folderWidth));
   cells->addWidget(labelFor(label), row, 0);
   cells->addWidget(line, row, 1);
   cells->addWidget(buttonFor(button), row, 2);
@@ -30,7 +31,7 @@ void addFolder(QGridLayout* cells, Label& label, TextBox& box, Button& button) {
 QLineEdit* numberFor(TextBox& box) {
   QLineEdit* const line = boxFor(box);
   line->setMinimumWidth(0);
-  line->setFixedWidth(numberWidth);
+  line->setFixedWidth(byFont(numberWidth));
   return line;
 }
 

@@ -5,11 +5,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cstdint>
 
 #include "core/form1.h"
 #include "core/map_kinds.h"
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/canvas_view.h"
+#include "frontend/qt/event_tap.h"
 #include "frontend/qt/grid_view.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/mark_painting.h"
@@ -22,6 +26,11 @@ constexpr int markGap = 2;  // pixels to both sides of a mark
 constexpr int unitGap = 6;  // pixels before a unit, beside that
 constexpr Qt::Alignment corner = Qt::AlignTop | Qt::AlignLeft;
 const QString mapName = QStringLiteral("map");
+const QString loadName = QStringLiteral("load");
+const QString speedName = QStringLiteral("speed");
+const QString headingName = QStringLiteral("heading");
+const QString pictureName = QStringLiteral("picture");
+constexpr int wheelNotch = 120;  // as wheels count
 
 // A cell of a map's parameters: label, box and, where it has one, unit.
 struct Row {
@@ -80,14 +89,13 @@ GridView* addMapWithScales(QGridLayout* cells, const MapKind& kind) {
   auto* const load = new GridView(gridOf(*loadScaleOf(kind)));
   auto* const speed = new GridView(gridOf(*speedScaleOf(kind)));
   auto* const view = new GridView(map);
-  load->setObjectName(QStringLiteral("load"));
-  speed->setObjectName(QStringLiteral("speed"));
+  load->setObjectName(loadName);
+  speed->setObjectName(speedName);
   load->followColumnsOf(view);
   speed->followRowsOf(view);
   auto* const heading = labelFor(kind.id == HIGH_FUEL ? form.Label15 : form.Label16);
-  heading->setFont(gridFont());
+  heading->setObjectName(headingName);
   heading->setAlignment(Qt::AlignCenter);
-  heading->setFixedHeight(pixels(map.rowHeight(0)));
   auto* const side = new QVBoxLayout;
   side->setSpacing(0);
   side->addWidget(heading);
@@ -104,6 +112,7 @@ GridView* addAirflow(QGridLayout* cells, Grid& map) {
   GridView* const view = addMap(cells, map);
   auto* const picture = new CanvasView(form.Picture2);
   picture->setFocusPolicy(Qt::NoFocus);
+  picture->setObjectName(pictureName);
   labelOn(picture, form.Label14, 32, 48);
   labelOn(picture, form.Label21, 30, 6);
   labelOn(picture, form.Label17, 32, 8);
@@ -121,7 +130,7 @@ QWidget* makeParameters(const Row (&rows)[size], Label* note) {
   for (const Row& row : rows) {
     const int line = cells->rowCount();
     auto* const box = new QLineEdit;
-    box->setFixedWidth(boxWidth);
+    box->setFixedWidth(byFont(boxWidth));
     auto* const mark = new MarkView(form.*row.box);
     bind(box, form.*row.box, [mark] { mark->update(); });
     cells->addWidget(labelFor(form.*row.label), line, 0);
@@ -177,7 +186,80 @@ GridView* fillPanel(QGridLayout* cells, int tab) {
                                                         : addMap(cells, map);
 }
 
+CanvasView* pictureOf(const QWidget* panel) {
+  return static_cast<CanvasView*>(panel->findChild<QWidget*>(pictureName));
+}
+
+// What of a panel grows, at `percent`.
+QSize mapsAt(const QWidget* panel, int percent) {
+  const auto sizeOf = [&](const QString& name) {
+    const auto* const view = panel->findChild<GridView*>(name);
+    return view ? view->contentSizeAt(percent) : QSize(0, 0);
+  };
+  if (!mapOf(panel)) {
+    QSize widest(0, 0);  // the panel of the parameters scrolls down
+    for (const auto* view : panel->findChildren<GridView*>()) {
+      widest = widest.expandedTo({view->contentSizeAt(percent).width(), 0});
+    }
+    return widest;
+  }
+  const QSize map = sizeOf(mapName), load = sizeOf(loadName), speed = sizeOf(speedName);
+  const CanvasView* const picture = pictureOf(panel);
+  const QSize view = picture ? picture->sizeAt(percent) : QSize(0, 0);
+  const int heading = load.isEmpty() ? 0 : pixels(Grid::designRowHeight, percent);
+  return QSize(speed.width() + std::max({map.width(), load.width(), view.width()}),
+               load.height() + std::max(map.height(), heading + speed.height()) + view.height());
+}
+
+// The largest zoom in which the panel's maps need no scroll bars.
+int fittingZoom(const QWidget* panel, QSize room) {
+  constexpr QSize frames(24, 24);  // of views, and what lies between them
+  const QMargins around = panel->contentsMargins() + panel->layout()->contentsMargins();
+  room = room.shrunkBy(around) - frames;
+  const QSize usual = mapsAt(panel, Zoom::usual).expandedTo({1, 1});
+  const auto share = [](int has, int wants) {
+    return static_cast<int>(std::int64_t{Zoom::usual} * std::max(has, 0) / wants);
+  };
+  int percent = std::min(share(room.width(), usual.width()), share(room.height(), usual.height()));
+  percent = std::clamp(percent + 1, Zoom::least, Zoom::most);
+  while (percent > Zoom::least && mapsAt(panel, percent).boundedTo(room) != mapsAt(panel, percent))
+    --percent;
+  return percent;
+}
+
+// Ctrl with the wheel over any part of `area` and what lies on it turns the zoom.
+void turnZoomByWheel(QWidget* area) {
+  const auto turn = [rest = 0](QEvent* event) mutable {
+    if (event->type() != QEvent::Wheel) return false;
+    const auto& wheel = *static_cast<QWheelEvent*>(event);
+    if (!(wheel.modifiers() & Qt::ControlModifier)) return false;
+    rest += wheel.angleDelta().y();
+    const int notches = rest / wheelNotch;
+    rest %= wheelNotch;
+    if (notches != 0) form1().mapZoom.userTurn(notches);
+    event->accept();
+    return true;
+  };
+  tapEvents(area, turn);
+  // What scrolls would take the wheel before it came to the area.
+  for (auto* scrolling : area->findChildren<QAbstractScrollArea*>()) {
+    tapEvents(scrolling->viewport(), turn);
+  }
+}
+
 }  // namespace
+
+void zoomPanel(QWidget* panel) {
+  Zoom& zoom = form1().mapZoom;
+  if (zoom.fits()) zoom.setFitting(fittingZoom(panel, panel->size()));
+  const int percent = zoom.shown();
+  for (GridView* view : panel->findChildren<GridView*>()) view->setZoom(percent);
+  if (CanvasView* const picture = pictureOf(panel)) picture->setZoom(percent);
+  if (auto* const heading = panel->findChild<QLabel*>(headingName)) {
+    heading->setFont(gridFont(percent));
+    heading->setFixedHeight(pixels(Grid::designRowHeight, percent));
+  }
+}
 
 QWidget* makePanel(int tab) {
   Form1& form = form1();
@@ -190,7 +272,14 @@ QWidget* makePanel(int tab) {
     fillPanel(cells, tab)->setObjectName(mapName);
     keepToTheCorner(cells);
   }
+  turnZoomByWheel(panel);
+  for (GridView* view : panel->findChildren<GridView*>()) {
+    view->onShape = [panel] {
+      if (form1().mapZoom.fits()) zoomPanel(panel);
+    };
+  }
+  zoomPanel(panel);
   return panel;
 }
 
-QWidget* mapOf(QWidget* panel) { return panel->findChild<QWidget*>(mapName); }
+QWidget* mapOf(const QWidget* panel) { return panel->findChild<QWidget*>(mapName); }

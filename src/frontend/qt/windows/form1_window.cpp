@@ -15,8 +15,10 @@
 #include "frontend/qt/bind_controls.h"
 #include "frontend/qt/bind_menu.h"
 #include "frontend/qt/bind_window.h"
+#include "frontend/qt/event_tap.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/side_tabs.h"
+#include "frontend/qt/text.h"
 #include "frontend/qt/window_room.h"
 #include "frontend/qt/windows/dialog_parts.h"
 #include "frontend/qt/windows/form1_panels.h"
@@ -61,6 +63,8 @@ bool isAbsent(int tabIndex) {
 QTabBar* makeTabs(Form1& form) {
   auto* const tabs = new SideTabs;
   tabs->setAbsent(isAbsent);
+  tabs->setSecondLine(
+      [&form](int index) { return shown(form.TabStrip1.tab(index + 1).secondLine); });
   tabs->setMarked([&form](int index) { return !form.TabStrip1.tab(index + 1).note.empty(); });
   tabs->setObjectName(QStringLiteral("TabStrip1"));
   bind(tabs, form.TabStrip1);
@@ -94,9 +98,27 @@ void showFrontPanel(QStackedWidget* stack, QTabBar* tabs, const Form1& form) {
     stack->addWidget(panel);
   }
   if (!isNew && stack->currentWidget() == panel) return;
+  panel->resize(stack->size());
+  zoomPanel(panel);
   QWidget* const map = tabs->hasFocus() ? nullptr : mapOf(panel);
   stack->setCurrentWidget(panel);
   (map && map->isEnabled() ? map : tabs)->setFocus();
+}
+
+// The panel at the front follows the zoom, and the others when they come there.
+void followZoom(QStackedWidget* stack, Form1& form) {
+  const auto show = [stack] {
+    if (QWidget* const panel = stack->currentWidget()) zoomPanel(panel);
+  };
+  form.mapZoom.observer = show;
+  QObject::connect(stack, &QObject::destroyed, [&form] { form.mapZoom.observer = nullptr; });
+  tapEvents(stack, [stack, show, &form](QEvent* event) {
+    if (event->type() == QEvent::Resize && form.mapZoom.fits()) {
+      // Behind the layout, which the panel's size follows.
+      QMetaObject::invokeMethod(stack, show, Qt::QueuedConnection);
+    }
+    return false;
+  });
 }
 
 QStatusBar* makeStatusBar(Form1& form) {
@@ -145,6 +167,7 @@ QWidget* makeForm1Window() {
   window->resize(usualSize.boundedTo(roomFor(window)));
   const auto showPanel = [stack, tabs, &form] { showFrontPanel(stack, tabs, form); };
   showPanel();
+  followZoom(stack, form);
   bind(new QTimer(window), form.stateTimer);
   bindWindow(window, form, showPanel);
   return window;
