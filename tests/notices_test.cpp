@@ -67,7 +67,8 @@ TEST_F(Notices, AnImageThatLooksLikeSomethingElseIsNamed) {
       {std::string(4095, 'x') + "\n\x01", "a text"},
       {lines, "a text"},
       {":10000000000102030405060708090A0B0C0D0E0F78\r\n",
-       "Intel HEX text (Load (IntelHEX) takes it)"},
+       "Intel HEX text (Exchange > Load any form takes it)"},
+      {"S1040000417A\n", "S-record text (Exchange > Load any form takes it)"},
       {": hex\r\n", "a text"},
       {"\xFF\xFF\n\xFF\xFF", ""},
       {"text\n\x01", ""}};

@@ -54,8 +54,10 @@ const Signature signatures[] = {
     {"This program cannot be run in DOS mode"sv, program, 78},
 };
 
-constexpr Wording intelHex{"Intel HEXのテキスト (「読み込み(IntelHEX)」で読めます)",
-                           "Intel HEX text (Load (IntelHEX) takes it)"};
+constexpr Wording intelHex{"Intel HEXのテキスト (「任意の形式の読み込み」で読めます)",
+                           "Intel HEX text (Exchange > Load any form takes it)"};
+constexpr Wording sRecords{"Sレコードのテキスト (「任意の形式の読み込み」で読めます)",
+                           "S-record text (Exchange > Load any form takes it)"};
 constexpr Wording text{"テキスト", "a text"};
 
 bool isControl(char c) {
@@ -70,10 +72,11 @@ bool isText(std::string_view bytes) {
          decodeText(lines).find("\uFFFD") == std::string::npos;
 }
 
-// ":10" and so on: a colon, and digits up to the line's end.
-bool isIntelHex(std::string_view bytes) {
+// ":10" or "S1" and so on: `sign`, and digits up to the line's end.
+bool isRecord(std::string_view bytes, char sign) {
+  constexpr std::size_t shortest = 10;
   const std::string_view line = bytes.substr(0, bytes.find_first_of("\r\n"));
-  return line.size() >= 11 && line.front() == ':' &&
+  return line.size() >= shortest && line.front() == sign &&
          line.find_first_not_of("0123456789ABCDEFabcdef", 1) == std::string_view::npos;
 }
 
@@ -88,5 +91,6 @@ const Wording* contentKindOf(std::span<const std::uint8_t> bytes) {
     if (head.substr(each.offset).starts_with(each.bytes)) return &each.kind;
   }
   if (!isText(head)) return nullptr;
-  return isIntelHex(head) ? &intelHex : &text;
+  if (isRecord(head, ':')) return &intelHex;
+  return isRecord(head, 'S') ? &sRecords : &text;
 }

@@ -5,9 +5,11 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "rom/image_writing.h"
 #include "rom/map_entries.h"
 
 using RomImage = std::vector<std::uint8_t>;
@@ -36,7 +38,9 @@ struct EditorState {
   std::string imagePath;  // the image now loaded
   std::string imageTitle;
   bool imageIsOneHalf = false;  // `imagePath` holds one half of a pair
-  std::string appPath;          // the program's folder
+  // How the image lies in its file; nothing where the file's name tells it.
+  std::optional<FileLayout> imageLayout;
+  std::string appPath;  // the program's folder
   std::string addressFilePath;
   std::string addressFolder;
   std::string romFolder;

@@ -2,11 +2,16 @@
 // that the address map in force doesn't fit it.
 #pragma once
 
+#include <functional>
+#include <string>
+
 // Told when an image is taken, and withdrawn when it isn't one of those any more.
 void tellContents();
 // Told before the maps are drawn: entries that don't lie in the image, and the size of the image
 // that the address map seems made for.
 void tellWhetherMapFits();
+// The Intel HEX loader refused a file that another command takes, which `loadIt` runs.
+void tellOtherWayIn(const std::string& name, const std::function<void()>& loadIt);
 // No image, or no address map, stands there any more.
 void withdrawContents();
 void withdrawWhetherMapFits();

@@ -18,6 +18,7 @@ void takeImage(RomImage bytes) {
   editorState.imageSize = static_cast<std::int32_t>(bytes.size());
   editorState.image = std::move(bytes);
   editorState.imageIsOneHalf = false;
+  editorState.imageLayout.reset();
 }
 
 void dropImage() {

@@ -4,8 +4,8 @@
 #include "controls/desktop.h"
 #include "core/editor_state.h"
 
-// `image` and `savedImage` become `bytes`, `imageSize` their number. No bytes at all fail with
-// badSubscript.
+// `image` and `savedImage` become `bytes`, `imageSize` their number; the file is taken for a whole
+// image in the form that its name tells. No bytes at all fail with badSubscript.
 void takeImage(RomImage bytes);
 // Drops the image, which is kept as an earlier state if it isn't saved, and what the grids show of
 // it, so that no save can write half a load; title bar and file size say so.

@@ -35,6 +35,7 @@
 #include "frontend/opening.h"
 #include "graphs/graph_3d_display.h"
 #include "graphs/tp_curve.h"
+#include "imagefiles/any_form.h"
 #include "imagefiles/comparison_image.h"
 #include "imagefiles/earlier_states_window.h"
 #include "imagefiles/image_files.h"
@@ -223,6 +224,9 @@ const MenuRow rows[] = {
     {2, "table_line", "-", "", "", nullptr},
     {2, "export_map", "マップの書き出し...", "Export map...", "", exportMap, &needsImage},
     {2, "report", "レポート...", "Report...", "", exportReport, &needsImage},
+    {2, "files_line", "-", "", "", nullptr},
+    {2, "load_any_form", "任意の形式の読み込み...", "Load any form...", "", loadAnyForm},
+    {2, "save_s_records", "別名保存(Sレコード)...", "Save as S-record...", "", saveAsSRecords},
     {2, "exchange_line", "-", "", "", nullptr},
     {2, "recent_maps", "最近のアドレスマップ", "Recent address maps", "", nullptr, nullptr,
      followRecentMaps},

@@ -7,6 +7,7 @@
 
 #include "core/earlier_states.h"
 #include "core/notices.h"
+#include "imagefiles/any_form.h"
 #include "imagefiles/earlier_states_window.h"
 #include "imagefiles/image_files.h"
 #include "imagefiles/image_forms.h"
@@ -64,9 +65,13 @@ std::string timeOf(const WatchedFile& file) {
 // An image of two files has no one to load again.
 std::vector<NoticeAction> waysOn(const WatchedFile& file) {
   if (watched.size() != 1) return {};
+  const BothTexts again{"読み直す", "Load again"};
+  if (const auto& layout = editorState.imageLayout) {
+    return {{again, [path = file.path, base = layout->base] { loadAnyFormFrom(path, base); }}};
+  }
   const ImageForm* const named = imageFormOf(file.path);
   const ImageForm& form = named ? *named : rawImages;
-  return {{{"読み直す", "Load again"}, [path = file.path, &form] { loadImageFrom(path, form); }}};
+  return {{again, [path = file.path, &form] { loadImageFrom(path, form); }}};
 }
 
 void tellMissing(const std::string& name) {

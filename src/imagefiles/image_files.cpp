@@ -13,6 +13,7 @@
 #include "core/settings_file.h"
 #include "core/title_and_size.h"
 #include "core/unsaved_guard.h"
+#include "imagefiles/any_form.h"
 #include "imagefiles/file_watch.h"
 #include "imagefiles/image_forms.h"
 #include "imagefiles/recent_files.h"
@@ -62,7 +63,19 @@ void saveSteps(const ImageForm& form) {
   addRecentFile(editorState.dialogPath);
 }
 
-// One half of a pair is not simply overwritten by the whole. A name that tells no form is raw.
+// In the form and at the addresses where the file's content tells them, else in the form that its
+// name tells; a name that tells no form is raw.
+void writeOwn(const std::string& path) {
+  const auto layout = editorState.imageLayout;
+  const ImageForm* const named = imageFormOf(path);
+  if (layout) {
+    writeAsLaidOut(path, *layout);
+  } else {
+    (named ? *named : rawImages).write(path);
+  }
+}
+
+// One half of a pair is not simply overwritten by the whole.
 void updateSteps() {
   if (refusedWithoutImage(nothingToUpdate)) return;
   const std::string path = editorState.imagePath;
@@ -70,17 +83,18 @@ void updateSteps() {
   showOperation("WRITE");
   editorState.progressCount = 0;
   writeBackAll();
-  const ImageForm* named = imageFormOf(path);
-  const int failed = trapFailure([&] { (named ? *named : rawImages).write(path); });
+  const int failed = trapFailure([&] { writeOwn(path); });
   editorState.imageIsOneHalf = editorState.imageIsOneHalf && failed != 0;
   addRecentFile(path);
   if (failed != 0) throw Failure(failed);
 }
 
 void loadImage(const ImageForm& form, const std::string& path = {}) {
-  runFileCommand(
-      {form.load.location, [&] { loadSteps(form, path); },
-       [](int number) { showFailure(number, "　Ill. DATA? ", editorState.dialogTitle); }});
+  runFileCommand({form.load.location, [&] { loadSteps(form, path); },
+                  [&](int number) {
+                    showFailure(number, "　Ill. DATA? ", editorState.dialogTitle);
+                    if (&form == &intelHexImages) offerAnyForm(editorState.dialogPath, number);
+                  }});
 }
 
 void saveImage(const ImageForm& form) {
@@ -101,3 +115,5 @@ void update_bin_file() { runFileCommand({"上書き", updateSteps, tellNotSaved}
 void LOAD_IntelHEX_FILE() { loadImage(intelHexImages); }
 
 void ANY_NAME_SAVE_IntelHEX() { saveImage(intelHexImages); }
+
+void saveAsSRecords() { saveImage(sRecordImages); }

@@ -15,3 +15,4 @@ void update_bin_file();
 
 void LOAD_IntelHEX_FILE();
 void ANY_NAME_SAVE_IntelHEX();
+void saveAsSRecords();

@@ -15,6 +15,7 @@
 #include "imagefiles/save_notices.h"
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "rom/image_writing.h"
 #include "rom/intel_hex_reader.h"
 
 namespace {
@@ -22,6 +23,8 @@ namespace {
 std::string lastChosen() { return editorState.dialogPath; }
 
 std::string ownNameAsRaw() { return withExtension(editorState.imagePath, "bin"); }
+
+std::string ownNameAsSRecords() { return withExtension(editorState.imagePath, "s19"); }
 
 std::string lastChosenAsIntelHex() { return withExtension(editorState.dialogPath, "hex"); }
 
@@ -50,6 +53,7 @@ void writeRaw(const std::string& path) {
   lookBeforeSave(path);
   replaceUserFile(path, editorState.image);
   editorState.savedImage = readFile(path, editorState.image.size());
+  editorState.imageLayout.reset();
   followSave(path, editorState.savedImage);
 }
 
@@ -59,8 +63,16 @@ void writeAsIntelHex(const std::string& path) {
   lookBeforeSave(path);
   const std::string text = writeIntelHex(path, image);
   editorState.savedImage.assign(image.begin(), image.end());
+  editorState.imageLayout.reset();
   followSave(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
   tellLongIntelHex(size);
+}
+
+// An image that comes from addresses keeps them.
+void writeAsSRecords(const std::string& path) {
+  FileLayout layout = editorState.imageLayout.value_or(FileLayout{});
+  layout.form = ImageFileForm::sRecords;
+  writeAsLaidOut(path, layout);
 }
 
 std::int32_t always(const RomImage&) { return 1; }
@@ -78,43 +90,71 @@ const char* const hexFilter = "HEX Image (*.hex)|*.hex";
 
 }  // namespace
 
-const std::array<ImageForm, 2> imageForms{{
+const std::array<ImageForm, 3> imageForms{{
     {"bin",
-     {"BIN読み込み", rawFilter, {"BIN Image 読み込み", "Load BIN Image"}},
      {"BIN別名保存", rawFilter, {"BIN Image 書き込み", "Save BIN Image"}},
+     ownNameAsRaw,
+     writeRaw,
+     {"BIN読み込み", rawFilter, {"BIN Image 読み込み", "Load BIN Image"}},
      {"COMP BIN読み込み",
       rawFilter,
       {"比較用　BIN Image 読み込み", "Load BIN Image For comparison"}},
      lastChosen,
-     ownNameAsRaw,
      takeRaw,
-     writeRaw,
      always,
      false},
     {"hex",
-     {"IntelHEX読み込み", hexFilter, {"IntelHEX Image 読み込み", "Load IntelHEX Image"}},
      {"IntelHEX別名保存",
       "IntelHEX Image (*.hex)|*.hex",
       {"IntelHEX Image 書き込み", "Save IntelHEX Image"}},
+     lastChosenAsIntelHexOfImage,
+     writeAsIntelHex,
+     {"IntelHEX読み込み", hexFilter, {"IntelHEX Image 読み込み", "Load IntelHEX Image"}},
      {"Comp IntelHEX読み込み",
       hexFilter,
       {"比較用　IntelHEX Image 読み込み", "Load IntelHEX Image For comparison"}},
      lastChosenAsIntelHex,
-     lastChosenAsIntelHexOfImage,
      takeIntelHex,
-     writeAsIntelHex,
      sumOfFirstBytes,
      true},
+    {"s19",
+     {"Sレコード別名保存",
+      "S-record|*.s19;*.s28;*.s37;*.mot;*.srec",
+      {"Sレコード 書き込み", "Save S-record"}},
+     ownNameAsSRecords,
+     writeAsSRecords,
+     {},
+     {},
+     nullptr,
+     nullptr,
+     nullptr,
+     false},
 }};
 
 const ImageForm& rawImages = imageForms[0];
 const ImageForm& intelHexImages = imageForms[1];
+const ImageForm& sRecordImages = imageForms[2];
 
 const ImageForm* imageFormOf(const std::string& path) {
   const std::string extension = extensionOf(path);
-  const auto isIt = [&](const ImageForm& form) { return extensionOf(form.extension) == extension; };
+  const auto isIt = [&](const ImageForm& form) {
+    return form.decode && extensionOf(form.extension) == extension;
+  };
   const auto form = std::ranges::find_if(imageForms, isIt);
   return form == imageForms.end() ? nullptr : &*form;
+}
+
+void writeAsLaidOut(const std::string& path, const FileLayout& layout) {
+  const auto file = fileOf(editorState.image, layout);
+  if (!file) {
+    tellFormHoldsNot(path, layout.form);
+    throw Failure(cancelled);
+  }
+  lookBeforeSave(path);
+  replaceUserFile(path, *file);
+  editorState.savedImage = editorState.image;
+  editorState.imageLayout = layout;
+  followSave(path, *file);
 }
 
 RomImage readImageFile(const std::string& path) {

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <map>
+#include <sstream>
 
 #include "controls/desktop.h"
+#include "core/editor_state.h"
 #include "core/form1.h"
 #include "core/own_files.h"
 
@@ -13,6 +16,35 @@ const std::string section = "Recent Files";
 constexpr int listedFiles = 9;
 
 std::string keyOf(int place) { return "RecentFile" + std::to_string(place); }
+
+// Beside the list, whose entries are paths alone: the address of an image's first byte, a blank and
+// the path, a line for each.
+const std::string basesSection = "Recent Bases";
+const std::string basesKey = "Bases";
+
+using Bases = std::map<std::string, std::uint32_t>;  // by path
+
+Bases storedBases() {
+  std::istringstream lines(desktop().storedValue(basesSection, basesKey));
+  Bases bases;
+  std::uint32_t base = 0;
+  std::string path;
+  while (lines >> base && std::getline(lines.ignore(), path)) bases[path] = base;
+  return bases;
+}
+
+// The image was saved as `path`; what is no longer listed goes.
+void keepBase(const std::string& path) {
+  const Bases former = storedBases();
+  Bases bases = former;
+  bases.erase(path);
+  if (editorState.imageLayout) bases[path] = editorState.imageLayout->base;
+  std::erase_if(bases, [](const auto& each) { return !isRecentFile(each.first); });
+  if (bases == former) return;
+  std::string text;
+  for (const auto& [name, base] : bases) text += std::to_string(base) + ' ' + name + '\n';
+  desktop().storeValue(basesSection, basesKey, text);
+}
 
 void showEntry(std::size_t index, const std::string& path) {
   MenuItem& item = *form1().mnuRecentFile[index];
@@ -25,6 +57,14 @@ void showEntry(std::size_t index, const std::string& path) {
 void addRecentFile(const std::string& path) {
   if (!isRecentFile(path)) pushRecentFile(path);
   rebuildRecentMenu();
+  keepBase(path);
+}
+
+std::optional<std::uint32_t> recentBase(const std::string& path) {
+  const Bases bases = storedBases();
+  const auto base = bases.find(path);
+  if (base == bases.end()) return std::nullopt;
+  return base->second;
 }
 
 bool isRecentFile(const std::string& path) {
@@ -52,6 +92,7 @@ void rebuildRecentMenu() {
 }
 
 void clearRecentFiles() {
+  desktop().deleteSection(basesSection);
   if (!desktop().deleteSection(section)) return;
   for (MenuItem* item : form1().mnuRecentFile) item->setVisible(false);
 }

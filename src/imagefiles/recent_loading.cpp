@@ -12,8 +12,10 @@
 #include "core/refusals.h"
 #include "core/title_and_size.h"
 #include "core/unsaved_guard.h"
+#include "imagefiles/any_form.h"
 #include "imagefiles/file_watch.h"
 #include "imagefiles/image_forms.h"
+#include "imagefiles/recent_files.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 
@@ -64,8 +66,11 @@ void loadSteps(const std::string& path, const ImageForm& form) {
 void load(const std::string& path, const ImageForm& form) {
   ProgressBar& bar = form1().ProgressBar1;
   int reached = 0;
-  const int number = runFileCommand({"Recent File読み込み", [&] { loadSteps(path, form); },
-                                     [&](int failure) { tellFailure(failure, fileNameOf(path)); },
+  const auto tell = [&](int failure) {
+    tellFailure(failure, fileNameOf(path));
+    if (&form == &intelHexImages) offerAnyForm(path, failure);
+  };
+  const int number = runFileCommand({"Recent File読み込み", [&] { loadSteps(path, form); }, tell,
                                      [&](int) { reached = bar.value(); }});
   if (number != 0) bar.setValue(reached);
 }
@@ -75,6 +80,7 @@ void load(const std::string& path, const ImageForm& form) {
 void mnuRecentFile_Click(int index) {
   if (refusedWithoutAddressMap()) return;
   const std::string path = form1().mnuRecentFile.at(static_cast<std::size_t>(index))->caption();
+  if (const auto base = recentBase(path)) return loadAnyFormFrom(path, base);
   const ImageForm* form = imageFormOf(path);
   if (!form) {
     desktop().showBox(

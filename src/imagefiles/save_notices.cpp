@@ -8,6 +8,7 @@
 #include "core/pending_image.h"
 #include "imagefiles/earlier_states_window.h"
 #include "platform/failure.h"
+#include "platform/files.h"
 #include "rom/intel_hex_reader.h"
 
 namespace {
@@ -27,6 +28,18 @@ void tellNotSaved(int failure) {
               {title + "を保存できませんでした。" + what, title + " was not saved: " + what}});
 }
 
+void tellFormHoldsNot(const std::string& path, ImageFileForm form) {
+  const std::string name = fileNameOf(path);
+  const std::string what = form == ImageFileForm::intelHex ? "IntelHEX" : "S-record";
+  withdrawNotice(failedSubject);
+  tellNotice({failedSubject,
+              NoticeKind::trouble,
+              {name + "を保存できませんでした。" + what +
+                   "ではこのアドレスのイメージを表せません。別名保存を使ってください。",
+               name + " was not saved: " + what +
+                   " can't hold an image at these addresses. Use one of the Save as commands."}});
+}
+
 void tellSaved() {
   withdrawNotice(failedSubject);
   withdrawNotice(contentsSubject);
@@ -35,12 +48,12 @@ void tellSaved() {
 void tellLongIntelHex(std::size_t bytes) {
   if (bytes <= static_cast<std::size_t>(imageHexCapacity)) return;
   const std::string most = std::to_string(imageHexCapacity);
-  tellNotice(
-      {contentsSubject,
-       NoticeKind::warning,
-       {"「読み込み(IntelHEX)」は" + most +
-            "バイトまでしか読めません。このファイルは読み込めません。",
-        "Load (IntelHEX) takes at most " + most + " bytes: it can't load this file again."}});
+  tellNotice({contentsSubject,
+              NoticeKind::warning,
+              {"「読み込み(IntelHEX)」は" + most +
+                   "バイトまでしか読めません。このファイルは「任意の形式の読み込み」で読めます。",
+               "Load (IntelHEX) takes at most " + most +
+                   " bytes: it can't load this file again. Exchange > Load any form can."}});
 }
 
 void tellEditsKept() {

@@ -162,6 +162,8 @@ class SRecords {
     const int type = line[1] - '0';
     const Record record(line.substr(2), number);
     if (type < 0 || type > 9 || type == 4) record.fail("an unknown record type");
+    const bool isData = type >= 1 && type <= 3;
+    if (isData) ++dataRecords_;
     // Bytes of the address by type.
     constexpr std::array<std::size_t, 10> widths{2, 2, 3, 4, 0, 2, 3, 4, 3, 2};
     const std::size_t width = widths[static_cast<std::size_t>(type)];
@@ -170,8 +172,7 @@ class SRecords {
     if (record[0] != record.size() - head) record.fail("a byte count that is not the record's");
     if (record.sum() != filler) record.fail("a wrong checksum");
     const std::uint32_t address = record.number(head, width);
-    if (type >= 1 && type <= 3) {
-      ++dataRecords_;
+    if (isData) {
       all.add(address, record.part(head + width, record.size() - head - width - checksum));
     } else if (type == 5 || type == 6) {
       const std::uint32_t counted = type == 5 ? dataRecords_ & 0xFFFF : dataRecords_ & 0xFFFFFF;
@@ -187,17 +188,28 @@ class SRecords {
   std::uint32_t dataRecords_ = 0;
 };
 
-template <class Records>
-Pieces readRecords(std::string_view text) {
+// `onFault` is told of a line that can't be taken, and whether to go on behind it.
+template <class Records, class OnFault>
+Pieces readRecords(std::string_view text, OnFault onFault) {
   Records records;
   Pieces all;
   all.bytes.reserve(text.size() / 2);
   Lines lines(text);
   while (const auto line = lines.next()) {
     if (line->empty()) continue;
-    if (!records.take(*line, lines.number(), all)) break;
+    try {
+      if (!records.take(*line, lines.number(), all)) break;
+    } catch (const ImageFault& fault) {
+      if (!onFault(fault)) break;
+    }
   }
   return all;
+}
+
+template <class OnFault>
+Pieces piecesOf(ImageFileForm form, std::string_view text, OnFault onFault) {
+  return form == ImageFileForm::intelHex ? readRecords<IntelHexRecords>(text, onFault)
+                                         : readRecords<SRecords>(text, onFault);
 }
 
 // The bytes in a row, those of later records over those of earlier ones.
@@ -226,6 +238,10 @@ void layOut(const Pieces& all, ImageContent& content) {
   }
 }
 
+std::string_view asText(std::span<const std::uint8_t> bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
 bool isText(std::string_view text) {
   constexpr std::size_t looked = 4096;
   return std::ranges::none_of(text.substr(0, looked), [](char c) {
@@ -234,7 +250,7 @@ bool isText(std::string_view text) {
   });
 }
 
-ImageFileForm formOf(std::string_view text) {
+ImageFileForm formOfText(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t\r\n");
   if (first == std::string_view::npos || !isText(text)) return ImageFileForm::raw;
   const std::string_view head = text.substr(first, 3);
@@ -246,28 +262,51 @@ ImageFileForm formOf(std::string_view text) {
 
 }  // namespace
 
+ImageFileForm imageFileForm(std::span<const std::uint8_t> head) { return formOfText(asText(head)); }
+
 ImageContent readImageContent(std::span<const std::uint8_t> fileBytes) {
-  const std::string_view text(reinterpret_cast<const char*>(fileBytes.data()), fileBytes.size());
+  const std::string_view text = asText(fileBytes);
   ImageContent content;
-  content.form = formOf(text);
+  content.form = imageFileForm(fileBytes);
   if (content.form == ImageFileForm::raw) {
     if (fileBytes.empty()) throw ImageFault(0, "an empty file");
     content.bytes.assign(fileBytes.begin(), fileBytes.end());
     return content;
   }
-  const Pieces all = content.form == ImageFileForm::intelHex ? readRecords<IntelHexRecords>(text)
-                                                             : readRecords<SRecords>(text);
+  const Pieces all = piecesOf(content.form, text,
+                              [](const ImageFault& fault) -> bool { throw ImageFault(fault); });
   content.hasEnd = all.hasEnd;
   layOut(all, content);
   return content;
 }
 
-std::vector<std::uint8_t> bytesFrom(const ImageContent& content, std::uint32_t base) {
-  if (content.base < base) throw ImageFault(0, "bytes before the base address");
-  std::vector<std::uint8_t> bytes(content.base - base, filler);
-  if (content.base - base + content.bytes.size() > largestSpan) {
-    throw ImageFault(0, "more than 1 GiB from the base address on");
+std::vector<ImageFault> imageFaults(std::span<const std::uint8_t> fileBytes, std::size_t most) {
+  std::vector<ImageFault> faults;
+  try {
+    readImageContent(fileBytes);
+  } catch (const ImageFault& first) {
+    faults.push_back(first);
+    if (first.line() == 0) return faults;
+    faults.clear();
+    piecesOf(imageFileForm(fileBytes), asText(fileBytes), [&](const ImageFault& fault) {
+      faults.push_back(fault);
+      return faults.size() < most;
+    });
   }
+  return faults;
+}
+
+std::optional<ImageFault> faultOfBase(const ImageContent& content, std::uint32_t base) {
+  if (content.base < base) return ImageFault(0, "bytes before the base address");
+  if (content.base - base + content.bytes.size() > largestSpan) {
+    return ImageFault(0, "more than 1 GiB from the base address on");
+  }
+  return std::nullopt;
+}
+
+std::vector<std::uint8_t> bytesFrom(const ImageContent& content, std::uint32_t base) {
+  if (const auto fault = faultOfBase(content, base)) throw ImageFault(*fault);
+  std::vector<std::uint8_t> bytes(content.base - base, filler);
   bytes.insert(bytes.end(), content.bytes.begin(), content.bytes.end());
   return bytes;
 }

@@ -76,11 +76,31 @@ char* putSegment(char* to, std::size_t offset) {
 
 // At least as many as the text has.
 std::size_t lineBound(std::size_t bytes) {
-  return bytes / recordBytes + 2 * bytes / segmentBytes + 5;
+  return bytes / recordBytes + 3 * bytes / segmentBytes + 8;
 }
 
 std::size_t nextRecordBytes(std::size_t left) {
   return left == lengthPassedOver ? 1 : std::min(left, recordBytes);
+}
+
+// Appends the records of `part`; `segment` is the upper half of the addresses before them.
+void append(std::string& text, const AddressedBytes& part, std::uint64_t& segment) {
+  const std::size_t start = text.size();
+  text.resize(start + lineBound(part.bytes.size()) * lineLength);
+  char* to = text.data() + start;
+  for (std::size_t offset = 0; offset < part.bytes.size();) {
+    const std::uint64_t address = part.address + offset;
+    if (address / segmentBytes != segment) {
+      segment = address / segmentBytes;
+      to = putBase(to, linearRecord, static_cast<std::size_t>(segment));
+    }
+    const auto inSegment = static_cast<std::size_t>(address % segmentBytes);
+    const std::size_t left = std::min(part.bytes.size() - offset, segmentBytes - inSegment);
+    const auto data = part.bytes.subspan(offset, nextRecordBytes(left));
+    to = putRecord(to, inSegment, dataRecord, data);
+    offset += data.size();
+  }
+  text.resize(static_cast<std::size_t>(to - text.data()));
 }
 
 }  // namespace
@@ -99,5 +119,13 @@ std::string intelHexText(std::span<const std::uint8_t> source) {
   }
   to = std::copy(lastLine.begin(), lastLine.end(), to);
   text.resize(static_cast<std::size_t>(to - text.data()));
+  return text;
+}
+
+std::string intelHexText(std::span<const AddressedBytes> parts) {
+  std::string text;
+  std::uint64_t segment = 0;
+  for (const AddressedBytes& part : parts) append(text, part, segment);
+  text += lastLine;
   return text;
 }

@@ -48,16 +48,28 @@ class Text {
 }  // namespace
 
 std::string sRecordText(std::span<const std::uint8_t> source, std::uint32_t base) {
-  const std::uint64_t end = std::uint64_t{base} + source.size();
+  const AddressedBytes whole{base, source};
+  return sRecordText({&whole, 1});
+}
+
+std::string sRecordText(std::span<const AddressedBytes> parts) {
+  std::uint64_t end = 0;
+  std::size_t bound = 4;
+  for (const AddressedBytes& part : parts) {
+    end = std::max(end, part.address + part.bytes.size());
+    bound += part.bytes.size() / recordBytes + 1;
+  }
   const auto fits = [end](const Width& each) { return end <= each.end; };
   const auto found = std::ranges::find_if(widths, fits);
   const Width& width = found == widths.end() ? widths.back() : *found;
-  Text text((source.size() / recordBytes + 4) * lineBound);
+  Text text(bound * lineBound);
   text.record('0', 0, 2, {});
   std::uint64_t records = 0;
-  for (std::size_t at = 0; at < source.size(); at += recordBytes, ++records) {
-    text.record(width.data, base + at, width.bytes,
-                source.subspan(at, std::min(recordBytes, source.size() - at)));
+  for (const auto& [address, bytes] : parts) {
+    for (std::size_t at = 0; at < bytes.size(); at += recordBytes, ++records) {
+      text.record(width.data, address + at, width.bytes,
+                  bytes.subspan(at, std::min(recordBytes, bytes.size() - at)));
+    }
   }
   if (records < 0x10000) {
     text.record('5', records, 2, {});

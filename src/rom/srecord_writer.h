@@ -6,5 +6,9 @@
 #include <span>
 #include <string>
 
+#include "rom/addressed_bytes.h"
+
 // The text of `source`, its first byte at `base`.
 std::string sRecordText(std::span<const std::uint8_t> source, std::uint32_t base = 0);
+// The text of stretches in ascending order.
+std::string sRecordText(std::span<const AddressedBytes> parts);

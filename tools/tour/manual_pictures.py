@@ -19,6 +19,8 @@ NOTICE_SIZE = (900, 420)
 SURFACE = "3D GRAPH EDIT"
 CURVE = "load scale|TPスケール"
 DIFFERENCES = "^(Differences|相違一覧)$"
+ANY_FORM_FILE = "^(Image of any form|任意の形式のファイル)$"
+ANY_FORM = "^(Load any form|任意の形式の読み込み)$"
 EARLIER_STATES = "^(Earlier states|以前の状態)$"
 HALF_MINUTE = 31  # seconds after which what isn't saved is kept
 TOO_FAST = "15000"  # rpm that no byte of the scale holds
@@ -142,6 +144,23 @@ class Photographer(Tour):
         self.screen.keys("Escape")
         self.gone("address")
 
+    def take_any_form(self):
+        """An Intel HEX file that leaves out what nothing uses."""
+        with open(self.saved("ecu.hex"), "w", newline="\n") as file:
+            for start in (*range(0x800, 0x4000, 16), *range(0x6000, 0x8000, 16)):
+                data = self.original[start:start + 16]
+                record = bytes([16, start >> 8, start & 255, 0]) + data
+                file.write(f":{record.hex().upper()}{-sum(record) % 256:02X}\n")
+            file.write(":00000001FF\n")
+        self.menu("exchange", "load_any_form")
+        self.screen.wait_for(ANY_FORM_FILE)
+        self.screen.type(self.saved("ecu.hex"))
+        self.screen.keys("Return")
+        self.screen.wait_until_gone(ANY_FORM_FILE)
+        self.take(self.screen.wait_for(ANY_FORM), "anyform")
+        self.screen.keys("Escape")
+        self.screen.wait_until_gone(ANY_FORM)
+
     def take_notice(self):
         """Another program writes the image's file; the window is the active one again."""
         shutil.copy(self.saved("other.bin"), os.path.join(self.folder, "demo", "demo.bin"))
@@ -182,6 +201,7 @@ class Photographer(Tour):
         self.take_dialog("engine", "engine", "S___", "set_spl")
         self.take_dialog("environment", "environment", "S___", "SET_DEFAULT_FOLDER")
         self.take_dialog("pair", "oddeven", "file_load", "odd_even_file")
+        self.take_any_form()
         self.take_notice()
         self.take_earlier_states()
         self.screen.uncounted_keys("ctrl+q")

@@ -15,6 +15,7 @@
 #include <QToolTip>
 
 #include "frontend/qt/bind_controls.h"
+#include "frontend/qt/grid_view.h"
 #include "frontend/qt/look.h"
 #include "frontend/qt/text.h"
 
@@ -112,6 +113,14 @@ QPushButton* buttonFor(Button& record) {
   button->setMinimumWidth(byFont(buttonWidth));
   bind(button, record);
   return button;
+}
+
+QWidget* listFor(Grid& record, int width, int height) {
+  auto* const list = new GridView(record);
+  list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  list->setZoom(fontZoom());
+  list->setMinimumSize(QSize(width, height) * fontZoom() / 100);
+  return list;
 }
 
 void addField(QGridLayout* cells, Label& label, TextBox& box, Label* unit) {

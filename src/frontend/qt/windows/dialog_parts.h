@@ -6,6 +6,7 @@
 
 #include "controls/button.h"
 #include "controls/controls.h"
+#include "controls/grid.h"
 
 class QBoxLayout;
 class QDialog;
@@ -29,6 +30,8 @@ QLabel* lineFor(Label& record);
 QLineEdit* boxFor(TextBox& record);
 QWidget* checkFor(CheckBox& record);
 QPushButton* buttonFor(Button& record);
+// A list of at least this many pixels: many rows make no window that hides the main one.
+QWidget* listFor(Grid& record, int width, int height);
 // A label and its box, and the label of its unit if it has one, in the next row of `cells`.
 void addField(QGridLayout* cells, Label& label, TextBox& box, Label* unit = nullptr);
 // Options with the labels that tell what they mean, one below the other.

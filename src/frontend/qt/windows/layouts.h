@@ -22,6 +22,7 @@ QWidget* makePercentWindow();
 QWidget* makeInterpolateWindow();
 QWidget* makeDifferencesWindow();
 QWidget* makeEarlierStatesWindow();
+QWidget* makeAnyFormWindow();
 QWidget* makeD2GraphWindow();
 QWidget* makeDrGraphWindow();
 QWidget* makeOddEvenWindow();

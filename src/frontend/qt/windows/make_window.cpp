@@ -19,6 +19,7 @@
 #include "frontend/splash.h"
 #include "graphs/dr_graph.h"
 #include "graphs/tp_curve.h"
+#include "imagefiles/any_form.h"
 #include "imagefiles/earlier_states_window.h"
 #include "imagefiles/odd_even.h"
 
@@ -60,6 +61,7 @@ constexpr std::array layouts{
     Layout{recordOf<interpolateDialog>, makeInterpolateWindow},
     Layout{recordOf<differencesWindow>, makeDifferencesWindow},
     Layout{recordOf<earlierStatesWindow>, makeEarlierStatesWindow},
+    Layout{recordOf<anyFormWindow>, makeAnyFormWindow},
 };
 
 }  // namespace

@@ -1,0 +1,56 @@
+// Loading an image of any form, told by its content: the dialog tells what the file holds and asks
+// where the image begins, before anything is replaced.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "controls/button.h"
+#include "controls/controls.h"
+#include "controls/desktop.h"
+#include "controls/grid.h"
+#include "controls/window.h"
+#include "core/editor_state.h"
+#include "rom/image_reading.h"
+
+// A file as it was read, and what its bytes give.
+struct FoundImage {
+  ChosenFile file;
+  RomImage bytes;
+  ImageContent content;
+  std::vector<ImageFault> faults;  // none: `content` can be loaded
+};
+
+struct AnyFormWindow : Window {
+  AnyFormWindow();
+
+  Label heading{*this};
+  Grid list;
+  Label baseLabel{*this}, verdict{*this};
+  TextBox base{*this};
+  Button load{*this}, cancel{*this};
+
+  // Opens over `image`, which would begin at `from`, if that is known, else at its usual base.
+  void open(FoundImage image, std::optional<std::uint32_t> from);
+
+ private:
+  void fill();
+  void judge();
+  void loadIt();
+
+  FoundImage found_;
+  std::optional<std::uint32_t> chosenBase_;  // none: what stands in the box is no base for it
+};
+
+extern AnyFormWindow anyFormWindow;
+
+// The menu command.
+void loadAnyForm();
+// The same, but the file is known already, and where its image begins.
+void loadAnyFormFrom(const std::string& path, std::optional<std::uint32_t> base = {});
+
+// The Intel HEX loader failed with `failure` on the file: the notice strip offers the command, if
+// the file holds records.
+void offerAnyForm(const std::string& path, int failure);
