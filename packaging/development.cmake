@@ -12,7 +12,8 @@ install(TARGETS zelkova_rom EXPORT zelkova
 # The headers include each other by their folders, which stand in a folder of their own.
 set(headers
     platform/failure platform/files platform/numbers platform/text_encoding platform/utf8
-    rom/address_check rom/image_differences rom/image_reading rom/intel_hex_writer rom/map_entries
+    rom/address_check rom/addressed_bytes rom/image_differences rom/image_reading
+    rom/image_writing rom/intel_hex_writer rom/map_entries
     rom/map_traits rom/map_values rom/srecord_writer)
 foreach(header ${headers})
   get_filename_component(folder ${header} DIRECTORY)

@@ -110,6 +110,8 @@ bool isWhole(const std::string& name, const Bytes& file) {
   Bytes halves[] = {Bytes(size, 0xFF), Bytes(size, 0xFF)};
   for (std::size_t k = 0; k < size / 2 * 2; ++k) halves[k % 2][k / 2] = image[k];
   const auto isHalf = [&](const Bytes& half) { return file == half || text == intelHexText(half); };
+  const auto& layout = editorState.imageLayout;
+  if (layout && fileOf(image, *layout) == file) return true;
   return file == image || text == intelHexText(std::span(image).first(size)) ||
          std::ranges::any_of(halves, isHalf);
 }

@@ -161,7 +161,7 @@ void AnyFormWindow::open(FoundImage image, std::optional<std::uint32_t> from) {
 
 void AnyFormWindow::fill() {
   setCaption(captioned(title));
-  heading.setCaption(found_.file.path);
+  heading.setCaption(captioned({"ファイル: ", "File: "}) + found_.file.path);
   baseLabel.setCaption(captioned(
       {"ROMデータの先頭のアドレス (16進):", "Address of the image's first byte (hexadecimal):"}));
   load.setCaption(captioned({"読み込み", "Load"}));
