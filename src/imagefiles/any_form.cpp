@@ -29,7 +29,7 @@ const char* const location = "任意の形式読み込み";
 constexpr Wording title{"任意の形式の読み込み", "Load any form"};
 constexpr Wording fileTitle{"任意の形式のファイル", "Image of any form"};
 
-constexpr Grid::Look listLook{black, rgb(192, 192, 192), white, 1};
+constexpr Grid::Look listLook{{}, {}, 1};
 constexpr int columns = 3;
 constexpr std::array<int, columns> widths{5200, 3000, 1500};  // twips
 constexpr std::size_t mostLines = 200;                        // of gaps, and of faults
