@@ -2,6 +2,10 @@
 
 #include "exchange/export_files.h"
 
+#include <map>
+
+#include "exchange/print_dialog.h"
+#include "exchange/print_pages.h"
 #include "map_tools_bed.h"
 
 namespace {
@@ -23,21 +27,23 @@ TEST_F(ExportFiles, AMapIsWrittenInTheFormOfItsName) {
   form.Grid1.setCell(1, 1, "1", rgb(200, 0, 15));
   form.TP_FUEL.setText(1, 1, "5");
   form.RPM_FUEL.setText(0, 0, "650");
+  form.Grid1.setText(2, 2, "1,\"5\"");
   exportAs("map.csv");
+  EXPECT_TRUE(holds(readText("map.csv"), "255,\"1,\"\"5\"\"\","));
   EXPECT_TRUE(readText("map.csv").starts_with(",5," + form.TP_FUEL.text(1, 2)));
   EXPECT_TRUE(holds(readText("map.csv"), "\r\n650,1,2,"));
   EXPECT_EQ(desk.saveDialogs.back().fileName, "image HIGH_FUEL.csv");
   exportAs("map.SVG");
   const std::string svg = readText("map.SVG");
   EXPECT_TRUE(svg.starts_with("<?xml") && svg.ends_with("</svg>\n"));
-  EXPECT_TRUE(holds(svg, "fill=\"#c8000f\"") && holds(svg, ">650</text>") &&
+  EXPECT_TRUE(holds(svg, "fill=\"#C8000F\"") && holds(svg, ">650</text>") &&
               holds(svg, ">caption</text>"));
   form.Grid1.setCell(1, 1, "1", rgb(255, 0, 0));
   form.Grid1.setCell(1, 2, "2", rgb(0, 0, 255));
   pick("map_colours");
   exportAs("bright.svg");
   for (const char* part :
-       {"#042c6f", "#feed6b", "fill=\"#ffffff\" text", "fill=\"#000000\" text"}) {
+       {"#042C6F", "#FEED6B", "fill=\"#FFFFFF\" text", "fill=\"#000000\" text"}) {
     EXPECT_TRUE(holds(readText("bright.svg"), part)) << part << " in the colours on the screen";
   }
   pick("map_colours");
@@ -66,7 +72,7 @@ TEST_F(ExportFiles, WhatStandsThereIsKeptWhereTheUserOrTheDiskSaysNo) {
   EXPECT_TRUE(holds(readText("map.csv"), ","));
   told();
   exportAs("missing/map.csv");
-  EXPECT_TRUE(holds(told(), "*ERROR = [76]"));
+  EXPECT_TRUE(holds(told(), "*ERROR = [76] There is no such folder.\n"));
   EXPECT_EQ(form.Label13.caption(), "");
 }
 
@@ -89,6 +95,94 @@ TEST_F(ExportFiles, TheReportHoldsAllThatTheImageHoldsAndWhatDiffers) {
   pick("against_nothing");
   exportAs("all2.html");
   EXPECT_FALSE(holds(readText("all2.html"), "What differs"));
+}
+
+class Printing : public ExportFiles {
+ protected:
+  // The pages after these buttons, each as its texts.
+  std::vector<std::string> printed(std::initializer_list<Button*> buttons, PaperArea area = sheet) {
+    pick("print");
+    for (Button* button : buttons) button->userClick();
+    printDialog.preview.userClick();
+    return textsOf(desk.printJobs.back().pages(area));
+  }
+  static std::vector<std::string> textsOf(const std::vector<Picture>& pages) {
+    std::vector<std::string> all;
+    for (const Picture& page : pages) {
+      std::string& texts = all.emplace_back("|");
+      for (const PictureBox& box : page.boxes) texts += box.text + '|';
+    }
+    return all;
+  }
+  static MapTable numbered(int high, int wide) {
+    MapTable table{"wide", {}};
+    for (int r = 0; r <= high; ++r) {
+      TableRow& row = table.rows.emplace_back();
+      for (int c = 0; c <= wide; ++c) {
+        const std::string place = std::to_string(r) + '.' + std::to_string(c);
+        row.push_back({place, r == 0 || c == 0});
+      }
+    }
+    return table;
+  }
+  static constexpr PaperArea sheet{510, 774};
+};
+
+TEST_F(Printing, EachChosenMapIsAPageThatTellsWhatItIs) {
+  form.TP_FUEL.setText(1, 1, "77");
+  enterCell(form.Grid1, 6, 8, "99");
+  const auto one = printed({});
+  ASSERT_EQ(one.size(), 1U);
+  for (const char* text : {"|caption|", "|CAR|", "|image.bin|", "|1 / 1|", "|77|", "|99|"}) {
+    EXPECT_TRUE(holds(one[0], text)) << text;
+  }
+  EXPECT_TRUE(desk.printJobs.back().landscape == false && form.enabled());
+  EXPECT_EQ(printed({&printDialog.allMaps}).size(), 13U) << "scales are no pages";
+  EXPECT_TRUE(holds(printed({&printDialog.allMaps}).back(), "|13 / 13|"));
+  selectTab(airflowTab);
+  EXPECT_TRUE(holds(printed({})[0], '|' + tabGrid(airflowTab).text(1, 16) + '|'));
+  EXPECT_TRUE(desk.printJobs.back().landscape);
+  pick("print");
+  printDialog.noMap.userClick();
+  printDialog.preview.userClick();
+  EXPECT_EQ(told(), "No map is chosen.");
+  printDialog.cancel.userClick();
+  desk.saveAnswers = {path("map.pdf")};
+  desk.printJobs.back().save([] { return "%PDF"; });
+  EXPECT_EQ(readText("map.pdf"), "%PDF");
+  EXPECT_EQ(desk.saveDialogs.back().fileName, "image.pdf");
+}
+
+TEST_F(Printing, APageFillsItsPaperAndNothingStandsOutsideIt) {
+  struct Case {
+    int high, wide;
+    std::size_t pages;
+    double leastFont;  // points
+  };
+  for (const auto& [high, wide, pages, leastFont] :
+       {Case{2, 3, 1, 12}, {17, 18, 1, 6}, {1, 40, 1, 8}, {100, 60, 8, 5}}) {
+    const MapTable table = numbered(high, wide);
+    const std::vector<Picture> all = pagesOf({table}, {"car", "image", "date"}, sheet);
+    EXPECT_EQ(all.size(), pages) << high << 'x' << wide;
+    std::map<std::string, int> texts;
+    for (const Picture& page : all) {
+      const double scale = double{sheet.width} / page.width;
+      EXPECT_NEAR(page.height * scale, sheet.height, 1);
+      for (const PictureBox& box : page.boxes) {
+        if (!box.border) continue;
+        ++texts[box.text];
+        EXPECT_TRUE(box.x >= 0 && box.x + box.width <= page.width);
+        EXPECT_TRUE(box.y * scale > 30 && (box.y + box.height) * scale < sheet.height - 16);
+        EXPECT_GE(box.fontPixels * scale, leastFont - 0.01);
+      }
+    }
+    for (int r = 1; r <= high; ++r) {
+      for (int c = 1; c <= wide; ++c) {
+        const std::string cell = std::to_string(r) + '.' + std::to_string(c);
+        EXPECT_EQ(texts[cell], 1) << cell;
+      }
+    }
+  }
 }
 
 }  // namespace

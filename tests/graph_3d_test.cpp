@@ -6,6 +6,15 @@
 
 namespace {
 
+TEST_F(GraphTest, ThePictureIsAFileForOthers) {
+  Bytes other = patternImage(0x1200);
+  other[mapAddress + 5] = 200;
+  compareWith(other);
+  open();
+  press(rightKey);
+  expectPicture("image HIGH_FUEL 3D.svg", "graph_3d.svg");
+}
+
 TEST_F(GraphTest, DrawsTheSurfaceTheTrailOfAHeldKeyAndTheComparisonBehind) {
   openWith("125");
   EXPECT_TRUE(!form1().enabled() && canvas.visible() && DR_GRAPH.focus() == &canvas);

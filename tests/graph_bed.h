@@ -14,6 +14,11 @@
 constexpr Colour wireGreen = rgb(0, 255, 0);
 constexpr Colour wireRed = rgb(192, 0, 0);
 
+inline std::string storedText(const std::string& name) {
+  const Bytes stored = readFile(std::string(DATA_FOLDER) + "/" + name);
+  return {stored.begin(), stored.end()};
+}
+
 inline void expectFrame(const Canvas& canvas, const std::string& name) {
   static constexpr const char* kinds[] = {"line", "outline", "bar"};
   std::ostringstream drawn;
@@ -22,8 +27,7 @@ inline void expectFrame(const Canvas& canvas, const std::string& name) {
           << +item.colour.blue << ' ' << item.x1 << ' ' << item.y1 << ' ' << item.x2 << ' '
           << item.y2 << '\n';
   }
-  const Bytes stored = readFile(std::string(DATA_FOLDER) + "/" + name);
-  EXPECT_EQ(drawn.str(), std::string(stored.begin(), stored.end())) << name;
+  EXPECT_EQ(drawn.str(), storedText(name)) << name;
 }
 
 inline int countOf(const Canvas& canvas, CanvasItem::Kind kind, Colour colour) {
@@ -50,6 +54,16 @@ class CanvasTest : public ProgramTest {
   void type(char key, int repeats = 1) {
     hold(key, repeats);
     canvas.userKeyUp(key);
+  }
+
+  // What the menu on the canvas writes, the first name proposed, against the stored picture.
+  void expectPicture(const std::string& proposed, const std::string& name) {
+    canvas.userMenu();
+    desk.saveAnswers = {path(name), path("picture.png")};
+    for (int i = 0; i < 2; ++i) desk.popUps.back()->find("export_picture")->userPick();
+    EXPECT_EQ(desk.saveDialogs.back().fileName, proposed);
+    EXPECT_EQ(readText(name), storedText(name));
+    EXPECT_EQ(readText("picture.png"), "png");
   }
 
   Canvas& canvas;

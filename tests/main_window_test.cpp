@@ -63,7 +63,7 @@ TEST_F(MainWindow, TheMenuTreeStands) {
       "zoom(zoom_in:F8 zoom_out:Shift+F8 zoom_line zoom_75 zoom_100:Ctrl+F8 zoom_125 zoom_150 "
       "zoom_200 zoom_300) fit_window:F11 map_colours) "
       "exchange(copy_table:Ctrl+Shift+C paste_table:Ctrl+Shift+V table_line export_map report "
-      "files_line load_any_form save_s_records exchange_line "
+      "print:Ctrl+P files_line load_any_form save_s_records exchange_line "
       "recent_maps()) HLP777(ver_displ)");
 }
 

@@ -54,6 +54,13 @@ TEST_F(TpCurveTest, KeysMoveThePointUnderTheCursorWithinTheBuffer) {
   }
 }
 
+TEST_F(TpCurveTest, ThePictureIsAFileForOthers) {
+  load({0, 64, 145, 200, 255});
+  open();
+  press(rightKey);
+  expectPicture("image TP_SCALE_FUEL.svg", "tp_curve.svg");
+}
+
 TEST_F(TpCurveTest, DrawsTheScaleOfItsTabATrailAndAtTheReleaseTheEdit) {
   load({0, 64, 145, 200, 255});
   open();

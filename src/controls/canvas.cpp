@@ -26,6 +26,10 @@ void Canvas::userClick(int x, int y) {
   if (takesInput()) runHandler(onClick, x, y);
 }
 
+void Canvas::userMenu() {
+  if (takesInput()) runHandler(onMenu);
+}
+
 void Canvas::userKeyDown(int keyCode) {
   if (takesInput()) runHandler(onKeyDown, keyCode);
 }

@@ -5,21 +5,9 @@
 #include <functional>
 #include <vector>
 
+#include "controls/canvas_item.h"
 #include "controls/colour.h"
 #include "controls/control.h"
-
-struct CanvasItem {
-  enum Kind { line, outline, bar };
-  Kind kind = line;
-  Colour colour;
-  // A line from the first point to the second, or the opposite corners of a rectangle, both
-  // corners included.
-  int x1 = 0;
-  int y1 = 0;
-  int x2 = 0;
-  int y2 = 0;
-  bool operator==(const CanvasItem&) const = default;
-};
 
 class Canvas : public Control {
  public:
@@ -49,6 +37,8 @@ class Canvas : public Control {
   void userMouseDown();
   // A press of the left button, behind that, at a point of the surface.
   void userClick(int x, int y);
+  // The right button or the menu key.
+  void userMenu();
   void userKeyDown(int keyCode);
   void userKey(char32_t key);
   // The same with Ctrl, for a key that is no command of the window.
@@ -56,6 +46,7 @@ class Canvas : public Control {
   void userKeyUp(int keyCode);
   std::function<void()> onMouseDown;
   std::function<void(int x, int y)> onClick;
+  std::function<void()> onMenu;
   std::function<void(int)> onKeyDown;
   std::function<void(char32_t)> onKey;
   std::function<void(char32_t)> onControlKey;

@@ -54,3 +54,8 @@ std::string Desktop::chooseFolder(const std::string& title) {
   const Counted open(asking_);
   return doChooseFolder(title);
 }
+
+void Desktop::showPages(const PrintJob& job) {
+  const Counted open(asking_);
+  doShowPages(job);
+}

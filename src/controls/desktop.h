@@ -1,6 +1,7 @@
 // What the program asks of its surroundings: message boxes, text prompt, file dialogs, folder
-// chooser, clipboard, per-user settings store, sound, other programs, addresses, busy pointer, and
-// showing and hiding of windows. A front end provides one implementation; the logic sees only this.
+// chooser, printing, clipboard, per-user settings store, sound, other programs, addresses, busy
+// pointer, and showing and hiding of windows. A front end provides one implementation; the logic
+// sees only this.
 #pragma once
 
 #include <optional>
@@ -10,6 +11,7 @@
 
 class MenuItem;
 struct Picture;
+struct PrintJob;
 class Window;
 
 enum class BoxIcon { none, information, question, critical };
@@ -58,7 +60,9 @@ class Desktop {
   ChosenFile chooseFileToSave(const FileDialog& dialog);
   // An empty path when the user cancels.
   std::string chooseFolder(const std::string& title);
-  // True while one of the five above stands open: no window takes input then.
+  // Shows the pages of a document, from where they are printed or saved as PDF.
+  void showPages(const PrintJob& job);
+  // True while one of the six above stands open: no window takes input then.
   bool asking() const { return asking_ > 0; }
 
   virtual void setClipboardText(const std::string& text) = 0;
@@ -108,6 +112,7 @@ class Desktop {
   virtual std::optional<ChosenFile> doChooseFileToOpen(const FileDialog& dialog) = 0;
   virtual std::optional<ChosenFile> doChooseFileToSave(const FileDialog& dialog) = 0;
   virtual std::string doChooseFolder(const std::string& title) = 0;
+  virtual void doShowPages(const PrintJob& job) = 0;
 
  private:
   int asking_ = 0;

@@ -1,55 +1,26 @@
 #include "exchange/export_files.h"
 
-#include <cstdint>
-#include <functional>
-#include <span>
-
 #include "controls/desktop.h"
+#include "controls/markup.h"
 #include "core/dialogs.h"
 #include "core/difference_list.h"
 #include "core/differences.h"
-#include "core/earlier_states.h"
 #include "core/editor_state.h"
 #include "core/extensions.h"
-#include "core/file_command.h"
+#include "core/file_export.h"
 #include "core/form1.h"
 #include "core/map_kinds.h"
 #include "core/map_places.h"
-#include "core/overwrite_question.h"
 #include "core/refusals.h"
 #include "core/wording.h"
 #include "exchange/map_table.h"
 #include "platform/clock.h"
-#include "platform/failure.h"
 
 namespace {
 
-// The image's name without its form.
-std::string imageName() {
-  const std::string& title = editorState.imageTitle;
-  const std::size_t point = title.rfind('.');
-  return point == std::string::npos || point == 0 ? title : title.substr(0, point);
-}
-
-// Asks for a file and puts there what `contents` makes of its path.
-void saveAs(const char* location, const FileDialog& dialog,
-            const std::function<std::string(const std::string& path)>& contents) {
-  std::string path;
-  const auto steps = [&] {
-    const ChosenFile file = desktop().chooseFileToSave(dialog);
-    path = file.path;
-    if (!mayOverwrite(path, file.title)) throw Failure(cancelled);
-    const std::string bytes = contents(path);
-    replaceUserFile(path, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
-  };
-  runFileCommand({location, steps, [&](int number) { showFailure(number, {}, path); }});
-}
-
 std::string inForm(const MapTable& table, const std::string& path) {
   const std::string form = extensionOf(path);
-  if (form == "SVG") return svgText(pictureOf(table));
-  if (form == "PNG") return desktop().pngOf(pictureOf(table));
-  return csvText(table);
+  return form == "SVG" || form == "PNG" ? pictureFile(pictureOf(table), path) : csvText(table);
 }
 
 std::string headingOf(int level, const std::string& text) {
@@ -119,18 +90,18 @@ constexpr const char* style =
 void exportMap() {
   const MapKind* const kind = mapOfCursor();
   if (!kind) return showRefusal(nothingSelected);
-  const FileDialog dialog{"CSV (*.csv)|*.csv|SVG (*.svg)|*.svg|PNG (*.png)|*.png",
+  const FileDialog dialog{std::string("CSV (*.csv)|*.csv|") + pictureFilter,
                           captioned({"マップの書き出し", "Export map"}), editorState.romFolder,
-                          imageName() + " " + kind->keyword + ".csv"};
-  saveAs("マップの書き出し", dialog, [kind](const std::string& path) {
+                          exportName() + " " + kind->keyword + ".csv"};
+  exportFile("マップの書き出し", dialog, [kind](const std::string& path) {
     return inForm(tableOf(*kind, storedBlock(*kind)), path);
   });
 }
 
 void exportReport() {
   const FileDialog dialog{"HTML (*.html)|*.html", captioned({"レポート", "Report"}),
-                          editorState.romFolder, imageName() + ".html"};
-  saveAs("レポート", dialog, [](const std::string&) { return reportText(); });
+                          editorState.romFolder, exportName() + ".html"};
+  exportFile("レポート", dialog, [](const std::string&) { return reportText(); });
 }
 
 std::string reportText() {

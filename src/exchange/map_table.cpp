@@ -1,10 +1,10 @@
 #include "exchange/map_table.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
-#include <cstdint>
+#include <utility>
 
+#include "controls/markup.h"
 #include "core/map_extent.h"
 #include "core/map_palette.h"
 #include "core/stored_bytes.h"
@@ -13,7 +13,6 @@
 namespace {
 
 constexpr int titleHeight = 30;  // pixels
-constexpr int rowHeight = 20;
 constexpr int margin = 10;
 constexpr int characterWidth = 9;
 constexpr Colour scaleGround = rgb(236, 238, 242);
@@ -38,52 +37,34 @@ TableRow scaleRow(const MapKind& kind, const GridBlock& block) {
   return row;
 }
 
-std::string joined(const MapTable& table, const char* divider, const char* end) {
+template <class TextOf>
+std::string joined(const MapTable& table, char divider, const char* end, const TextOf& textOf) {
   std::string text;
   for (const TableRow& row : table.rows) {
-    for (std::size_t i = 0; i < row.size(); ++i) text += (i > 0 ? divider : "") + row[i].text;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (i > 0) text += divider;
+      text += textOf(row[i].text);
+    }
     text += end;
   }
   return text;
+}
+
+// In quotes where a reader would take a part of it for something else.
+std::string csvField(const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + '"';
 }
 
 Colour inkOf(const TableCell& cell) {
   return cell.colour && !cell.ofScale ? shownInk(white, *cell.colour) : black;
 }
 
-int widthOfColumns(const MapTable& table) {
-  std::size_t longest = 3;  // characters
-  for (const TableRow& row : table.rows) {
-    for (const TableCell& cell : row) longest = std::max(longest, cell.text.size());
-  }
-  return static_cast<int>(longest) * characterWidth + 8;
-}
-
-std::string attribute(const char* name, int value) {
-  return std::string(" ") + name + "=\"" + std::to_string(value) + '"';
-}
-
-std::string svgOf(const PictureBox& box) {
-  std::string text;
-  if (box.fill || box.border) {
-    text += "<rect" + attribute("x", box.x) + attribute("y", box.y) +
-            attribute("width", box.width) + attribute("height", box.height) + " fill=\"" +
-            (box.fill ? colourText(*box.fill) : "none") + '"';
-    if (box.border) text += " stroke=\"" + colourText(*box.border) + '"';
-    text += "/>\n";
-  }
-  if (box.text.empty()) return text;
-  struct Place {
-    int x;
-    const char* anchor;
-  };
-  const std::array<Place, 3> places{
-      {{box.x + 4, "start"}, {box.x + box.width / 2, "middle"}, {box.x + box.width - 4, "end"}}};
-  const Place& place = places[box.align];
-  const int baseline = box.y + box.height / 2 + Picture::fontPixels * 4 / 11;
-  return text + "<text" + attribute("x", place.x) + attribute("y", baseline) + " fill=\"" +
-         colourText(box.ink) + "\" text-anchor=\"" + place.anchor + '"' +
-         (box.bold ? " font-weight=\"bold\"" : "") + '>' + escaped(box.text) + "</text>\n";
+PictureBox boxOf(const TableCell& cell) {
+  const auto ground = cell.ofScale ? std::optional(scaleGround) : cell.colour;
+  return {0, 0, 0, 0, ground, lineGrey, cell.text, inkOf(cell), PictureBox::right, cell.ofScale};
 }
 
 }  // namespace
@@ -119,52 +100,51 @@ MapTable tableOf(const MapKind& kind, const GridBlock& block) {
   return table;
 }
 
-std::string tabbedText(const MapTable& table) { return joined(table, "\t", "\n"); }
-
-std::string csvText(const MapTable& table) { return joined(table, ",", "\r\n"); }
-
-Picture pictureOf(const MapTable& table) {
-  const int columnWidth = widthOfColumns(table);
-  std::size_t columns = 1;
-  for (const TableRow& row : table.rows) columns = std::max(columns, row.size());
-  Picture picture;
-  const int titleWidth = static_cast<int>(utf32(table.title).size()) * 2 * characterWidth;
-  picture.width = std::max(static_cast<int>(columns) * columnWidth, titleWidth) + 2 * margin;
-  picture.height = titleHeight + static_cast<int>(table.rows.size()) * rowHeight + 2 * margin;
-  picture.boxes.push_back({margin,
-                           margin,
-                           picture.width - 2 * margin,
-                           titleHeight - 8,
-                           {},
-                           {},
-                           table.title,
-                           black,
-                           PictureBox::left,
-                           true});
-  int y = margin + titleHeight;
-  for (const TableRow& row : table.rows) {
-    int x = margin;
-    for (const TableCell& cell : row) {
-      const auto ground = cell.ofScale ? std::optional(scaleGround) : cell.colour;
-      picture.boxes.push_back({x, y, columnWidth, rowHeight, ground, lineGrey, cell.text,
-                               inkOf(cell), PictureBox::right, cell.ofScale});
-      x += columnWidth;
-    }
-    y += rowHeight;
-  }
-  return picture;
+std::string tabbedText(const MapTable& table) {
+  return joined(table, '\t', "\n", [](const std::string& text) { return text; });
 }
 
-std::string svgText(const Picture& picture) {
-  std::string text =
-      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg "
-      "xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " +
-      std::to_string(picture.width) + ' ' + std::to_string(picture.height) + '"' +
-      attribute("width", picture.width) + attribute("height", picture.height) +
-      " font-family=\"sans-serif\"" + attribute("font-size", Picture::fontPixels) +
-      ">\n<rect width=\"100%\" height=\"100%\" fill=\"" + colourText(picture.ground) + "\"/>\n";
-  for (const PictureBox& box : picture.boxes) text += svgOf(box);
-  return text + "</svg>\n";
+std::string csvText(const MapTable& table) { return joined(table, ',', "\r\n", csvField); }
+
+TableSize sizeOf(const MapTable& table) {
+  TableSize size;
+  std::size_t longest = 3;  // characters
+  for (const TableRow& row : table.rows) {
+    size.columns = std::max(size.columns, static_cast<int>(row.size()));
+    for (const TableCell& cell : row) longest = std::max(longest, cell.text.size());
+  }
+  size.rows = static_cast<int>(table.rows.size());
+  size.columnWidth = static_cast<int>(longest) * characterWidth + 8;
+  return size;
+}
+
+void addCells(Picture& picture, const MapTable& table, int left, int top, int columnWidth) {
+  int y = top;
+  for (const TableRow& row : table.rows) {
+    int x = left;
+    for (const TableCell& cell : row) {
+      PictureBox& box = picture.boxes.emplace_back(boxOf(cell));
+      box.x = std::exchange(x, x + columnWidth);
+      box.y = y;
+      box.width = columnWidth;
+      box.height = TableSize::rowHeight;
+    }
+    y += TableSize::rowHeight;
+  }
+}
+
+Picture pictureOf(const MapTable& table) {
+  const TableSize size = sizeOf(table);
+  Picture picture;
+  const int titleWidth = static_cast<int>(utf32(table.title).size()) * 2 * characterWidth;
+  picture.width = std::max(size.width(), titleWidth) + 2 * margin;
+  picture.height = titleHeight + size.height() + 2 * margin;
+  PictureBox& title = picture.boxes.emplace_back();
+  title = {margin, margin, picture.width - 2 * margin, titleHeight - 8};
+  title.text = table.title;
+  title.bold = true;
+  addCells(picture, table, margin, margin + titleHeight, size.columnWidth);
+  return picture;
 }
 
 std::string htmlTable(const MapTable& table) {
@@ -183,38 +163,4 @@ std::string htmlTable(const MapTable& table) {
     text += "</tr>\n";
   }
   return text + "</table>\n";
-}
-
-std::string escaped(std::string_view text) {
-  std::string result;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        result += "&amp;";
-        break;
-      case '<':
-        result += "&lt;";
-        break;
-      case '>':
-        result += "&gt;";
-        break;
-      case '"':
-        result += "&quot;";
-        break;
-      default:
-        // XML has no other control characters.
-        result += static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' ? ' ' : c;
-    }
-  }
-  return result;
-}
-
-std::string colourText(Colour colour) {
-  constexpr const char* digits = "0123456789abcdef";
-  std::string text = "#";
-  for (const std::uint8_t part : {colour.red, colour.green, colour.blue}) {
-    text += digits[part >> 4];
-    text += digits[part & 15];
-  }
-  return text;
 }

@@ -4,7 +4,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "controls/colour.h"
@@ -37,13 +36,19 @@ std::string textOf(const ScaleCell& cell);
 std::string tabbedText(const MapTable& table);
 // The same with commas and carriage returns, for files.
 std::string csvText(const MapTable& table);
-// The table with title, scales and colours.
+// How large a table is drawn; pixels.
+struct TableSize {
+  static constexpr int rowHeight = 20;
+  int rows = 0;
+  int columns = 0;
+  int columnWidth = 0;
+  int width() const { return columns * columnWidth; }
+  int height() const { return rows * rowHeight; }
+};
+TableSize sizeOf(const MapTable& table);
+// Its cells with scales and colours, from a point on.
+void addCells(Picture& picture, const MapTable& table, int left, int top, int columnWidth);
+// The table below its title.
 Picture pictureOf(const MapTable& table);
-std::string svgText(const Picture& picture);
 // A table element.
 std::string htmlTable(const MapTable& table);
-
-// A text as HTML and XML show it.
-std::string escaped(std::string_view text);
-// "#rrggbb".
-std::string colourText(Colour colour);

@@ -24,16 +24,14 @@ namespace {
 
 // Values alone; what is no number is left out.
 std::string htmlText(const MapTable& table) {
-  std::string text = "<html><head><meta charset=\"utf-8\"></head><body><table>";
+  MapTable values;
   for (const TableRow& row : table.rows) {
-    text += "<tr>";
+    TableRow& taken = values.rows.emplace_back();
     for (const TableCell& cell : row) {
-      const bool number = parseAnswer(cell.text).has_value();
-      text += "<td>" + (number ? cell.text : std::string()) + "</td>";
+      taken.push_back({parseAnswer(cell.text) ? cell.text : std::string()});
     }
-    text += "</tr>";
   }
-  return text + "</table></body></html>";
+  return "<html><head><meta charset=\"utf-8\"></head><body>" + htmlTable(values) + "</body></html>";
 }
 
 // How many rows and columns of a table are scales.

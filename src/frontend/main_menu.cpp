@@ -28,6 +28,7 @@
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"
 #include "exchange/export_files.h"
+#include "exchange/print_dialog.h"
 #include "exchange/spreadsheet.h"
 #include "frontend/about.h"
 #include "frontend/environment.h"
@@ -224,6 +225,7 @@ const MenuRow rows[] = {
     {2, "table_line", "-", "", "", nullptr},
     {2, "export_map", "マップの書き出し...", "Export map...", "", exportMap, &needsImage},
     {2, "report", "レポート...", "Report...", "", exportReport, &needsImage},
+    {2, "print", "印刷...", "Print...", "Ctrl+P", printMaps, &needsImage},
     {2, "files_line", "-", "", "", nullptr},
     {2, "load_any_form", "任意の形式の読み込み...", "Load any form...", "", loadAnyForm},
     {2, "save_s_records", "別名保存(Sレコード)...", "Save as S-record...", "", saveAsSRecords},

@@ -23,7 +23,7 @@ constexpr std::pair<const char*, const char*> places[] = {
     {"frmAbout", "setup"},   {"Differences", "changes"},
     {"Set", "many"},         {"Percent", "many"},
     {"Interpolate", "many"}, {"EarlierStates", "earlier"},
-    {"AnyForm", "anyform"},
+    {"AnyForm", "anyform"},  {"Print", "export"},
 };
 
 }  // namespace

@@ -81,7 +81,23 @@ DrGraph::DrGraph()
   Check3.nameAfter({&Label18});
 }
 
+std::array<PlacedLabel, 12> DrGraph::labelsOnCanvas() {
+  return {{{&Label1, 8, 8},
+           {&Label2, 8, 32},
+           {&Label3, 8, 48},
+           {&Label4, 8, 64},
+           {&Label8, 8, 88},
+           {&Label9, 8, 180},
+           {&Label10, 8, 204},
+           {&Label11, 8, 228},
+           {&Label12, 8, 338},
+           {&Label19, 508, 34},
+           {&Label20, 508, 50},
+           {&Label7, 96, 357, 472, 18}}};
+}
+
 void DrGraph::takeWords() {
+  pictureMenu.takeWords();
   for (const auto& [label, caption] : labelWords) (this->*label).setCaption(captioned(caption));
   Picture1.setOwnName(captioned({"3D グラフ", "3D graph"}));
   Frame1.setCaption(captioned({"表示パラメーター", "Display parameter"}));

@@ -1,11 +1,15 @@
 // The window "3D GRAPH EDIT": canvas, labels and lines on it, and the display parameters below.
 #pragma once
 
+#include <array>
+
 #include "controls/button.h"
 #include "controls/canvas.h"
+#include "controls/canvas_picture.h"
 #include "controls/controls.h"
 #include "controls/line.h"
 #include "controls/window.h"
+#include "graphs/graph_export.h"
 
 struct DrGraph : Window {
   DrGraph();
@@ -25,6 +29,10 @@ struct DrGraph : Window {
   Label Label17{*this};
   Label Label13{*this};
   Line Line1, Line2, Line3, Line4;
+  std::array<const Line*, 4> linesOnCanvas() const { return {&Line1, &Line2, &Line3, &Line4}; }
+  // Without the notice and the tip, which come and go.
+  std::array<PlacedLabel, 12> labelsOnCanvas();
+  PictureMenu pictureMenu{*this};
 
   Frame Frame1{*this};
   Label Label5{*this};

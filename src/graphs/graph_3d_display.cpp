@@ -1,9 +1,12 @@
 #include "graphs/graph_3d_display.h"
 
 #include <algorithm>
+#include <string>
 
+#include "controls/canvas_picture.h"
 #include "core/dialogs.h"
 #include "core/editor_state.h"
+#include "core/map_kinds.h"
 #include "graphs/dr_graph.h"
 #include "graphs/graph_3d.h"
 #include "graphs/graph_3d_editing.h"
@@ -113,6 +116,15 @@ void wireDisplayControls() {
   window.Timer1.onTimer = endTip;
 }
 
+Picture pictureOfGraph() {
+  return canvasPicture(DR_GRAPH.Picture1, DR_GRAPH.labelsOnCanvas(), DR_GRAPH.linesOnCanvas());
+}
+
+std::string nameOfGraph() {
+  const MapKind* const kind = mapOnShow();
+  return (kind ? std::string(kind->keyword) + ' ' : std::string()) + "3D";
+}
+
 void moveBetweenSteps(void (*move)()) {
   move();
   graphKeyUp(0);
@@ -132,6 +144,7 @@ void wireGraph3D() {
   window.Picture1.onKeyUp = graphKeyUp;
   window.onUndo = [] { moveBetweenSteps(undoGraphStep); };
   window.onRedo = [] { moveBetweenSteps(redoGraphStep); };
+  window.pictureMenu.wire(window.Picture1, pictureOfGraph, nameOfGraph);
   wireDisplayControls();
 }
 

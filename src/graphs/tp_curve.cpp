@@ -116,6 +116,7 @@ void openTpGraph() {
   D2_GRAPH.setCaption("");
   D2_GRAPH.Label1.setCaption("");
   D2_GRAPH.Label2.setCaption(axisText);
+  D2_GRAPH.pictureMenu.takeWords();
   D2_GRAPH.Picture1.setOwnName(captioned({"TP スケール 2D グラフ", "TP scale 2D graph"}));
   D2_GRAPH.Picture1.clear();
   const MapKind* kind = scaleOfTab();
@@ -133,6 +134,13 @@ void okTpGraph() {
   closeDialog(D2_GRAPH);
 }
 
+Picture pictureOfCurve() { return canvasPicture(D2_GRAPH.Picture1, D2_GRAPH.labelsOnCanvas()); }
+
+std::string nameOfCurve() {
+  const MapKind* const scale = scaleOfTab();
+  return scale ? scale->keyword : "2D";
+}
+
 }  // namespace
 
 D2Graph::D2Graph() : Window("D2_GRAPH") {
@@ -144,6 +152,7 @@ D2Graph::D2Graph() : Window("D2_GRAPH") {
   Picture1.onKey = [](char32_t key) { movePoint(key, 1); };
   Picture1.onControlKey = [](char32_t key) { movePoint(key, coarseSteps); };
   Picture1.onKeyUp = keyUp;
+  pictureMenu.wire(Picture1, pictureOfCurve, nameOfCurve);
   onUndo = [] { show(steps.undo()); };
   onRedo = [] { show(steps.redo()); };
 }

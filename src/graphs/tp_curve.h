@@ -8,10 +8,12 @@
 
 #include "controls/button.h"
 #include "controls/canvas.h"
+#include "controls/canvas_picture.h"
 #include "controls/controls.h"
 #include "controls/grid.h"
 #include "controls/window.h"
 #include "core/map_kinds.h"
+#include "graphs/graph_export.h"
 
 constexpr int tpPoints = 129;  // of a longer scale the first ones are shown and written back
 
@@ -31,6 +33,10 @@ struct D2Graph : Window {
   Canvas Picture1{*this, canvasWidth, canvasHeight};
   // On the canvas: read-out and axis text.
   Label Label1{*this}, Label2{*this};
+  std::array<PlacedLabel, 2> labelsOnCanvas() {
+    return {{{&Label1, 24, 24}, {&Label2, 10, 312, 521, 18}}};
+  }
+  PictureMenu pictureMenu{*this};
   Button Command1{*this, "OK"}, Command2{*this, "CANCEL"};
 };
 

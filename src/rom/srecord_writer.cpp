@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 
+#include "platform/numbers.h"
+
 namespace {
 
 constexpr std::size_t recordBytes = 32;
@@ -35,9 +37,7 @@ class Text {
 
  private:
   void byte(std::uint8_t value) {
-    constexpr char digits[] = "0123456789ABCDEF";
-    text_ += digits[value >> 4];
-    text_ += digits[value & 15];
+    text_ += hexDigits(value, 1);
     sum_ = static_cast<std::uint8_t>(sum_ + value);
   }
 

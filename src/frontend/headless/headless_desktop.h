@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "controls/desktop.h"
+#include "controls/print_job.h"
 
 class HeadlessDesktop : public Desktop {
  public:
@@ -30,6 +31,7 @@ class HeadlessDesktop : public Desktop {
   std::vector<FileDialog> openDialogs;
   std::vector<FileDialog> saveDialogs;
   std::vector<std::string> folderTitles;
+  std::vector<PrintJob> printJobs;
   std::vector<std::string> sounds;  // "once PATH", "looping PATH", "stop"
   std::vector<std::string> programs;
   std::vector<std::string> addresses;
@@ -76,6 +78,7 @@ class HeadlessDesktop : public Desktop {
   std::optional<ChosenFile> doChooseFileToOpen(const FileDialog& dialog) override;
   std::optional<ChosenFile> doChooseFileToSave(const FileDialog& dialog) override;
   std::string doChooseFolder(const std::string& title) override;
+  void doShowPages(const PrintJob& job) override { printJobs.push_back(job); }
 
  private:
   std::optional<ChosenFile> chosen(std::deque<std::string>& answers, const std::string& title);

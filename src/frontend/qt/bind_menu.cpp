@@ -148,5 +148,8 @@ void bind(QMenuBar* bar, MenuItem& root) {
 
 QMenu* menuOf(MenuItem& item, QWidget* owner) {
   const auto found = menus.find(&item);
-  return found != menus.end() ? found->second : makeMenu(item, owner);
+  if (found != menus.end()) return found->second;
+  QMenu* const menu = makeMenu(item, owner);
+  follow(menu->menuAction(), item);
+  return menu;
 }

@@ -1,6 +1,7 @@
 #include "frontend/qt/canvas_view.h"
 
 #include <QAccessibleWidget>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "frontend/qt/bind_controls.h"
+#include "frontend/qt/bind_menu.h"
 #include "frontend/qt/event_tap.h"
 #include "frontend/qt/key_text.h"
 #include "frontend/qt/look.h"
@@ -79,6 +81,8 @@ void paintLines(QPainter& painter, const std::vector<QLine>& lines, Colour colou
   painter.restore();
 }
 
+}  // namespace
+
 // Lines that follow one another in one colour are drawn in one call.
 void paintItems(QPainter& painter, const std::vector<CanvasItem>& items) {
   std::vector<QLine> lines;
@@ -99,6 +103,8 @@ void paintItems(QPainter& painter, const std::vector<CanvasItem>& items) {
   }
   drawLines();
 }
+
+namespace {
 
 // Assistive programs pass over a plain widget.
 QAccessibleInterface* canvasInterface(const QString&, QObject* object) {
@@ -181,9 +187,17 @@ void CanvasView::releaseHeldKey() {
 void CanvasView::mousePressEvent(QMouseEvent* event) {
   setFocus(Qt::MouseFocusReason);
   record_.userMouseDown();
+  if (event->button() == Qt::RightButton) return record_.userMenu();
   if (event->button() != Qt::LeftButton) return;
   const QPointF point = (event->position() - origin_) / scale_;
   record_.userClick(qFloor(point.x()), qFloor(point.y()));
+}
+
+// The mouse opened its menu at the press.
+void CanvasView::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() != QContextMenuEvent::Keyboard) return;
+  const MenuPlace place(mapToGlobal(rect().center()));
+  record_.userMenu();
 }
 
 void CanvasView::growWithRoom() {
@@ -265,26 +279,19 @@ bool CanvasFrame::event(QEvent* event) {
   return true;
 }
 
-QLabel* labelOn(CanvasView* canvas, Label& record, int x, int y) {
-  constexpr int fontPixels = 12;
+QLabel* labelOn(CanvasView* canvas, const PlacedLabel& placed) {
   auto* const label = new QLabel(canvas);
   label->setAttribute(Qt::WA_TransparentForMouseEvents);
-  canvas->onPlace([canvas, label, x, y] {
+  if (placed.width > 0) label->setAlignment(Qt::AlignCenter);
+  canvas->onPlace([canvas, label, placed] {
     QFont font = label->font();
-    font.setPixelSize(qRound(fontPixels * canvas->scale()));
+    font.setPixelSize(qRound(PictureBox::usualFont * canvas->scale()));
     label->setFont(font);
     label->adjustSize();
-    label->move(canvas->placeOf(QPointF(x, y)).toPoint());
+    label->move(canvas->placeOf(QPointF(placed.x, placed.y)).toPoint());
+    if (placed.width == 0) return;
+    label->setFixedSize((QSizeF(placed.width, placed.height) * canvas->scale()).toSize());
   });
-  bind(label, record);
-  return label;
-}
-
-QLabel* boxOn(CanvasView* canvas, Label& record, const QRect& place) {
-  QLabel* const label = labelOn(canvas, record, place.x(), place.y());
-  label->setAlignment(Qt::AlignCenter);
-  canvas->onPlace([canvas, label, size = place.size()] {
-    label->setFixedSize((QSizeF(size) * canvas->scale()).toSize());
-  });
+  bind(label, *placed.label);
   return label;
 }

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "controls/canvas.h"
-#include "controls/controls.h"
+#include "controls/canvas_picture.h"
 
 class QLabel;
 
@@ -35,6 +35,7 @@ class CanvasView : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -70,6 +71,7 @@ class CanvasFrame : public QScrollArea {
 };
 
 // Places a label on the canvas; presses go through it to the canvas.
-QLabel* labelOn(CanvasView* canvas, Label& record, int x, int y);
-// The same with a place of fixed size.
-QLabel* boxOn(CanvasView* canvas, Label& record, const QRect& place);
+QLabel* labelOn(CanvasView* canvas, const PlacedLabel& placed);
+
+// A drawing in the painter's own pixels.
+void paintItems(QPainter& painter, const std::vector<CanvasItem>& items);

@@ -58,6 +58,7 @@ class QtDesktop : public Desktop {
   std::optional<ChosenFile> doChooseFileToOpen(const FileDialog& dialog) override;
   std::optional<ChosenFile> doChooseFileToSave(const FileDialog& dialog) override;
   std::string doChooseFolder(const std::string& title) override;
+  void doShowPages(const PrintJob& job) override;
 
  private:
   // A window once made is kept, and shown again at its next opening.

@@ -1,4 +1,5 @@
-// What the desktop asks the user: message boxes, text prompt, file dialogs, folder chooser.
+// What the desktop asks the user: message boxes, text prompt, file dialogs, folder chooser, and the
+// pages before they are printed.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
@@ -19,6 +20,7 @@
 
 #include "core/wording.h"
 #include "frontend/qt/bind_controls.h"
+#include "frontend/qt/print.h"
 #include "frontend/qt/qt_desktop.h"
 #include "frontend/qt/text.h"
 
@@ -262,3 +264,5 @@ std::string QtDesktop::doChooseFolder(const std::string& title) {
   if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
   return stored(QDir::toNativeSeparators(box.selectedFiles().constFirst()));
 }
+
+void QtDesktop::doShowPages(const PrintJob& job) { showPreview(askingWindow(), job); }

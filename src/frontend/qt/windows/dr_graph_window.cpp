@@ -5,12 +5,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include "frontend/qt/bind_controls.h"
+#include "frontend/qt/bind_menu.h"
 #include "frontend/qt/bind_window.h"
 #include "frontend/qt/canvas_view.h"
 #include "frontend/qt/line_view.h"
@@ -21,21 +23,6 @@
 
 namespace {
 
-struct Place {
-  Label DrGraph::*label;
-  int x;
-  int y;
-};
-
-constexpr Place places[] = {
-    {&DrGraph::Label1, 8, 8},     {&DrGraph::Label2, 8, 32},    {&DrGraph::Label3, 8, 48},
-    {&DrGraph::Label4, 8, 64},    {&DrGraph::Label8, 8, 88},    {&DrGraph::Label9, 8, 180},
-    {&DrGraph::Label10, 8, 204},  {&DrGraph::Label11, 8, 228},  {&DrGraph::Label12, 8, 338},
-    {&DrGraph::Label19, 508, 34}, {&DrGraph::Label20, 508, 50},
-};
-constexpr QRect loadAxis(96, 357, 472, 18);
-constexpr QRect busyNotice(453, 6, 134, 18);
-constexpr QRect tip(140, 8, 300, 66);
 constexpr int listWidth = 44;
 
 void paintGround(QLabel* label, const QColor& colour) {
@@ -51,10 +38,10 @@ CanvasView* makeCanvas(DrGraph& form) {
   for (Line* line : {&form.Line1, &form.Line2, &form.Line3, &form.Line4}) {
     new LineView(*line, canvas);
   }
-  for (const Place& place : places) labelOn(canvas, form.*place.label, place.x, place.y);
-  boxOn(canvas, form.Label7, loadAxis);
-  paintGround(boxOn(canvas, form.Label17, busyNotice), QColor(32, 32, 32));
-  QLabel* const help = boxOn(canvas, form.Label13, tip);
+  for (const PlacedLabel& placed : form.labelsOnCanvas()) labelOn(canvas, placed);
+  const PlacedLabel busyNotice{&form.Label17, 453, 6, 134, 18}, tip{&form.Label13, 140, 8, 300, 66};
+  paintGround(labelOn(canvas, busyNotice), QColor(32, 32, 32));
+  QLabel* const help = labelOn(canvas, tip);
   help->setWordWrap(true);
   paintGround(help, QColor(32, 32, 32));
   return canvas;
@@ -158,6 +145,7 @@ QWidget* makeDrGraphWindow() {
   rows->addWidget(makeParameters(form));
   rows->addLayout(makeButtons(form));
   bind(new QTimer(window), form.Timer1);
+  window->addAction(menuOf(form.pictureMenu.menu, window)->menuAction());
   bindWindow(window, form);
   return window;
 }

@@ -113,9 +113,9 @@ GridView* addAirflow(QGridLayout* cells, Grid& map) {
   auto* const picture = new CanvasView(form.Picture2);
   picture->setFocusPolicy(Qt::NoFocus);
   picture->setObjectName(pictureName);
-  labelOn(picture, form.Label14, 32, 48);
-  labelOn(picture, form.Label21, 30, 6);
-  labelOn(picture, form.Label17, 32, 8);
+  labelOn(picture, {&form.Label14, 32, 48});
+  labelOn(picture, {&form.Label21, 30, 6});
+  labelOn(picture, {&form.Label17, 32, 8});
   cells->addWidget(new CanvasFrame(picture), 1, 0, corner);
   return view;
 }

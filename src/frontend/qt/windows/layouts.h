@@ -23,6 +23,7 @@ QWidget* makeInterpolateWindow();
 QWidget* makeDifferencesWindow();
 QWidget* makeEarlierStatesWindow();
 QWidget* makeAnyFormWindow();
+QWidget* makePrintWindow();
 QWidget* makeD2GraphWindow();
 QWidget* makeDrGraphWindow();
 QWidget* makeOddEvenWindow();

@@ -13,6 +13,7 @@
 #include "editing/map_copy.h"
 #include "editing/map_shift.h"
 #include "editing/smoothing.h"
+#include "exchange/print_dialog.h"
 #include "frontend/about.h"
 #include "frontend/environment.h"
 #include "frontend/qt/windows/layouts.h"
@@ -62,6 +63,7 @@ constexpr std::array layouts{
     Layout{recordOf<differencesWindow>, makeDifferencesWindow},
     Layout{recordOf<earlierStatesWindow>, makeEarlierStatesWindow},
     Layout{recordOf<anyFormWindow>, makeAnyFormWindow},
+    Layout{recordOf<printDialog>, makePrintWindow},
 };
 
 }  // namespace
