@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "imagefiles/earlier_states_window.h"
 #include "rom/srecord_writer.h"
 #include "support.h"
 
@@ -183,6 +184,30 @@ TEST_F(AnyForm, IsOfferedWhereTheOtherLoaderRefusesAndWhereTheFileChanged) {
   editorState.addressMap.typeUnit = "CAR";
   pick("load_any_form", {"gone.hex"});
   EXPECT_TRUE(told().ends_with("crowded.|*ERROR = [53]　Ill. DATA? gone.hex"));
+}
+
+TEST_F(AnyForm, AnEarlierStateGoesBackToTheFormAndTheAddressesOfItsFile) {
+  desk.userData = path("data");
+  const std::string text = ":01800000BBC4\r\n:01800400CCAF\r\n" + hexEnd;
+  open(text, "x.bin");
+  anyFormWindow.userEnter();
+  editorState.image[1] = 7;
+  desk.boxAnswers = {BoxAnswer::yes};
+  pick("load_bin_file", {"map.adr"});
+  told();
+  pick("earlier_states");
+  earlierStatesWindow.thisFileOnly.userToggle();
+  earlierStatesWindow.loadState.userClick();
+  EXPECT_EQ(editorState.image, (Bytes{0xBB, 7, 0xFF, 0xFF, 0xCC}));
+  EXPECT_EQ(editorState.savedImage, (Bytes{0xBB, 0xFF, 0xFF, 0xFF, 0xCC}));
+  pick("update_bin_file");
+  EXPECT_EQ(readText("x.bin"),
+            ":01800000BBC4\r\n:018001000777\r\n:01800400CCAF\r\n:00000001FF\r\n");
+  pick("earlier_states");
+  ASSERT_EQ(earlierStatesWindow.list.text(1, 4), "1") << "what the save replaced";
+  earlierStatesWindow.loadState.userClick();
+  pick("update_bin_file");
+  EXPECT_EQ(readText("x.bin"), ":01800000BBC4\r\n:01800400CCAF\r\n:00000001FF\r\n");
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "controls/desktop.h"
+#include "core/editor_state.h"
 #include "core/notices.h"
 #include "platform/clock.h"
 #include "platform/failure.h"
@@ -23,9 +24,31 @@ constexpr const char* noticeSubject = "earlier states";
 constexpr const char* title = "ZELKOVA earlier state 1";
 constexpr const char* pathKey = "\npath ";
 constexpr std::array<const char*, 3> kindNames{"overwritten", "given up", "unfinished"};
+constexpr const char* layoutKey = "\nlayout ";
+constexpr std::array<const char*, 3> formNames{"raw", "hex", "srec"};
 constexpr std::int64_t latestMoment = 9'999'999'999'999'999;  // that a name can tell
 
 bool told = false;
+
+std::string layoutText(const std::optional<StateLayout>& layout) {
+  if (!layout) return {};
+  return layoutKey + std::string(formNames[static_cast<std::size_t>(layout->form)]) + ' ' +
+         std::to_string(layout->base);
+}
+
+// What isn't one gives a text of its own that isn't the record's.
+std::optional<StateLayout> layoutIn(const std::string& text) {
+  const std::size_t key = text.find(layoutKey);
+  if (key == std::string::npos) return std::nullopt;
+  std::istringstream words(text.substr(key + std::string_view(layoutKey).size()));
+  std::string name;
+  StateLayout layout{ImageFileForm::raw, 0};
+  words >> name >> layout.base;
+  const auto form = std::ranges::find(formNames, name);
+  if (form == formNames.end()) return std::nullopt;
+  layout.form = static_cast<ImageFileForm>(form - formNames.begin());
+  return layout;
+}
 
 // Runs `step`; what fails in it is told once and stops nothing.
 template <class Step>
@@ -128,6 +151,13 @@ void addState(FileStore& store, EarlierState state, std::span<const std::uint8_t
   clearing = std::async(std::launch::async, dropOldest, store, listed.files);
 }
 
+// The image's own file holds it as it was loaded or last saved.
+StateRecord recordOf(const std::string& path) {
+  StateRecord record{fullPath(path)};
+  if (path == editorState.imagePath) record.layout = layoutOfImage();
+  return record;
+}
+
 // Keeps what stands at the targets of one replacement. The store is held until it is through, so
 // that two programs which save over one file at the same moment lose neither's bytes.
 class Keeper {
@@ -176,7 +206,7 @@ class Keeper {
     if (missing != 0) missing = trapFailure(read);
     if (missing != 0) throw Failure(missing);
     if (std::ranges::equal(bytes, target.file.bytes)) return;
-    const EarlierState state = newState({fullPath(target.file.path)}, bytes);
+    const EarlierState state = newState(recordOf(target.file.path), bytes);
     addState(store_, state, bytes, [&](const EarlierState& added) {
       store_.keepFile(added.file, textOf(added), bytes, target.path);
       kept_.emplace_back(added.file, bytes);
@@ -238,6 +268,12 @@ void keepState(const EarlierState& state, std::span<const std::uint8_t> bytes) {
            [&](const EarlierState& added) { store.keep(added.file, textOf(added), bytes); });
 }
 
+std::optional<StateLayout> layoutOfImage() {
+  const auto& layout = editorState.imageLayout;
+  if (!layout) return std::nullopt;
+  return StateLayout{layout->form, layout->base};
+}
+
 EarlierState newState(const StateRecord& record, std::span<const std::uint8_t> bytes) {
   return {{microsecondsNow(), hashOf(record.path), markOf(bytes)}, record};
 }
@@ -247,7 +283,8 @@ std::string textOf(const EarlierState& state) {
   const StoredFile& file = state.file;
   const std::string text = std::string(title) + "\nwhen " + std::to_string(file.when) + "\nwhy " +
                            kindNames[static_cast<std::size_t>(state.record->kind)] +
-                           (state.record->oneHalf ? ", one half" : "") + "\nbytes " +
+                           (state.record->oneHalf ? ", one half" : "") +
+                           layoutText(state.record->layout) + "\nbytes " +
                            std::to_string(file.mark.size) + "\nchecksum " + hex64(file.mark.hash) +
                            pathKey + state.record->path + '\n';
   return text + hex64(hashOf(text)) + '\n';
@@ -260,6 +297,7 @@ std::optional<StateRecord> recordIn(const std::string& text, const StoredFile& f
   const std::size_t from = key + std::string_view(pathKey).size();
   if (key == std::string::npos || text.size() < from + endLength) return std::nullopt;
   StateRecord record{text.substr(from, text.size() - endLength - from)};
+  record.layout = layoutIn(text.substr(0, key));
   if (!isAbsolutePath(record.path) || hashOf(record.path) != file.subject) return std::nullopt;
   for (std::size_t kind = 0; kind < kindNames.size(); ++kind) {
     for (const bool half : {false, true}) {

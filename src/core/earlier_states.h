@@ -13,15 +13,23 @@
 
 #include "platform/file_store.h"
 #include "platform/files.h"
+#include "rom/image_reading.h"
 
 // Why a state was kept: a save replaced the file; the image was given up; the program ended
 // without being asked to. The first is a file as it stood, the others are images.
 enum class StateKind { overwritten, givenUp, unfinished };
 
+// Where an image lies in a file whose name doesn't tell it.
+struct StateLayout {
+  ImageFileForm form;
+  std::uint32_t base;
+};
+
 struct StateRecord {
   std::string path;  // of the user's file, from the root on
   StateKind kind = StateKind::overwritten;
   bool oneHalf = false;  // an image whose path names one half of a pair
+  std::optional<StateLayout> layout = {};
 };
 
 struct EarlierState {
@@ -48,6 +56,8 @@ void forgetState(const EarlierState& state);
 void replaceUserFile(const std::string& path, std::span<const std::uint8_t> bytes);
 void replaceUserFiles(std::span<const FileContent> files);
 
+// The layout of the image that is loaded.
+std::optional<StateLayout> layoutOfImage();
 // Keeps the bytes, unless they are those of the path's newest state. Throws Failure.
 void keepState(const EarlierState& state, std::span<const std::uint8_t> bytes);
 // A state of this moment.

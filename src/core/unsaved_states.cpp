@@ -64,7 +64,8 @@ void forgetUnfinished() {
 
 std::optional<StateRecord> recordOfImage(StateKind kind) {
   if (editorState.imagePath.empty() || editorState.image.empty() || !hasEarlierStates()) return {};
-  return StateRecord{fullPath(editorState.imagePath), kind, editorState.imageIsOneHalf};
+  return StateRecord{fullPath(editorState.imagePath), kind, editorState.imageIsOneHalf,
+                     layoutOfImage()};
 }
 
 // As a save would write it, also while no write-back is followed.

@@ -1,5 +1,6 @@
 #include "imagefiles/earlier_images.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -18,23 +19,51 @@
 #include "imagefiles/image_forms.h"
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "rom/image_reading.h"
+#include "rom/image_writing.h"
 
 namespace {
 
 const Wording copyTitle{"以前の状態のコピーを保存", "Save a copy of an earlier state"};
 
-RomImage decoded(const std::string& path, RomImage fileBytes) {
-  const ImageForm* const named = imageFormOf(path);
-  return (named ? *named : rawImages).decode(std::move(fileBytes));
+// How it lies in the file, too, if the file's name doesn't tell it.
+struct Decoded {
+  RomImage image;
+  std::optional<FileLayout> layout = {};
+};
+
+Decoded decodedByContent(const StateLayout& layout, const RomImage& fileBytes) {
+  try {
+    const ImageContent content = readImageContent(fileBytes);
+    if (content.form != layout.form) throw Failure(badSubscript);
+    return {bytesFrom(content, layout.base), layoutOf(content, layout.base)};
+  } catch (const ImageFault&) {
+    throw Failure(badSubscript);
+  }
+}
+
+Decoded decoded(const StateRecord& record, RomImage fileBytes) {
+  if (record.layout) return decodedByContent(*record.layout, fileBytes);
+  const ImageForm* const named = imageFormOf(record.path);
+  return {(named ? *named : rawImages).decode(std::move(fileBytes))};
 }
 
 // A file that is gone or no image holds nothing that counts as saved; nor does one half of a pair.
-RomImage imageOnDisk(const StateRecord& record) {
-  RomImage image;
+Decoded imageOnDisk(const StateRecord& record) {
+  Decoded found;
   watchFiles({});
-  if (record.oneHalf) return image;
-  trapFailure([&] { image = decoded(record.path, readWatched(record.path)); });
-  return image;
+  if (record.oneHalf) return found;
+  trapFailure([&] { found = decoded(record, readWatched(record.path)); });
+  return found;
+}
+
+// Where the state is a file its own gaps count, else those of the file on disk.
+std::optional<FileLayout> layoutFor(const EarlierState& state,
+                                    const std::optional<FileLayout>& onDisk) {
+  const StateRecord& record = *state.record;
+  if (!record.layout) return std::nullopt;
+  if (record.kind == StateKind::overwritten) return decoded(record, bytesOf(state)).layout;
+  return onDisk ? onDisk : FileLayout{record.layout->form, record.layout->base};
 }
 
 // The image is there before the former one is given up.
@@ -49,7 +78,9 @@ void loadSteps(const EarlierState& state) {
   showOperation("READ");
   const StateRecord& record = *state.record;
   takeImage(std::move(image));
-  editorState.savedImage = imageOnDisk(record);
+  Decoded onDisk = imageOnDisk(record);
+  editorState.savedImage = std::move(onDisk.image);
+  editorState.imageLayout = layoutFor(state, onDisk.layout);
   keepChosen({record.path, fileNameOf(record.path)});
   nameImage();
   editorState.imageIsOneHalf = record.oneHalf;
@@ -75,7 +106,7 @@ void saveSteps(const EarlierState& state) {
 RomImage imageOf(const EarlierState& state) {
   RomImage bytes = bytesOf(state);
   const bool isFile = state.record && state.record->kind == StateKind::overwritten;
-  return isFile ? decoded(state.record->path, std::move(bytes)) : bytes;
+  return isFile ? decoded(*state.record, std::move(bytes)).image : bytes;
 }
 
 void loadEarlierState(const EarlierState& state) {
