@@ -6,6 +6,8 @@
 
 #include "editing/add_multiply.h"
 #include "editing/cell_change_dialogs.h"
+#include "editing/map_copy.h"
+#include "editing/map_shift.h"
 #include "editing/smoothing.h"
 #include "scratch_folder.h"
 #include "support.h"
@@ -93,6 +95,32 @@ TEST_F(Batch, ShowsMapsBesideTheirScales) {
   EXPECT_EQ(csv.out, expected);
 }
 
+TEST_F(Batch, TellsWhatItWroteAsJsonAndReportsInBothLanguages) {
+  const std::string entry = R"({
+  "file": "c.hex",
+  "form": "hex",
+  "size": 32,
+  "from": [
+    "a.bin"
+  ]
+})";
+  EXPECT_EQ(run("convert a.bin c.hex --json").out, "[" + entry + "]\n");
+  const Outcome several = run("info nothing.bin a.bin other.bin --json");
+  EXPECT_EQ(several.code, 2);
+  EXPECT_TRUE(several.out.starts_with("[{") && several.out.ends_with("}]\n")) << several.out;
+  EXPECT_EQ(run("info nothing.bin --json").out, "[]\n");
+  EXPECT_EQ(run("convert a.bin - --to raw --json").error,
+            "zelkova-batch: --json tells on standard output: name a file for the result\n");
+  for (const auto& [language, caption] : {std::pair("en", "Single values"), {"ja", "単独の値"}}) {
+    const std::string name = std::string(language) + ".html";
+    const Outcome outcome = run("report a.bin --map car.adr -o " + name + " --lang " + language);
+    EXPECT_EQ(outcome.code, 0) << outcome.error;
+    const std::string page = textOf(name.c_str());
+    EXPECT_NE(page.find(caption), std::string::npos) << page;
+    EXPECT_EQ(page.find(" cc"), std::string::npos) << "no engine is known";
+  }
+}
+
 TEST_F(Batch, EveryFormComesBackTheSame) {
   const Bytes image = patternImage(32);
   for (const char* steps : {"convert a.bin x.srec && BATCH convert x.srec x.hex && BATCH convert - "
@@ -115,6 +143,7 @@ TEST_F(Batch, EveryFormComesBackTheSame) {
 // Random gestures in the windows, and the same as lines of a script.
 class Script : public ProgramTest {
  protected:
+  bool chance() { return random() % 2 == 0; }
   int upTo(int most) { return static_cast<int>(random() % static_cast<unsigned>(most)) + 1; }
 
   // Selects some cells of a map; gives them as a script names them.
@@ -143,7 +172,29 @@ class Script : public ProgramTest {
     const std::array kinds{HIGH_FUEL, REG_FUEL, ADD_MAP1, VQ_MAP};
     const MapKind& kind = *findMapKind(kinds[random() % kinds.size()]);
     const std::string cells = select(kind);
-    switch (random() % 6) {
+    switch (random() % 9) {
+      case 5: {
+        pick("DT_SFT");
+        const bool left = chance(), along = kind.id == HIGH_FUEL && chance();
+        (left ? form11.Option1 : form11.Option2).userSelect();
+        if (form11.Check1.checked() != along) form11.Check1.userToggle();
+        form11.userEnter();
+        if (kind.id == VQ_MAP) return "# words can't be shifted";
+        return std::string("shift ") + kind.keyword + (left ? " left" : " right") +
+               (along ? " scale" : "");
+      }
+      case 6: {
+        pick("F_F");
+        const bool forward = chance();
+        (forward ? form3.Option1 : form3.Option2).userSelect();
+        form3.userEnter();
+        return forward ? "copy HIGH_FUEL REG_FUEL" : "copy REG_FUEL HIGH_FUEL";
+      }
+      case 7: {
+        const std::string rpm = std::to_string(upTo(60000));
+        typeOver(form1().Text4, rpm);
+        return "parameter REV1_LIMIT " + rpm;
+      }
       case 0:
         return "add " + cells + " " + changeBelow("add_dec", form7, std::to_string(upTo(60) - 30));
       case 1:
@@ -205,8 +256,12 @@ TEST_F(Script, GivesWhatTheSameGesturesGive) {
 TEST_F(Batch, AScriptIsDoneWholeOrNotAtAll) {
   const std::pair<const char*, const char*> table[] = {
       {"paint HIGH_FUEL * 1",
-       "unknown command \"paint\"; there are set, add, multiply, percent, interpolate, smooth and "
-       "parameter"},
+       "unknown command \"paint\"; there are set, add, multiply, percent, interpolate, smooth, "
+       "shift, copy and parameter"},
+      {"copy HIGH_FUEL TP_SCALE_FUEL", "TP_SCALE_FUEL is not the counterpart of HIGH_FUEL"},
+      {"shift TP_SCALE_FUEL left", "TP_SCALE_FUEL can't be shifted"},
+      {"shift HIGH_FUEL up",
+       "shift takes a map, left or right, and \"scale\" to take the load scale along"},
       {"set HIGH_FUEL 3,1 1", "\"3\" is no range of 1 to 2"},
       {"set HIGH_FUEL 1-2 1", "\"1-2\" is no ROWS,COLUMNS"},
       {"set VQ_MAP * 1", "the address map doesn't have VQ_MAP"},

@@ -50,6 +50,21 @@ void copyMap(MapId source, MapId target) {
   if (to.present()) drawMap(target);
 }
 
+void writeBackBefore(const MapCopy& design) {
+  for (const MapId id : design.writtenBack) {
+    if (isPresent(id)) writeMapBack(id);
+  }
+}
+
+void copyPair(MapId source, MapId target) {
+  copyMap(source, target);
+  showAfterEffect(*findMapKind(target));
+}
+
+bool canCopy(const MapCopy& design, const MapPair& pair) {
+  return !design.needsBothMaps || (isPresent(pair.first) && isPresent(pair.second));
+}
+
 }  // namespace
 
 MapCopyDialog form3{fuelAndIgnition};
@@ -78,22 +93,17 @@ void MapCopyDialog::fillCheck(CheckBox& check, std::size_t pair) {
   check.setCaption(captioned(design_.checks[pair]));
   check.setToolTip(captioned(design_.hints[pair]));
   check.setChecked(true);
-  check.setEnabled(!design_.needsBothMaps || (isPresent(maps.first) && isPresent(maps.second)));
+  check.setEnabled(canCopy(design_, maps));
 }
 
 void MapCopyDialog::copyPairs() {
   const GridsPause pause;
-  for (const MapId id : design_.writtenBack) {
-    if (isPresent(id)) writeMapBack(id);
-  }
+  writeBackBefore(design_);
   const std::array<const CheckBox*, 2> checks{&Check1, &Check2};
   for (std::size_t i = 0; i < checks.size(); ++i) {
     if (!checks[i]->checked() || !checks[i]->enabled()) continue;
     const auto [first, second] = design_.pairs[i];
-    const bool forward = Option1.selected();
-    const MapId target = forward ? second : first;
-    copyMap(forward ? first : second, target);
-    showAfterEffect(*findMapKind(target));
+    Option1.selected() ? copyPair(first, second) : copyPair(second, first);
   }
 }
 
@@ -102,6 +112,21 @@ void MapCopyDialog::accept() {
   nameStep({"データコピー", "data copy"});
   setProgress(-1);
   closeDialog(*this);
+}
+
+bool copyOverCounterpart(MapId source, MapId target) {
+  for (const MapCopy* design : {&fuelAndIgnition, &scales}) {
+    for (const MapPair& pair : design->pairs) {
+      const bool isIt = (pair.first == source && pair.second == target) ||
+                        (pair.second == source && pair.first == target);
+      if (!isIt || !canCopy(*design, pair)) continue;
+      const GridsPause pause;
+      writeBackBefore(*design);
+      copyPair(source, target);
+      return true;
+    }
+  }
+  return false;
 }
 
 void F_F() { openDialog(form3); }

@@ -52,6 +52,10 @@ struct MapCopyDialog : Window {
 extern MapCopyDialog form3;
 extern MapCopyDialog form4;
 
+// Copies a map over its counterpart, as the dialog with this pair alone ticked. False where the two
+// are no pair that can be copied.
+bool copyOverCounterpart(MapId source, MapId target);
+
 // The menu commands.
 void F_F();
 void T_R();

@@ -31,10 +31,7 @@ void shiftScale(const MapKind& scale, int mapColumns) {
 void shiftMapOfTab(int tab) {
   const MapKind* const kind = mapKindOfTab(tab);
   if (!kind || !kind->isByteMap() || !entryOf(*kind).present()) return;
-  const MapEntry& entry = entryOf(*kind);
-  MAP_SHIFT(*kind, entry.columns, entry.rows);
-  const MapKind* const scale = loadScaleBeside(tab);
-  if (scale && form11.Check1.checked()) shiftScale(*scale, entry.columns);
+  shiftMap(*kind, form11.Check1.checked());
 }
 
 }  // namespace
@@ -57,6 +54,13 @@ void Form11::fill() {
   directions.select(&Option1);
   Check1.setChecked(true);
   Check1.setEnabled(loadScaleBeside(editorState.currentTab) != nullptr);
+}
+
+void shiftMap(const MapKind& kind, bool alongScale) {
+  const MapEntry& entry = entryOf(kind);
+  MAP_SHIFT(kind, entry.columns, entry.rows);
+  const MapKind* const scale = loadScaleBeside(kind.tab);
+  if (scale && alongScale) shiftScale(*scale, entry.columns);
 }
 
 void MAP_SHIFT(const MapKind& kind, int columns, int rows) {

@@ -30,6 +30,9 @@ void DT_SFT();
 // The dialog's OK: shifts the map of the current tab as the dialog says. An absent map stays.
 void shiftCommand();
 
+// Shifts a byte map as the dialog's direction says, and the load scale beside it if `alongScale`.
+void shiftMap(const MapKind& kind, bool alongScale);
+
 // Shifts the cells of a map's grid from row 1 to `rows` and column 1 to `columns` in the direction
 // that the dialog's options tell. The current cell ends on the cell written last.
 void MAP_SHIFT(const MapKind& kind, int columns, int rows);

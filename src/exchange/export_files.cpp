@@ -38,11 +38,13 @@ std::string overview() {
   text += rowOf(captioned({"ROMデータ", "Image"}), editorState.imageTitle + ", " +
                                                        std::to_string(editorState.imageSize) +
                                                        captioned({" バイト", " bytes"}));
-  text += rowOf(captioned({"仕様", "Engine"}), std::to_string(editorState.displacement) + " cc, " +
-                                                   std::to_string(editorState.cylinders) +
-                                                   captioned({" 気筒, ", " cylinders, "}) +
-                                                   std::to_string(editorState.injectorSize) +
-                                                   captioned({" cc 噴射", " cc injectors"}));
+  if (editorState.cylinders != 0) {
+    text += rowOf(
+        captioned({"仕様", "Engine"}),
+        std::to_string(editorState.displacement) + " cc, " + std::to_string(editorState.cylinders) +
+            captioned({" 気筒, ", " cylinders, "}) + std::to_string(editorState.injectorSize) +
+            captioned({" cc 噴射", " cc injectors"}));
+  }
   text += rowOf(captioned({"日時", "Written"}), localTime("%Y-%m-%d %H:%M"));
   return text + "</table>\n";
 }

@@ -31,6 +31,7 @@ constexpr const char* scripts =
     "  add HIGH_FIRE *,16 -2              multiply REG_FUEL * 0.97\n"
     "  interpolate HIGH_FUEL * both       (across, down or both; [even])\n"
     "  smooth HIGH_FUEL 2-9,2-9           parameter REV1_LIMIT 7200\n"
+    "  shift HIGH_FUEL left [scale]       copy HIGH_FUEL REG_FUEL\n"
     "\"below N\" at the end leaves larger numbers alone; \"#\" begins a comment.";
 
 // CLI11 knows no "&H"; "0x" and decimal numbers are taken as well.
@@ -78,6 +79,7 @@ class CommandLine {
     app->add_option("--into", arguments_.folder,
                     "the folder for the results; every name is a file to convert then");
     force(app);
+    json(app);
 
     app = add("split", "an image into the odd and the even half of a pair", split);
     files(app, {"IMAGE", "ODD", "EVEN"});
@@ -95,6 +97,7 @@ class CommandLine {
     app->add_option("--script", arguments_.script, "one command a line")->required();
     to(app);
     output(app)->required();
+    json(app);
     app->footer(scripts);
 
     app = add("take", "carry maps and parameters from one image into another", take);
@@ -103,6 +106,14 @@ class CommandLine {
     maps(app);
     to(app);
     output(app)->required();
+    json(app);
+
+    app = add("report", "a page with all maps and parameters, for any browser", report);
+    files(app, {"IMAGE"});
+    map(app, true);
+    output(app)->required();
+    json(app);
+    language(app);
   }
 
   int run(std::vector<std::string> texts) {
@@ -155,6 +166,11 @@ class CommandLine {
         ->transform(CLI::CheckedTransformer(names, CLI::ignore_case));
     json(app);
   }
+  void language(CLI::App* app) {
+    const std::map<std::string, bool> names{{"en", false}, {"ja", true}};
+    app->add_option("--lang", arguments_.japanese, "captions in English (en) or Japanese (ja)")
+        ->transform(CLI::CheckedTransformer(names, CLI::ignore_case));
+  }
   void json(CLI::App* app) { app->add_flag("--json", json_, "results as JSON"); }
   void to(CLI::App* app) {
     app->add_option("--to", arguments_.form, "raw, hex or srec; else what the name tells");
@@ -167,6 +183,7 @@ class CommandLine {
   void pair(CLI::App* app) {
     app->add_option("--kbit", arguments_.kbit, "the size of the whole image; else all of it");
     force(app);
+    json(app);
   }
 
   CLI::App app_{"What tuners do with many images of engine control units at once.",

@@ -21,6 +21,7 @@ struct Arguments {
   std::string form;
   Format format = Format::table;
   bool hex = false;
+  bool japanese = false;  // captions
   WhenThere whenThere = WhenThere::refuse;
   std::optional<std::uint32_t> base;
   int kbit = 0;  // of both halves of a pair together; 0: the image's own size
@@ -35,6 +36,7 @@ int split(const Arguments& arguments);
 int join(const Arguments& arguments);
 int apply(const Arguments& arguments);
 int take(const Arguments& arguments);
+int report(const Arguments& arguments);
 
 // The maps that keywords name, in their order; all that the model has for none. An unknown keyword
 // and a map that the model lacks are trouble.

@@ -43,10 +43,6 @@ int check(const Arguments& arguments) {
     return FileResult{json ? jsonOf(name, problems).dump(2) : inWords(name, problems), "",
                       problems.empty() ? fine : different};
   });
-  if (json) {
-    for (std::size_t i = 0; i + 1 < results.size(); ++i) results[i].text += ",\n";
-    results.front().text = "[" + results.front().text;
-    results.back().text += "]\n";
-  }
+  if (json) joinAsJson(results);
   return tellResults(results);
 }

@@ -3,6 +3,7 @@
 
 #include "frontend/batch/batch_commands.h"
 #include "frontend/batch/many_files.h"
+#include "frontend/batch/written_files.h"
 #include "platform/files.h"
 #include "rom/map_traits.h"
 #include "rom/map_values.h"
@@ -29,9 +30,10 @@ std::string inFolder(const Arguments& arguments, const std::string& path, ImageF
 
 FileResult convertOne(const Arguments& arguments, const std::string& from, const std::string& to,
                       ImageFileForm form) {
+  requireRoomForJson(arguments, to);
   const ImageFile file = readImage(from, arguments.base);
   writeWhole(to, encoded(file.image, form, file.base), arguments.whenThere);
-  return {};
+  return tellOf(arguments, {{from}, to, nameOf(form), file.image.size()});
 }
 
 // Two files of one folder must not become one.
@@ -48,9 +50,9 @@ int convertMany(const Arguments& arguments) {
     names.push_back(inFolder(arguments, each, form));
   }
   requireNamesOnce(names);
-  return tellResults(forEachFile(names.size(), [&](std::size_t i) {
-    return convertOne(arguments, arguments.images[i], names[i], form);
-  }));
+  return tellWritten(arguments, forEachFile(names.size(), [&](std::size_t i) {
+                       return convertOne(arguments, arguments.images[i], names[i], form);
+                     }));
 }
 
 // The bytes of the whole image that a pair stands for.
@@ -70,8 +72,8 @@ int convert(const Arguments& arguments) {
     throw Trouble("convert takes IN and OUT, or --into FOLDER --to FORM and any number of files");
   }
   const std::string& to = arguments.images[1];
-  convertOne(arguments, arguments.images[0], to, formOf(arguments, to));
-  return fine;
+  return tellWritten(arguments,
+                     {convertOne(arguments, arguments.images[0], to, formOf(arguments, to))});
 }
 
 int split(const Arguments& arguments) {
@@ -90,10 +92,14 @@ int split(const Arguments& arguments) {
                   " is there already: name another file, or replace it with "
                   "--force");
   }
+  std::vector<FileResult> results;
   for (std::size_t i = 0; i < 2; ++i) {
-    writeWhole(arguments.images[1 + i], encoded(halves[i], form, 0), arguments.whenThere);
+    const std::string& to = arguments.images[1 + i];
+    requireRoomForJson(arguments, to);
+    writeWhole(to, encoded(halves[i], form, 0), arguments.whenThere);
+    results.push_back(tellOf(arguments, {{file.path}, to, nameOf(form), halves[i].size()}));
   }
-  return fine;
+  return tellWritten(arguments, std::move(results));
 }
 
 int join(const Arguments& arguments) {
@@ -109,8 +115,11 @@ int join(const Arguments& arguments) {
   Bytes image(bytes);
   for (std::size_t i = 0; i < bytes; ++i) image[i] = halves[i % 2].image[i / 2];
   const std::string& to = arguments.images[2];
-  writeWhole(to, encoded(image, formOf(arguments, to), 0), arguments.whenThere);
-  return fine;
+  const ImageFileForm form = formOf(arguments, to);
+  requireRoomForJson(arguments, to);
+  writeWhole(to, encoded(image, form, 0), arguments.whenThere);
+  return tellWritten(
+      arguments, {tellOf(arguments, {{halves[0].path, halves[1].path}, to, nameOf(form), bytes})});
 }
 
 int take(const Arguments& arguments) {
@@ -135,6 +144,9 @@ int take(const Arguments& arguments) {
   const ImageFileForm form = arguments.form.empty() && !formNamed(arguments.output)
                                  ? to.content.form
                                  : formOf(arguments, arguments.output);
+  requireRoomForJson(arguments, arguments.output);
   writeWhole(arguments.output, encoded(to.image, form, to.base), arguments.whenThere);
-  return fine;
+  return tellWritten(
+      arguments,
+      {tellOf(arguments, {arguments.images, arguments.output, nameOf(form), to.image.size()})});
 }

@@ -91,10 +91,6 @@ int diff(const Arguments& arguments) {
     if (others > 1 && !json && !result.text.empty()) result.text = now.path + "\n" + result.text;
     return result;
   });
-  if (json) {
-    for (std::size_t i = 0; i + 1 < results.size(); ++i) results[i].text += ",\n";
-    results.front().text = "[" + results.front().text;
-    results.back().text += "]\n";
-  }
+  if (json) joinAsJson(results);
   return tellResults(results);
 }

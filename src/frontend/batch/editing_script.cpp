@@ -17,8 +17,12 @@
 #include "core/rom_image.h"
 #include "editing/add_multiply.h"
 #include "editing/cell_changes.h"
+#include "editing/map_copy.h"
+#include "editing/map_shift.h"
 #include "editing/smoothing.h"
+#include "exchange/export_files.h"
 #include "frontend/headless/headless_desktop.h"
+#include "frontend/languages.h"
 #include "platform/numbers.h"
 #include "platform/text_encoding.h"
 #include "rom/address_items.h"
@@ -202,6 +206,39 @@ void parameter(const Words& words) {
   (form1().*kind->box).setText(words[2]);
 }
 
+// "shift HIGH_FUEL left scale"
+void shift(const Words& words) {
+  const bool left = words.size() > 2 && words[2] == "left";
+  const bool right = words.size() > 2 && words[2] == "right";
+  const bool scale = words.size() == 4 && words[3] == "scale";
+  if (!(left || right) || words.size() > (scale ? 4U : 3U)) {
+    refuse("shift takes a map, left or right, and \"scale\" to take the load scale along");
+  }
+  const MapKind& kind = mapNamed(words[1]);
+  if (!kind.isByteMap()) refuse(words[1] + " can't be shifted");
+  if (scale && !loadScaleBeside(kind.tab)) refuse(words[1] + " has no load scale beside it");
+  form11.directions.select(left ? &form11.Option1 : &form11.Option2);
+  shiftMap(kind, scale);
+}
+
+// "copy HIGH_FUEL REG_FUEL"
+void copy(const Words& words) {
+  if (words.size() != 3) refuse("copy takes a map and its counterpart");
+  const MapKind& source = mapNamed(words[1]);
+  const MapKind& target = mapNamed(words[2]);
+  if (!copyOverCounterpart(source.id, target.id)) {
+    refuse(words[2] + " is not the counterpart of " + words[1]);
+  }
+}
+
+// Commands without cells.
+struct WholeCommand {
+  const char* name;
+  void (*run)(const Words& words);
+};
+constexpr std::array<WholeCommand, 3> wholeCommands{
+    {{"parameter", parameter}, {"shift", shift}, {"copy", copy}}};
+
 struct Command {
   const char* name;
   void (*run)(Line& line);
@@ -214,12 +251,14 @@ constexpr std::array<Command, 6> commands{{{"set", set},
                                            {"smooth", smooth}}};
 
 void run(const Words& words) {
-  if (words.front() == "parameter") return parameter(words);
-  const auto named = [&](const Command& each) { return words.front() == each.name; };
+  const auto named = [&](const auto& each) { return words.front() == each.name; };
+  const auto whole = std::ranges::find_if(wholeCommands, named);
+  if (whole != wholeCommands.end()) return whole->run(words);
   const auto command = std::ranges::find_if(commands, named);
   if (command == commands.end()) {
     refuse("unknown command \"" + words.front() +
-           "\"; there are set, add, multiply, percent, interpolate, smooth and parameter");
+           "\"; there are set, add, multiply, percent, interpolate, smooth, shift, copy and "
+           "parameter");
   }
   Line line(words);
   command->run(line);
@@ -231,7 +270,6 @@ void requireNoBox(const HeadlessDesktop& desktop) {
 }
 
 void load(const Bytes& image, const std::string& mapText) {
-  editorState.english = 1;
   editorState.gridColorRate = 1;
   takeItems(mapText, editorState.lines, editorState.lineCount);
   applyAddressMap(
@@ -256,6 +294,7 @@ Bytes edited(const Bytes& image, const std::string& mapText, const std::string& 
   HeadlessDesktop desktop;
   useDesktop(&desktop);
   std::size_t number = 0;
+  editorState.english = 1;
   try {
     load(image, mapText);
     requireNoBox(desktop);
@@ -275,4 +314,18 @@ Bytes edited(const Bytes& image, const std::string& mapText, const std::string& 
   }
   useDesktop(nullptr);
   return editorState.image;
+}
+
+std::string reportOf(const Bytes& image, const std::string& mapText, const std::string& title,
+                     bool japanese) {
+  HeadlessDesktop desktop;
+  useDesktop(&desktop);
+  editorState.english = japanese ? 0 : 1;
+  CHANGE_CAPT(editorState.english);
+  load(image, mapText);
+  requireNoBox(desktop);
+  editorState.imageTitle = title;
+  const std::string page = reportText();
+  useDesktop(nullptr);
+  return page;
 }

@@ -110,16 +110,12 @@ int info(const Arguments& arguments) {
     const Json value = infoOf(readImage(arguments.images[i], arguments.base), map);
     return FileResult{json ? value.dump(2) : inWords(value), "", fine};
   });
-  const bool many = results.size() > 1;
-  std::string separator;
-  for (FileResult& each : results) {
-    if (each.text.empty()) continue;
-    each.text = separator + each.text;
-    separator = json ? ",\n" : many ? "\n" : "";
-  }
-  if (json && !results.empty()) {
-    results.front().text = "[" + results.front().text;
-    results.back().text += "]\n";
+  if (json) {
+    joinAsJson(results);
+  } else {
+    for (std::size_t i = 1; i < results.size(); ++i) {
+      if (!results[i].text.empty()) results[i].text = "\n" + results[i].text;
+    }
   }
   return tellResults(results);
 }

@@ -49,6 +49,16 @@ std::vector<FileResult> forEachFile(std::size_t count,
   return results;
 }
 
+void joinAsJson(std::vector<FileResult>& results) {
+  std::string before = "[";
+  for (FileResult& each : results) {
+    if (each.text.empty()) continue;
+    each.text = before + each.text;
+    before = ",\n";
+  }
+  if (!results.empty()) results.back().text += before == "[" ? "[]\n" : "]\n";
+}
+
 int tellResults(const std::vector<FileResult>& results) {
   int code = fine;
   for (const FileResult& each : results) {

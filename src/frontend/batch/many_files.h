@@ -18,5 +18,8 @@ struct FileResult {
 std::vector<FileResult> forEachFile(std::size_t count,
                                     const std::function<FileResult(std::size_t)>& work);
 
+// Makes one JSON list of the texts; files that brought trouble are not in it.
+void joinAsJson(std::vector<FileResult>& results);
+
 // Puts out what came of each file; gives the largest code.
 int tellResults(const std::vector<FileResult>& results);
