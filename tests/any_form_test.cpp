@@ -157,6 +157,21 @@ TEST_F(AnyForm, SavesBackInItsFormAndToItsAddressesOrNotAtAll) {
   }
 }
 
+TEST_F(AnyForm, SaysWhatTheOtherLoaderDoesNotLookAt) {
+  const std::pair<std::string, std::string> table[] = {
+      {":01000000AA55\r\n:01000100BB43\r\n", ""},
+      {":01000000AA55\r\n:01000200BB42\r\n",
+       "By its addresses x.hex holds something else than Load (IntelHEX) read."},
+      {":01000000AA55\r\n:01000100BB44\r\n",
+       "x.hex is damaged, which Load (IntelHEX) doesn't look at. Line 2: a wrong checksum."}};
+  for (const auto& [records, notice] : table) {
+    writeText("x.hex", records + ":00000001FF\r\n");
+    pick("LOAD_IntelHEX_FILE", {"x.hex"});
+    EXPECT_EQ(editorState.image, (Bytes{0xAA, 0xBB})) << "as ever";
+    EXPECT_EQ(shown(), notice);
+  }
+}
+
 TEST_F(AnyForm, IsOfferedWhereTheOtherLoaderRefusesAndWhereTheFileChanged) {
   writeText("lf.hex", ":01000000AA55\n" + hexEnd);
   pick("LOAD_IntelHEX_FILE", {"lf.hex"});

@@ -76,16 +76,12 @@ void tellWhetherMapFits() {
                    " outside the image" + size.english + ": " + outside.names}});
 }
 
-void tellOtherWayIn(const std::string& name, const std::function<void()>& loadIt) {
-  tellNotice({contentsSubject,
-              NoticeKind::warning,
-              {"「読み込み(IntelHEX)」では" + name +
-                   "を読めません。「交換 > 任意の形式の読み込み」なら読めるかもしれません。",
-               "Load (IntelHEX) can't take " + name + "; Exchange > Load any form may."},
-              {{{"任意の形式", "Load any form"}, [loadIt] {
-                  withdrawContents();
-                  loadIt();
-                }}}});
+void tellOtherWayIn(const BothTexts& what, const std::function<void()>& loadIt) {
+  tellNotice(
+      {contentsSubject, NoticeKind::warning, what, {{{"任意の形式", "Load any form"}, [loadIt] {
+                                                       withdrawContents();
+                                                       loadIt();
+                                                     }}}});
 }
 
 void withdrawContents() { withdrawNotice(contentsSubject); }

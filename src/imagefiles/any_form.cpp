@@ -234,6 +234,27 @@ void offerAnyForm(const std::string& path, int failure) {
   if (failure != badSubscript) return;
   trapFailure([&] {
     if (imageFileForm(readFile(path, lookedAt)) == ImageFileForm::raw) return;
-    tellOtherWayIn(fileNameOf(path), [path] { loadAnyFormFrom(path); });
+    const std::string name = fileNameOf(path);
+    tellOtherWayIn({"「読み込み(IntelHEX)」では" + name +
+                        "を読めません。「交換 > 任意の形式の読み込み」なら読めるかもしれません。",
+                    "Load (IntelHEX) can't take " + name + "; Exchange > Load any form may."},
+                   [path] { loadAnyFormFrom(path); });
   });
+}
+
+void tellIfReadOtherwise(const std::string& path, const RomImage& records) {
+  if (imageFileForm(records) == ImageFileForm::raw) return;
+  const std::string name = fileNameOf(path);
+  BothTexts what{"アドレスどおりに読むと、" + name + "は「読み込み(IntelHEX)」とは別の内容です。",
+                 "By its addresses " + name + " holds something else than Load (IntelHEX) read."};
+  try {
+    const ImageContent content = readImageContent(records);
+    if (bytesFrom(content, usualBase(content)) == editorState.image) return;
+  } catch (const ImageFault& fault) {
+    const BothTexts why = textsOf(fault);
+    what = {
+        name + "は壊れています。" + why.japanese + "。「読み込み(IntelHEX)」はこれを調べません。",
+        name + " is damaged, which Load (IntelHEX) doesn't look at. " + why.english + "."};
+  }
+  tellOtherWayIn(what, [path] { loadAnyFormFrom(path); });
 }

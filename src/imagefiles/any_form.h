@@ -54,3 +54,6 @@ void loadAnyFormFrom(const std::string& path, std::optional<std::uint32_t> base 
 // The Intel HEX loader failed with `failure` on the file: the notice strip offers the command, if
 // the file holds records.
 void offerAnyForm(const std::string& path, int failure);
+// It made the image that is loaded of these records: the strip says so if they are damaged or give
+// something else by their addresses.
+void tellIfReadOtherwise(const std::string& path, const RomImage& records);

@@ -1,6 +1,7 @@
 #include "imagefiles/image_files.h"
 
 #include <string>
+#include <utility>
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
@@ -41,10 +42,13 @@ void loadSteps(const ImageForm& form, const std::string& path) {
   desktop().setBusyPointer(true);
   dropImage();
   showOperation("READ");
-  takeImage(form.decode(readWatched(editorState.dialogPath)));
+  RomImage bytes = readWatched(editorState.dialogPath);
+  const RomImage records = &form == &intelHexImages ? bytes : RomImage();
+  takeImage(form.decode(std::move(bytes)));
   nameImage();
   showFileSize();
   loaderTail();
+  tellIfReadOtherwise(editorState.dialogPath, records);
 }
 
 void saveSteps(const ImageForm& form) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
@@ -55,11 +56,14 @@ void loadSteps(const std::string& path, const ImageForm& form) {
   dropImage();
   form1().Label13.setCaption("READ");
   form1().refresh();
-  takeImage(form.decode(readWatched(path)));
+  RomImage bytes = readWatched(path);
+  const RomImage records = &form == &intelHexImages ? bytes : RomImage();
+  takeImage(form.decode(std::move(bytes)));
   if (path.find_first_of("\\/") != std::string::npos) editorState.dialogTitle = fileNameOf(path);
   nameImage();
   showFileSize();
   loaderTail();
+  tellIfReadOtherwise(path, records);
 }
 
 // A load that failed leaves the progress bar where it stood.
