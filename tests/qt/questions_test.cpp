@@ -4,7 +4,9 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "controls/canvas_picture.h"
 #include "core/editor_state.h"
+#include "frontend/qt/picture_painting.h"
 #include "frontend/qt/qt_desktop.h"
 #include "platform/failure.h"
 
@@ -105,6 +107,45 @@ TEST_F(QuestionsTest, TheStoreKeepsItsRowsInTheKeysOrder) {
   EXPECT_TRUE(desk.storedSection("Recent").empty());
   EXPECT_FALSE(desk.deleteSection("Recent")) << "there is none any more";
   EXPECT_EQ(desk.storedValue("Other", "key") + desk.storedValue("Recent", "File1"), "kept");
+}
+
+TEST_F(QuestionsTest, PagesBecomeAPdfFileForTheirPaper) {
+  PaperArea asked;
+  const PrintJob job{"title",
+                     false,
+                     [&asked](const PaperArea& area) {
+                       asked = area;
+                       return std::vector<Picture>(3, Picture{area.width, area.height});
+                     },
+                     {}};
+  const QPageLayout layout(QPageSize(QPageSize::Letter), QPageLayout::Landscape, {36, 36, 36, 36});
+  const std::string pdf = pdfBytes(job, layout);
+  EXPECT_TRUE(asked.width == 720 && asked.height == 540) << "points within the margins";
+  EXPECT_TRUE(pdf.starts_with("%PDF") && pdf.find("/Count 3") != std::string::npos);
+  EXPECT_NE(pdf.find("/MediaBox [0 0 792 612]"), std::string::npos);
+}
+
+TEST_F(QuestionsTest, APictureIsTwiceAsLargeAsPngWithAllThatLiesOnIt) {
+  Window window("window");
+  Canvas canvas(window, 60, 40);
+  Label label(window, "label");
+  const Line line(window, {10, 30, 50, 30, 2}, rgb(255, 0, 0));
+  label.setColour(rgb(0, 0, 255));
+  canvas.drawLine(5, 35, 20, 35, rgb(0, 255, 0));
+  canvas.drawBar(-9, 0, 1, 1, rgb(255, 255, 0));
+  const PlacedLabel placed{&label, 4, 4};
+  const Line* const lines[] = {&line};
+  const std::string png = pngBytes(canvasPicture(canvas, {&placed, 1}, lines));
+  const QImage image = QImage::fromData(QByteArray::fromStdString(png));
+  EXPECT_EQ(image.size(), QSize(120, 80));
+  EXPECT_EQ(image.pixelColor(20, 70), QColor(0, 255, 0));
+  EXPECT_EQ(image.pixelColor(60, 60), QColor(255, 0, 0));
+  EXPECT_EQ(image.pixelColor(0, 0), QColor(255, 255, 0));
+  int blue = 0;
+  for (int x = 8; x < 60; ++x) {
+    for (int y = 8; y < 36; ++y) blue += image.pixelColor(x, y).blue() > 200;
+  }
+  EXPECT_GT(blue, 20) << "the label";
 }
 
 }  // namespace

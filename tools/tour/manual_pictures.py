@@ -22,6 +22,8 @@ DIFFERENCES = "^(Differences|相違一覧)$"
 ANY_FORM_FILE = "^(Image of any form|任意の形式のファイル)$"
 ANY_FORM = "^(Load any form|任意の形式の読み込み)$"
 EARLIER_STATES = "^(Earlier states|以前の状態)$"
+PRINT = "^(Print|印刷)$"
+PREVIEW = "^(Print Preview|印刷のプレビュー)"
 HALF_MINUTE = 31  # seconds after which what isn't saved is kept
 TOO_FAST = "15000"  # rpm that no byte of the scale holds
 
@@ -61,6 +63,14 @@ class Photographer(Tour):
     def resize(self, size):
         run("xdotool", "windowsize", "--sync", str(self.main["native"]), *map(str, size))
         self.screen.settle(0.5)
+
+    def take_preview(self):
+        self.screen.keys("ctrl+p")
+        self.screen.wait_for(PRINT)
+        self.screen.keys("Return")
+        self.take(self.screen.wait_for(PREVIEW), "print")
+        self.screen.keys("Escape")
+        self.screen.wait_until_gone(PREVIEW)
 
     def take_graphs(self):
         self.menu("file_load", "Norika", "comp_bin")
@@ -194,6 +204,7 @@ class Photographer(Tour):
     def run(self):
         self.start()
         self.take_panels()
+        self.take_preview()
         self.take_differences()
         self.take_graphs()
         self.take_address_editor()

@@ -7,6 +7,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QScreen>
 #include <QToolBar>
 
 namespace {
@@ -43,7 +44,8 @@ extern "C" Q_DECL_EXPORT void zelkovaShowPreview(const Preview& preview) {
   choosePaper(printer, preview.landscape);
   QPrintPreviewDialog window(&printer, preview.parent);
   window.setWindowFlag(Qt::WindowMaximizeButtonHint);
-  window.resize(1000, 740);
+  constexpr QSize usual(1000, 740);
+  window.resize(usual.boundedTo(window.screen()->availableSize() * 9 / 10));
   QObject::connect(&window, &QPrintPreviewDialog::paintRequested,
                    [&preview](QPrinter* shown) { preview.paint(*shown); });
   // In place of the toolkit's own button, which stands last: that one writes files itself.
