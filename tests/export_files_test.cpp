@@ -3,6 +3,7 @@
 #include "exchange/export_files.h"
 
 #include <map>
+#include <regex>
 
 #include "exchange/print_dialog.h"
 #include "exchange/print_pages.h"
@@ -77,21 +78,28 @@ TEST_F(ExportFiles, WhatStandsThereIsKeptWhereTheUserOrTheDiskSaysNo) {
 }
 
 TEST_F(ExportFiles, TheReportHoldsAllThatTheImageHoldsAndWhatDiffers) {
-  useMap("TYPE_UNIT,<CAR> & co\n" +
+  useMap("TYPE_UNIT,<CAR> & co\001\nTP_SCALE_FUEL,&H240,8,1,8,0,tp\n" +
          mapBlock("HIGH_FUEL", "&H100", columns, rows, 48, "1", "fuel <1>") +
          mapBlock("ADD_MAP3", "&H200", 2, 2, 4, "3", "third") + "REV1_LIMIT,&H20,1,1,2,12.5,rev\n");
   form.Grid1.setText(1, 1, "x<y");
+  form.TP_FUEL.setText(1, 1, "123");
   enterCell(form.AddGrid3, 2, 2, "9");
   exportAs("all.html");
   const std::string report = readText("all.html");
   for (const char* part :
-       {"<!DOCTYPE html>", "<td>&lt;CAR&gt; &amp; co</td>", "<h2>fuel &lt;1&gt;</h2>",
-        "<h2>third</h2>", "rev</th><td>", "RPM</td>", "x&lt;y</td>", "image.bin, 4096 bytes",
-        "What differs from the file", "&amp;H0203: "}) {
+       {"<!DOCTYPE html>", "<td>&lt;CAR&gt; &amp; co </td>", "<tr><th>123</th>",
+        "<h2>fuel &lt;1&gt;</h2>", "<h2>third</h2>", "rev</th><td>", "RPM</td>", "x&lt;y</td>",
+        "image.bin, 4096 bytes", "What differs from the file", "&amp;H0203: "}) {
     EXPECT_TRUE(holds(report, part)) << part;
   }
   for (const char* part : {"http", "src=", "<CAR>", "x<y"})
     EXPECT_FALSE(holds(report, part)) << part;
+  const auto count = [&report](const char* part) {
+    const std::regex each(part);
+    return std::distance(std::sregex_iterator(report.begin(), report.end(), each), {});
+  };
+  EXPECT_EQ(count("<tr><th>[^<]+</th><td>"), 5) << "model, image, engine, date and the one limit";
+  EXPECT_EQ(count("<h2>"), 5) << "the limit, three maps, what differs";
   pick("against_nothing");
   exportAs("all2.html");
   EXPECT_FALSE(holds(readText("all2.html"), "What differs"));
@@ -160,7 +168,7 @@ TEST_F(Printing, APageFillsItsPaperAndNothingStandsOutsideIt) {
     double leastFont;  // points
   };
   for (const auto& [high, wide, pages, leastFont] :
-       {Case{2, 3, 1, 12}, {17, 18, 1, 6}, {1, 40, 1, 8}, {100, 60, 8, 5}}) {
+       {Case{2, 3, 1, 12}, {17, 18, 1, 6}, {1, 41, 1, 8}, {100, 60, 8, 5}}) {
     const MapTable table = numbered(high, wide);
     const std::vector<Picture> all = pagesOf({table}, {"car", "image", "date"}, sheet);
     EXPECT_EQ(all.size(), pages) << high << 'x' << wide;
@@ -176,8 +184,9 @@ TEST_F(Printing, APageFillsItsPaperAndNothingStandsOutsideIt) {
         EXPECT_GE(box.fontPixels * scale, leastFont - 0.01);
       }
     }
-    for (int r = 1; r <= high; ++r) {
-      for (int c = 1; c <= wide; ++c) {
+    for (int c = 1; c <= wide; ++c) {
+      EXPECT_GE(texts["0." + std::to_string(c)], 1) << "the scale";
+      for (int r = 1; r <= high; ++r) {
         const std::string cell = std::to_string(r) + '.' + std::to_string(c);
         EXPECT_EQ(texts[cell], 1) << cell;
       }

@@ -13,6 +13,11 @@ TEST_F(GraphTest, ThePictureIsAFileForOthers) {
   open();
   press(rightKey);
   expectPicture("image HIGH_FUEL 3D.svg", "graph_3d.svg");
+  DR_GRAPH.Label20.setVisible(false);
+  canvas.userMenu();
+  desk.saveAnswers = {path("hidden.svg")};
+  desk.popUps.back()->find("export_picture")->userPick();
+  EXPECT_EQ(readText("hidden.svg").find("Comparison"), std::string::npos);
 }
 
 TEST_F(GraphTest, DrawsTheSurfaceTheTrailOfAHeldKeyAndTheComparisonBehind) {

@@ -110,9 +110,16 @@ TEST_F(Spreadsheet, AWholeMapTakesItsScalesAlongAndLeavesThemOutWhenItComesBack)
   paste(grid, "\t20\t31\n700\t1\t2\n1400\t3\t4", 2, 2);
   EXPECT_EQ(told(), "Row 1, column 1: there is no value. Nothing has been changed.");
   // A part has none; a scale is a table of its own.
-  drag(grid, 2, 2, 1, 1);
+  for (const auto& [lastRow, lastColumn] :
+       {std::pair(rows - 1, columns), {rows, columns - 1}, {2, 2}}) {
+    drag(grid, 1, 1, lastRow, lastColumn);
+    pick("copy_table");
+    EXPECT_EQ(std::count(desk.clipboard->begin(), desk.clipboard->end(), '\t'),
+              lastRow * (lastColumn - 1));
+  }
+  grid.setText(1, 1, "boost");
   pick("copy_table");
-  EXPECT_EQ(std::count(desk.clipboard->begin(), desk.clipboard->end(), '\t'), 2);
+  EXPECT_NE(desk.clipboardHtml.find("<table><tr><td></td>"), std::string::npos) << "no number";
   form.RPM_FUEL.userFocus();
   EXPECT_EQ(paste(form.RPM_FUEL, "149\n150\n12750", 0, 0), "150|150|12750");
 }

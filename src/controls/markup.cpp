@@ -15,9 +15,6 @@ std::string escaped(std::string_view text) {
       case '>':
         result += "&gt;";
         break;
-      case '"':
-        result += "&quot;";
-        break;
       default:
         // XML has no other control characters.
         result += static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' ? ' ' : c;

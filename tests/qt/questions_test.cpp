@@ -122,7 +122,7 @@ TEST_F(QuestionsTest, PagesBecomeAPdfFileForTheirPaper) {
   const std::string pdf = pdfBytes(job, layout);
   EXPECT_TRUE(asked.width == 720 && asked.height == 540) << "points within the margins";
   EXPECT_TRUE(pdf.starts_with("%PDF") && pdf.find("/Count 3") != std::string::npos);
-  EXPECT_NE(pdf.find("/MediaBox [0 0 792 612]"), std::string::npos);
+  EXPECT_NE(pdf.find("/MediaBox [0 0 792.000000 612.000000]"), std::string::npos);
 }
 
 TEST_F(QuestionsTest, APictureIsTwiceAsLargeAsPngWithAllThatLiesOnIt) {
