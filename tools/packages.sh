@@ -10,7 +10,8 @@ packages_tests=(libgtest-dev libbenchmark-dev clang-14 libclang-rt-14-dev clang-
 # The peer of tools/spreadsheet_peer.sh.
 packages_spreadsheet=(libreoffice-calc)
 # googletest and wine are what runs the tests of the logic for Windows, the rest makes the program.
-packages_windows_tests=(g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine)
+packages_windows_tests=(g++-mingw-w64-x86-64-posix libgcrypt-mingw-w64-dev googletest wine wine64
+  fonts-wine)
 packages_windows=("${packages_windows_tests[@]}" nsis zip dpkg-dev zstd perl qt6-base-dev-tools)
 
 is_installed() {

@@ -43,6 +43,7 @@ make_qt() {
 make_program() {
   make_wine
   make_googletest
+  make_headers
   cmake -G Ninja -S . -B "$app" -DCMAKE_TOOLCHAIN_FILE="$PWD/packaging/windows/mingw.cmake" \
     -DCMAKE_BUILD_TYPE=Release "-DZELKOVA_WINDOWS_ROOTS=$windows/root;$qt" -DQT_HOST_PATH=/usr \
     -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)/cmake"

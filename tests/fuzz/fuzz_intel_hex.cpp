@@ -1,13 +1,18 @@
 // Any bytes as an Intel HEX file: the reader gives what the plain one gives, holds no more than it
-// may, and reads back what the writer makes of its bytes.
+// may, and reads back what the writer makes of its bytes. As an image of any form: what is wrong
+// stands in a line of it, and what is right comes back from each form that is written.
 #include <algorithm>
 #include <optional>
 #include <vector>
 
 #include "bed.h"
+#include "little_memory.h"
 #include "platform/failure.h"
+#include "platform/text_encoding.h"
+#include "rom/image_reading.h"
 #include "rom/intel_hex_reader.h"
 #include "rom/intel_hex_writer.h"
+#include "rom/srecord_writer.h"
 
 namespace {
 
@@ -54,6 +59,25 @@ std::optional<Bytes> read(std::span<const std::uint8_t> text, std::int64_t capac
   }
 }
 
+void readAnyForm(std::string_view text) {
+  const LittleMemory memory;
+  try {
+    const ImageContent content = readImageContent(bytesOf(text));
+    for (const AddressRange& gap : content.gaps) {
+      const std::size_t at = static_cast<std::size_t>(gap.from) - content.base;
+      require(gap.from < gap.to && content.bytes.at(at) == 0xFF);
+    }
+    require(content.form != ImageFileForm::raw || std::ranges::equal(content.bytes, bytesOf(text)));
+    const ImageContent back = readImageContent(bytesOf(sRecordText(content.bytes, content.base)));
+    require(back.bytes == content.bytes && back.base == content.base && back.gaps.empty());
+    require(readImageContent(bytesOf(intelHexText(content.bytes))).bytes == content.bytes);
+  } catch (const ImageFault& fault) {
+    require(fault.line() <= splitLines(text).size());
+  } catch (const std::bad_alloc&) {
+    return;
+  }
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -65,5 +89,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     require(bytes->capacity() <= std::max(static_cast<std::size_t>(capacity), size / 2));
     require(read(bytesOf(intelHexText(*bytes)), capacity) == bytes);
   }
+  readAnyForm(text);
   return 0;
 }

@@ -22,7 +22,7 @@ while [ "$found" = yes ]; do
   found=no
   for library in $(needed); do
     [ -e "$folder/$library" ] && continue
-    for place in "$qt/bin" "$mingw" /usr/x86_64-w64-mingw32/lib; do
+    for place in "$qt/bin" "$mingw" /usr/x86_64-w64-mingw32/{lib,bin}; do
       [ -e "$place/$library" ] || continue
       cp "$place/$library" "$folder/"
       found=yes
@@ -31,8 +31,12 @@ while [ "$found" = yes ]; do
 done
 find "$folder" \( -name '*.dll' -o -name '*.exe' \) -exec x86_64-w64-mingw32-strip --strip-unneeded {} +
 
-cp /usr/share/common-licenses/{LGPL-3,GPL-2,GPL-3} "$folder/licences/"
+cp /usr/share/common-licenses/{LGPL-2.1,LGPL-3,GPL-2,GPL-3} "$folder/licences/"
 cp /usr/share/doc/qt6-base-dev/copyright "$folder/licences/Qt.txt"
 cp /usr/share/doc/qt6-translations-l10n/copyright "$folder/licences/Qt-translations.txt"
 cp /usr/share/doc/gcc-mingw-w64-base/copyright "$folder/licences/GCC-libraries.txt"
 cp /usr/share/doc/mingw-w64-x86-64-dev/copyright "$folder/licences/mingw-w64.txt"
+cp /usr/share/doc/libgcrypt-mingw-w64-dev/copyright "$folder/licences/libgcrypt.txt"
+cp /usr/share/doc/libgpg-error-mingw-w64-dev/copyright "$folder/licences/libgpg-error.txt"
+cp /usr/share/doc/libcli11-dev/copyright "$folder/licences/CLI11.txt"
+cp /usr/share/doc/nlohmann-json3-dev/copyright "$folder/licences/nlohmann-json.txt"

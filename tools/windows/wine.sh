@@ -24,6 +24,7 @@ make_wine() {
 # own variables wine hands on only those that begin with WINE.
 find_libraries() {
   WINEPATH="$(windows_path "$mingw_libraries");$(windows_path /usr/x86_64-w64-mingw32/lib)"
+  WINEPATH+=";$(windows_path /usr/x86_64-w64-mingw32/bin)"
   if [ $# -gt 0 ]; then
     WINEPATH+=";$(windows_path "$1/bin")"
     export WINEQT_PLUGIN_PATH
@@ -39,4 +40,11 @@ make_googletest() {
     -DCMAKE_TOOLCHAIN_FILE="$PWD/packaging/windows/mingw.cmake" -DCMAKE_BUILD_TYPE=Debug \
     -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_INSTALL_PREFIX="$windows/root" || return 1
   cmake --build "$windows/gtest" -- -j "${1:-$(nproc)}" && cmake --install "$windows/gtest"
+}
+
+# The command line's two libraries are headers alone, which serve any system; those of this system
+# beside them don't.
+make_headers() {
+  mkdir -p "$windows/root/include"
+  cp -r -u /usr/include/CLI /usr/include/nlohmann "$windows/root/include/"
 }

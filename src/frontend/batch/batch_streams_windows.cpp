@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <initializer_list>
 
 #include "frontend/batch/batch_streams.h"
 
