@@ -6,9 +6,12 @@
 #include <string_view>
 #include <utility>
 
+#include "rom/hex_digits.h"
+
 namespace {
 
 constexpr std::uint64_t largestSpan = 0x40000000;
+constexpr std::uint64_t addressesEnd = 0x100000000;
 constexpr std::uint8_t filler = 0xFF;
 constexpr std::uint32_t offsetsReach = 0x8000;
 
@@ -36,37 +39,17 @@ struct Pieces {
   }
 };
 
-// -1 for what is no digit.
-constexpr std::array<std::int8_t, 256> digitValues = [] {
-  std::array<std::int8_t, 256> values{};
-  values.fill(-1);
-  for (int i = 0; i < 10; ++i)
-    values[static_cast<std::size_t>('0' + i)] = static_cast<std::int8_t>(i);
-  for (int i = 0; i < 6; ++i) {
-    values[static_cast<std::size_t>('A' + i)] = static_cast<std::int8_t>(10 + i);
-    values[static_cast<std::size_t>('a' + i)] = static_cast<std::int8_t>(10 + i);
-  }
-  return values;
-}();
-
-int digitOf(char c) { return digitValues[static_cast<unsigned char>(c)]; }
-
 constexpr std::size_t longestRecord = 260;  // bytes that one record's count can ask for, and more
 
 // One line's digits as bytes.
 class Record {
  public:
   Record(std::string_view digits, std::size_t line) : line_(line) {
-    if (digits.size() % 2 != 0) fail("an odd number of digits");
-    size_ = digits.size() / 2;
+    if (digits.size() % byteDigits != 0) fail("an odd number of digits");
+    size_ = digits.size() / byteDigits;
     if (size_ > bytes_.size()) fail("more bytes than a record can have");
-    for (std::size_t i = 0; i < size_; ++i) {
-      const int high = digitOf(digits[2 * i]);
-      const int low = digitOf(digits[2 * i + 1]);
-      if (high < 0 || low < 0) fail("a character that is no hexadecimal digit");
-      bytes_[i] = static_cast<std::uint8_t>(high * 16 + low);
-      sum_ = static_cast<std::uint8_t>(sum_ + bytes_[i]);
-    }
+    if (!decodePairs(digits, bytes_.data())) fail("a character that is no hexadecimal digit");
+    sum_ = lowSum(part(0, size_));
   }
 
   std::size_t size() const { return size_; }
@@ -93,14 +76,15 @@ class Record {
 // Hands out the lines of a text, without blanks around them; CR LF, LF and CR end one.
 class Lines {
  public:
-  explicit Lines(std::string_view text) : rest_(text) {}
+  explicit Lines(std::string_view text)
+      : text_(text), feed_(text.find('\n')), carriageReturn_(text.find('\r')) {}
   std::optional<std::string_view> next() {
-    if (rest_.empty()) return {};
+    if (at_ == text_.size()) return {};
     ++number_;
-    const std::size_t end = std::min(rest_.find_first_of("\r\n"), rest_.size());
-    std::string_view line = rest_.substr(0, end);
-    const bool both = rest_.substr(end).starts_with("\r\n");
-    rest_.remove_prefix(std::min(end + (both ? 2 : 1), rest_.size()));
+    const std::size_t end = endOfLine();
+    std::string_view line = text_.substr(at_, end - at_);
+    const bool both = text_.substr(end).starts_with("\r\n");
+    at_ = std::min(end + (both ? 2 : 1), text_.size());
     while (!line.empty() && isBlank(line.back())) line.remove_suffix(1);
     while (!line.empty() && isBlank(line.front())) line.remove_prefix(1);
     return line;
@@ -111,7 +95,17 @@ class Lines {
   // What old programs end texts with counts as one, too.
   static bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\0' || c == '\x1A'; }
 
-  std::string_view rest_;
+  // Each kind of end is looked for once: a text may have one of them alone.
+  std::size_t endOfLine() {
+    if (feed_ < at_) feed_ = text_.find('\n', at_);
+    if (carriageReturn_ < at_) carriageReturn_ = text_.find('\r', at_);
+    return std::min({feed_, carriageReturn_, text_.size()});
+  }
+
+  std::string_view text_;
+  std::size_t at_ = 0;
+  std::size_t feed_;            // the next one, or none
+  std::size_t carriageReturn_;  // the same
   std::size_t number_ = 0;
 };
 
@@ -213,7 +207,7 @@ Pieces piecesOf(ImageFileForm form, std::string_view text, OnFault onFault) {
 }
 
 // The bytes in a row, those of later records over those of earlier ones.
-void layOut(const Pieces& all, ImageContent& content) {
+void layOut(Pieces&& all, ImageContent& content) {
   if (all.pieces.empty()) throw ImageFault(0, "no byte of data");
   std::vector<AddressRange> ranges;
   ranges.reserve(all.pieces.size());
@@ -229,7 +223,12 @@ void layOut(const Pieces& all, ImageContent& content) {
   if (end - first > largestSpan) {
     throw ImageFault(0, "more than 1 GiB between the first and the last byte");
   }
+  if (end > addressesEnd) throw ImageFault(0, "bytes beyond 4 GiB");
   content.base = static_cast<std::uint32_t>(first);
+  if (all.pieces.size() == 1) {
+    content.bytes = std::move(all.bytes);
+    return;
+  }
   content.bytes.assign(static_cast<std::size_t>(end - first), filler);
   for (const Piece& each : all.pieces) {
     const auto from = all.bytes.begin() + static_cast<std::ptrdiff_t>(each.start);
@@ -254,7 +253,8 @@ ImageFileForm formOfText(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t\r\n");
   if (first == std::string_view::npos || !isText(text)) return ImageFileForm::raw;
   const std::string_view head = text.substr(first, 3);
-  if (head.size() < 3 || digitOf(head[2]) < 0 || digitOf(head[1]) < 0) return ImageFileForm::raw;
+  if (head.size() < 3 || digitValue(head[2]) == noDigit || digitValue(head[1]) == noDigit)
+    return ImageFileForm::raw;
   if (head[0] == ':') return ImageFileForm::intelHex;
   const bool isS = (head[0] == 'S' || head[0] == 's') && head[1] <= '9';
   return isS ? ImageFileForm::sRecords : ImageFileForm::raw;
@@ -273,10 +273,18 @@ ImageContent readImageContent(std::span<const std::uint8_t> fileBytes) {
     content.bytes.assign(fileBytes.begin(), fileBytes.end());
     return content;
   }
-  const Pieces all = piecesOf(content.form, text,
-                              [](const ImageFault& fault) -> bool { throw ImageFault(fault); });
+  Pieces all = piecesOf(content.form, text,
+                        [](const ImageFault& fault) -> bool { throw ImageFault(fault); });
   content.hasEnd = all.hasEnd;
-  layOut(all, content);
+  layOut(std::move(all), content);
+  return content;
+}
+
+ImageContent readImageContent(std::vector<std::uint8_t>&& fileBytes) {
+  const std::span<const std::uint8_t> bytes(fileBytes);
+  if (bytes.empty() || imageFileForm(bytes) != ImageFileForm::raw) return readImageContent(bytes);
+  ImageContent content;
+  content.bytes = std::move(fileBytes);
   return content;
 }
 
@@ -309,6 +317,11 @@ std::vector<std::uint8_t> bytesFrom(const ImageContent& content, std::uint32_t b
   std::vector<std::uint8_t> bytes(content.base - base, filler);
   bytes.insert(bytes.end(), content.bytes.begin(), content.bytes.end());
   return bytes;
+}
+
+std::vector<std::uint8_t> bytesFrom(ImageContent&& content, std::uint32_t base) {
+  if (content.base == base) return std::move(content.bytes);
+  return bytesFrom(static_cast<const ImageContent&>(content), base);
 }
 
 std::uint32_t usualBase(const ImageContent& content) {

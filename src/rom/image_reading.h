@@ -43,12 +43,16 @@ ImageFileForm imageFileForm(std::span<const std::uint8_t> head);
 
 // Throws ImageFault; records that span more than 1 GiB are one, too.
 ImageContent readImageContent(std::span<const std::uint8_t> fileBytes);
+// The same without a copy of raw bytes.
+ImageContent readImageContent(std::vector<std::uint8_t>&& fileBytes);
 // Up to `most` of the faults in a file's lines, the first of which it throws.
 std::vector<ImageFault> imageFaults(std::span<const std::uint8_t> fileBytes, std::size_t most);
 
 // The bytes from `base` on, FF before what the content gives. Throws ImageFault where the content
 // begins before it.
 std::vector<std::uint8_t> bytesFrom(const ImageContent& content, std::uint32_t base);
+// The same without a copy where nothing stands before them; all but the bytes is left.
+std::vector<std::uint8_t> bytesFrom(ImageContent&& content, std::uint32_t base);
 // What it would throw.
 std::optional<ImageFault> faultOfBase(const ImageContent& content, std::uint32_t base);
 // Where an image begins if nobody says otherwise: at 0 for what begins below 8000 hexadecimal, else

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "platform/failure.h"
+#include "rom/hex_digits.h"
 #include "rom/progress_steps.h"
 
 namespace {
@@ -16,19 +17,7 @@ constexpr std::uint8_t filler = 0xFF;
 constexpr std::size_t countColumn = 1;
 constexpr std::size_t addressColumn = 3;
 constexpr std::size_t dataColumn = 9;
-constexpr std::size_t byteDigits = 2;
 constexpr std::size_t addressDigits = 4;
-
-constexpr std::uint8_t noDigit = 16;
-
-// `noDigit` for what is none. Without a table and without branches: compilers turn loops over it
-// into steps of many bytes.
-std::uint8_t digitValue(char character) {
-  const auto decimal = static_cast<std::uint8_t>(character - '0');
-  const auto letter = static_cast<std::uint8_t>((character | 0x20) - 'a');
-  const auto fromLetter = static_cast<std::uint8_t>(letter < 6 ? 10 + letter : noDigit);
-  return decimal < 10 ? decimal : fromLetter;
-}
 
 std::string_view fieldOf(std::string_view line, std::size_t column, std::size_t digits) {
   return column < line.size() ? line.substr(column, digits) : std::string_view{};
@@ -53,18 +42,6 @@ std::uint8_t* append(Decoded& decoded, std::int32_t count, std::uint8_t value) {
   decoded.bytes.resize(size, value);
   decoded.position += count;
   return decoded.bytes.data() + first;
-}
-
-// Decodes digits in pairs; false if any of them is none.
-bool decodePairs(std::string_view digits, std::uint8_t* to) {
-  std::uint8_t seen = 0;
-  for (std::size_t i = 0; i < digits.size() / byteDigits; ++i) {
-    const std::uint8_t high = digitValue(digits[i * byteDigits]);
-    const std::uint8_t low = digitValue(digits[i * byteDigits + 1]);
-    seen |= high | low;
-    to[i] = static_cast<std::uint8_t>(high << 4 | low);
-  }
-  return seen < noDigit;
 }
 
 void decodeData(std::string_view line, std::size_t count, std::uint8_t* to) {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <numeric>
 #include <string_view>
 
+#include "rom/hex_digits.h"
 #include "rom/progress_steps.h"
 
 namespace {
@@ -21,29 +21,9 @@ enum RecordType : std::uint8_t { dataRecord = 0, segmentRecord = 2, linearRecord
 constexpr std::size_t lineLength = 1 + 2 * (1 + 2 + 1 + recordBytes + 1) + 2;
 constexpr std::string_view lastLine = ":00000001FF\r\n";
 
-// Without a table: compilers turn loops over it into steps of many bytes.
-char digitOf(std::uint8_t value) {
-  return static_cast<char>(value + (value < 10 ? '0' : 'A' - 10));
-}
-
-char* putBytes(char* to, std::span<const std::uint8_t> bytes) {
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    to[2 * i] = digitOf(bytes[i] >> 4);
-    to[2 * i + 1] = digitOf(bytes[i] & 15);
-  }
-  return to + 2 * bytes.size();
-}
-
-char* putByte(char* to, std::size_t value) {
-  const auto byte = static_cast<std::uint8_t>(value);
-  return putBytes(to, {&byte, 1});
-}
-
-// The sum is taken in a pass of its own, which costs less than one in step with the digits.
 std::uint8_t checksum(std::size_t address, RecordType type, std::span<const std::uint8_t> data) {
   const std::size_t head = data.size() + (address >> 8) + address + type;
-  return static_cast<std::uint8_t>(
-      -std::accumulate(data.begin(), data.end(), static_cast<std::uint8_t>(head)));
+  return static_cast<std::uint8_t>(-lowSum(data, head));
 }
 
 char* putRecord(char* to, std::size_t address, RecordType type,

@@ -4,12 +4,12 @@
 #include <array>
 #include <cstddef>
 
-#include "platform/numbers.h"
+#include "rom/hex_digits.h"
 
 namespace {
 
 constexpr std::size_t recordBytes = 32;
-constexpr std::size_t lineBound = 2 + 2 * (1 + 4 + recordBytes + 1) + 2;
+constexpr std::size_t lineBound = 2 + 2 * (1 + 4 + recordBytes + 1) + 2;  // characters
 
 struct Width {
   std::uint64_t end;  // past the last address
@@ -24,25 +24,27 @@ class Text {
   explicit Text(std::size_t bound) { text_.reserve(bound); }
   void record(char type, std::uint64_t address, std::size_t width,
               std::span<const std::uint8_t> data) {
-    text_ += 'S';
-    text_ += type;
-    sum_ = 0;
-    byte(static_cast<std::uint8_t>(width + data.size() + 1));
-    for (std::size_t i = width; i-- > 0;) byte(static_cast<std::uint8_t>(address >> (8 * i)));
-    for (const std::uint8_t each : data) byte(each);
-    byte(static_cast<std::uint8_t>(~sum_));
-    text_ += "\r\n";
+    std::array<char, lineBound> line;
+    char* to = line.data();
+    *to++ = 'S';
+    *to++ = type;
+    const std::size_t count = width + data.size() + 1;
+    to = putByte(to, count);
+    std::size_t sum = count;
+    for (std::size_t i = width; i-- > 0;) {
+      to = putByte(to, address >> (8 * i) & 0xFF);
+      sum += address >> (8 * i) & 0xFF;
+    }
+    to = putBytes(to, data);
+    to = putByte(to, static_cast<std::uint8_t>(~lowSum(data, sum)));
+    *to++ = '\r';
+    *to++ = '\n';
+    text_.append(line.data(), to);
   }
   std::string take() { return std::move(text_); }
 
  private:
-  void byte(std::uint8_t value) {
-    text_ += hexDigits(value, 1);
-    sum_ = static_cast<std::uint8_t>(sum_ + value);
-  }
-
   std::string text_;
-  std::uint8_t sum_ = 0;
 };
 
 }  // namespace

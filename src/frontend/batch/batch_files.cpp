@@ -6,6 +6,7 @@
 #include <iterator>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -40,7 +41,9 @@ Bytes readStandardInput() {
   return bytes;
 }
 
-Bytes bytesOf(const std::string& text) { return {text.begin(), text.end()}; }
+std::span<const std::uint8_t> bytesOf(const std::string& text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
 
 }  // namespace
 
@@ -54,11 +57,10 @@ Bytes readWhole(const std::string& path) {
 
 ImageFile readImage(const std::string& path, std::optional<std::uint32_t> base) {
   ImageFile file{path, {}, 0, {}};
-  const Bytes bytes = readWhole(path);
   try {
-    file.content = readImageContent(bytes);
+    file.content = readImageContent(readWhole(path));
     file.base = base.value_or(usualBase(file.content));
-    file.image = bytesFrom(file.content, file.base);
+    file.image = bytesFrom(std::move(file.content), file.base);
   } catch (const ImageFault& fault) {
     const std::string line = fault.line() == 0 ? "" : ":" + std::to_string(fault.line());
     throw Trouble(path + line + ": " + fault.what());
@@ -82,7 +84,7 @@ AddressMap readAddressMap(const std::string& path) {
   return std::move(checked.map);
 }
 
-void writeWhole(const std::string& path, const Bytes& bytes, WhenThere whenThere) {
+void writeWhole(const std::string& path, std::span<const std::uint8_t> bytes, WhenThere whenThere) {
   if (path == standardStream) {
     const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
     if (!written || std::fflush(stdout) != 0) throw Trouble("standard output can't be written");
@@ -96,6 +98,10 @@ void writeWhole(const std::string& path, const Bytes& bytes, WhenThere whenThere
 
 void writeWhole(const std::string& path, const std::string& text, WhenThere whenThere) {
   writeWhole(path, bytesOf(text), whenThere);
+}
+
+void writeWhole(const std::string& path, const Encoded& file, WhenThere whenThere) {
+  writeWhole(path, file.text.empty() ? file.image : bytesOf(file.text), whenThere);
 }
 
 namespace {
@@ -127,14 +133,14 @@ std::optional<ImageFileForm> formNamed(const std::string& name) {
 
 const char* nameOf(ImageFileForm form) { return formNames[static_cast<std::size_t>(form)].name; }
 
-Bytes encoded(const Bytes& image, ImageFileForm form, std::uint32_t base) {
+Encoded encoded(const Bytes& image, ImageFileForm form, std::uint32_t base) {
   switch (form) {
     case ImageFileForm::intelHex:
-      return bytesOf(intelHexText(image));
+      return {intelHexText(image), {}};
     case ImageFileForm::sRecords:
-      return bytesOf(sRecordText(image, base));
+      return {sRecordText(image, base), {}};
     case ImageFileForm::raw:
       break;
   }
-  return image;
+  return {"", image};
 }

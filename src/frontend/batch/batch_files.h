@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -36,11 +37,18 @@ std::string readAddressText(const std::string& path);
 AddressMap readAddressMap(const std::string& path);
 
 enum class WhenThere { refuse, replace };
-void writeWhole(const std::string& path, const Bytes& bytes, WhenThere whenThere);
+void writeWhole(const std::string& path, std::span<const std::uint8_t> bytes, WhenThere whenThere);
 void writeWhole(const std::string& path, const std::string& text, WhenThere whenThere);
+
+// A file's bytes: a text, or those of the image, which outlives it.
+struct Encoded {
+  std::string text;
+  std::span<const std::uint8_t> image;
+};
+void writeWhole(const std::string& path, const Encoded& file, WhenThere whenThere);
 
 // By name or by extension; nothing for another one.
 std::optional<ImageFileForm> formNamed(const std::string& name);
 const char* nameOf(ImageFileForm form);
 // Intel HEX begins at 0, whatever `base`.
-Bytes encoded(const Bytes& image, ImageFileForm form, std::uint32_t base);
+Encoded encoded(const Bytes& image, ImageFileForm form, std::uint32_t base);
