@@ -11,7 +11,6 @@
 namespace {
 
 constexpr std::uint64_t largestSpan = 0x40000000;
-constexpr std::uint64_t addressesEnd = 0x100000000;
 constexpr std::uint8_t filler = 0xFF;
 constexpr std::uint32_t offsetsReach = 0x8000;
 
@@ -223,7 +222,6 @@ void layOut(Pieces&& all, ImageContent& content) {
   if (end - first > largestSpan) {
     throw ImageFault(0, "more than 1 GiB between the first and the last byte");
   }
-  if (end > addressesEnd) throw ImageFault(0, "bytes beyond 4 GiB");
   content.base = static_cast<std::uint32_t>(first);
   if (all.pieces.size() == 1) {
     content.bytes = std::move(all.bytes);
