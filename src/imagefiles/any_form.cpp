@@ -80,6 +80,7 @@ std::vector<Line> linesOf(const ImageContent& content) {
 
 std::vector<Line> linesOf(const std::vector<ImageFault>& faults) {
   std::vector<Line> lines;
+  lines.reserve(faults.size());
   for (const ImageFault& fault : faults) lines.push_back({captionedBoth(textsOf(fault)), "", ""});
   return lines;
 }

@@ -325,7 +325,7 @@ std::string reportOf(const Bytes& image, const std::string& mapText, const std::
   load(image, mapText);
   requireNoBox(desktop);
   editorState.imageTitle = title;
-  const std::string page = reportText();
+  std::string page = reportText();
   useDesktop(nullptr);
   return page;
 }

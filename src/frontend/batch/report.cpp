@@ -1,5 +1,3 @@
-#include "core/editor_state.h"
-#include "exchange/export_files.h"
 #include "frontend/batch/batch_commands.h"
 #include "frontend/batch/editing_script.h"
 #include "frontend/batch/written_files.h"
