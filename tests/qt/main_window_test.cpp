@@ -95,6 +95,7 @@ TEST_F(MainWindowTest, MapsFitTheWindowAsLargeAsTheyCanWithoutScrollBars) {
     QWidget* const panel = window->findChild<QStackedWidget*>()->currentWidget();
     for (auto* area : panel->findChildren<QAbstractScrollArea*>()) {
       if (qobject_cast<QHeaderView*>(area)) continue;
+      if (form1().frontPanel() == 5 && area == &view("map")) continue;  // its row may scroll
       beyond += area->horizontalScrollBar()->maximum() + area->verticalScrollBar()->maximum();
     }
     return beyond;

@@ -18,6 +18,7 @@
 #include "exchange/print_dialog.h"
 #include "frontend/form1_loading.h"
 #include "frontend/manual.h"
+#include "frontend/qt/look.h"
 #include "frontend/qt/qt_desktop.h"
 #include "frontend/qt/window_room.h"
 #include "frontend/qt/windows/make_window.h"
@@ -393,6 +394,49 @@ TEST_P(WindowsInEachLanguage, NothingIsClippedAndNoWindowIsLargerThanTheScreen) 
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, WindowsInEachLanguage, testing::Values(0, 1));
+
+// The colour that fills most of a part of the window.
+QColor groundOf(const QImage& window, const QRect& part) {
+  std::map<QRgb, int> counts;
+  for (int y = part.top(); y <= part.bottom(); ++y) {
+    for (int x = part.left(); x <= part.right(); ++x) ++counts[window.pixel(x, y)];
+  }
+  return std::ranges::max_element(counts, {}, &std::pair<const QRgb, int>::second)->first;
+}
+
+TEST_F(WindowsTest, TextsStandOutInEachWindowWhateverTheDesktopsPaletteIs) {
+  QPalette contrastBlack(Qt::black, Qt::black), contrastWhite(Qt::white, Qt::white);
+  contrastBlack.setColor(QPalette::Highlight, Qt::yellow);
+  const QPalette light = QApplication::palette();
+  // Set while the windows stand, as by a desktop that changes.
+  const QPalette dark = paletteFor(QPalette(QColor(40, 40, 40)), QPalette(QColor(40, 40, 40)));
+  for (const QPalette& palette :
+       {light, dark, paletteFor(contrastBlack, light), paletteFor(contrastWhite, light)}) {
+    QApplication::setPalette(palette);
+    forEachWindow(1, [&](Window& window, QWidget& widget) {
+      const QImage seen = widget.grab().toImage();
+      for (const QWidget* each : widget.findChildren<QWidget*>()) {
+        const auto* const label = qobject_cast<const QLabel*>(each);
+        const bool edits = qobject_cast<const QLineEdit*>(each);
+        const bool shows = edits || (label && label->pixmap().isNull()) ||
+                           qobject_cast<const QAbstractButton*>(each);
+        const QString text = each->property("text").toString();
+        if (!shows || !each->isVisible() || !each->isEnabled() || text.isEmpty()) continue;
+        const auto role = edits ? QPalette::Text : each->foregroundRole();
+        const QColor ink = each->palette().color(role);
+        // Given colours stay as they are.
+        if (label && ink != palette.color(role) && ink != palette.color(QPalette::Link)) continue;
+        const int edge = qobject_cast<const QPushButton*>(each) ? 4 : 0;
+        const QRect place = placeOf(each).adjusted(edge, edge, -edge, -edge) & seen.rect();
+        if (place.isEmpty()) continue;
+        EXPECT_GE(contrast(ink, groundOf(seen, place)), 4.5)
+            << window.name() << ' ' << text.toStdString() << " on "
+            << palette.color(QPalette::Window).name().toStdString();
+      }
+    });
+  }
+  QApplication::setPalette(light);
+}
 
 bool isJapanese(const std::string& text) {
   return std::ranges::any_of(QString::fromStdString(text),

@@ -14,6 +14,7 @@ from tour import COMPARISON_BOX, MAP, SPEED_SCALE, Tour
 
 MAP_SIZE = (900, 500)
 GLOBAL_SIZE = (1180, 620)
+LOOKS_SIZE = (1040, 620)
 MARKS_SIZE = (960, 560)
 NOTICE_SIZE = (900, 420)
 SURFACE = "3D GRAPH EDIT"
@@ -59,6 +60,15 @@ class Photographer(Tour):
         self.tab("global")
         self.take(self.main, "global")
         self.tab("high_fuel")
+
+    def take_looks(self):
+        self.resize(LOOKS_SIZE)
+        self.menu("view", "zoom", "zoom_150")
+        self.menu("view", "map_colours")
+        self.screen.click(self.cell(4, 8))
+        self.take(self.main, "looks")
+        self.menu("view", "map_colours")
+        self.menu("view", "zoom", "zoom_100")
 
     def resize(self, size):
         run("xdotool", "windowsize", "--sync", str(self.main["native"]), *map(str, size))
@@ -205,6 +215,7 @@ class Photographer(Tour):
         self.start()
         self.take_panels()
         self.take_preview()
+        self.take_looks()
         self.take_differences()
         self.take_graphs()
         self.take_address_editor()

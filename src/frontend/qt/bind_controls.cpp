@@ -231,16 +231,15 @@ void leaveAltKeys(QLineEdit* line) {
 
 void bind(QLabel* widget, Label& record) {
   widget->setTextFormat(Qt::PlainText);
-  follow(widget, record, [widget, &record, colour = black, ink = QColor()]() mutable {
+  follow(widget, record, [widget, &record, colour = black]() mutable {
     // Only a label with a field looks for the letter that leads there.
     widget->setText(widget->buddy() ? letteredCaption(record) : shown(record.caption()));
     if (widget->parentWidget() && !widget->parentWidget()->layout()) widget->adjustSize();
     if (record.colour() == colour) return;
-    QPalette palette = widget->palette();
-    // Black stands for the label's own colour of text.
-    if (colour == black) ink = palette.color(QPalette::WindowText);
     colour = record.colour();
-    palette.setColor(QPalette::WindowText, colour == black ? ink : shown(colour));
+    // Black stands for the desktop's colour of text.
+    QPalette palette = colour == black ? QPalette() : widget->palette();
+    if (colour != black) palette.setColor(QPalette::WindowText, shown(colour));
     widget->setPalette(palette);
   });
   if (!record.onClick) return;

@@ -8,11 +8,26 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frontend/qt/dark_desktop.h"
+
 namespace {
 
 constexpr int gridFontPixels = 11;
 constexpr int calmSpacing = 8;
 constexpr double leastContrast = 4.5;  // of texts
+
+double luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+         0.0722 * linear(colour.blueF());
+}
+
+bool isDark(const QPalette& palette) {
+  return luminance(palette.color(QPalette::Window)) <
+         luminance(palette.color(QPalette::WindowText));
+}
 
 class Look : public QProxyStyle {
  public:
@@ -41,12 +56,49 @@ class Look : public QProxyStyle {
     QProxyStyle::drawControl(element, &reached, painter, widget);
   }
 
+  // The toolkit's own style draws edges darker than the window, where a dark one has no room left.
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (!hasEdge(element) || !isDark(option->palette) || (!frame && !button)) {
+      return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+    frame ? drawWithEdge(element, *frame, painter, widget)
+          : drawWithEdge(element, *button, painter, widget);
+  }
+
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* data) const override {
     // A press on a grid or a canvas must not wait for what a menu still animates.
     if (hint == SH_Widget_Animation_Duration) return 0;
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
+  }
+
+ private:
+  static bool hasEdge(PrimitiveElement element) {
+    constexpr PrimitiveElement edged[] = {PE_Frame,
+                                          PE_FrameLineEdit,
+                                          PE_PanelLineEdit,
+                                          PE_FrameMenu,
+                                          PE_IndicatorCheckBox,
+                                          PE_IndicatorRadioButton,
+                                          PE_PanelButtonCommand};
+    return std::ranges::find(edged, element) != std::end(edged);
+  }
+
+  // The style makes the edge of the window's colour.
+  template <class Option>
+  void drawWithEdge(PrimitiveElement element, Option option, QPainter* painter,
+                    const QWidget* widget) const {
+    constexpr double share = 0.45;  // of the text in the edge's colour
+    constexpr int styleDarkens = 140;
+    QPalette& palette = option.palette;
+    const QColor edge =
+        mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), share);
+    palette.setColor(QPalette::Window, edge.lighter(styleDarkens));
+    QProxyStyle::drawPrimitive(element, &option, painter, widget);
   }
 };
 
@@ -116,14 +168,6 @@ bool sameColours(const QPalette& one, const QPalette& other) {
   });
 }
 
-double luminance(const QColor& colour) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-         0.0722 * linear(colour.blueF());
-}
-
 // Names Japanese fonts before the system picks one of another script for the same characters.
 QFont withJapanese(QFont font) {
   QStringList families{QFontInfo(font).family()};
@@ -144,11 +188,16 @@ void dressApplication() {
   QApplication::setFont(withJapanese(QApplication::font()));
 }
 
+void followDarkDesktop() {
+  askForDark([] {
+    const bool calm = sameColours(QApplication::palette(), calmPalette(calmLight));
+    if (calm) QApplication::setPalette(calmPalette(calmDark));
+  });
+}
+
 QPalette paletteFor(const QPalette& desktops, const QPalette& toolkits) {
   if (!sameColours(desktops, toolkits)) return readable(desktops);
-  const bool dark =
-      luminance(desktops.color(QPalette::Window)) < luminance(desktops.color(QPalette::WindowText));
-  return calmPalette(dark ? calmDark : calmLight);
+  return calmPalette(isDark(desktops) ? calmDark : calmLight);
 }
 
 double contrast(const QColor& one, const QColor& other) {

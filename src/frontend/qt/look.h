@@ -9,6 +9,9 @@
 
 // Style, palette and font of the whole application. Called once, before the first window.
 void dressApplication();
+// Makes the calm palette a dark one when the desktop answers that windows are to be dark. A palette
+// of the desktop's own stays.
+void followDarkDesktop();
 
 // The palette of the program on a desktop whose own is `desktops`: that one, with its texts made
 // readable where they aren't; where the desktop has only the toolkit's, a calm one, light or dark

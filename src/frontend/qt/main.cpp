@@ -54,6 +54,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   dressApplication();
+  followDarkDesktop();
   QtDesktop desktopInForce;
   desktopInForce.keepUserData();
   useDesktop(&desktopInForce);

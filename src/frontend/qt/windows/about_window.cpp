@@ -41,9 +41,7 @@ QFrame* line() {
 
 QLayout* makeSupport(FrmAbout& form) {
   QLabel* const address = labelFor(form.Label6);
-  QPalette link = address->palette();
-  link.setColor(QPalette::WindowText, link.color(QPalette::Link));
-  address->setPalette(link);
+  address->setForegroundRole(QPalette::Link);
   address->setWordWrap(true);
   auto* const row = new QHBoxLayout;
   row->addWidget(labelFor(form.Label2));

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QStyle>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cstdint>
@@ -204,11 +205,14 @@ QSize mapsAt(const QWidget* panel, int percent) {
     return widest;
   }
   const QSize map = sizeOf(mapName), load = sizeOf(loadName), speed = sizeOf(speedName);
-  const CanvasView* const picture = pictureOf(panel);
-  const QSize view = picture ? picture->sizeAt(percent) : QSize(0, 0);
+  if (const CanvasView* const picture = pictureOf(panel)) {
+    // The one row of the airflow map scrolls.
+    const int bar = panel->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return picture->sizeAt(percent) + QSize(0, map.height() + bar);
+  }
   const int heading = load.isEmpty() ? 0 : pixels(Grid::designRowHeight, percent);
-  return QSize(speed.width() + std::max({map.width(), load.width(), view.width()}),
-               load.height() + std::max(map.height(), heading + speed.height()) + view.height());
+  return QSize(speed.width() + std::max(map.width(), load.width()),
+               load.height() + std::max(map.height(), heading + speed.height()));
 }
 
 // The largest zoom in which the panel's maps need no scroll bars.

@@ -164,7 +164,7 @@ QWidget* makeForm1Window() {
   window->setCentralWidget(centre);
   window->setStatusBar(makeStatusBar(form));
   window->setMinimumSize(smallestSize.boundedTo(roomFor(window)));
-  window->resize(usualSize.boundedTo(roomFor(window)));
+  window->resize((usualSize * fontZoom() / 100).boundedTo(roomFor(window)));
   const auto showPanel = [stack, tabs, &form] { showFrontPanel(stack, tabs, form); };
   showPanel();
   followZoom(stack, form);
