@@ -59,6 +59,8 @@ TEST(LookTest, SignsAndTextsStandOutFromEachColourOfAMapInEachPalette) {
             << name;
         EXPECT_GE(contrast(border.line, border.edge), forSigns);
       }
+      EXPECT_GE(std::max(contrast(inkColour, ground), contrast(Qt::white, ground)), forSigns)
+          << "marks";
       textOn(fadedCell(ground, palette), QPalette::WindowText, QPalette::Disabled);
     }
     for (const auto role : {QPalette::Window, QPalette::Button, QPalette::Base}) {

@@ -220,6 +220,22 @@ TEST_F(MainWindowTest, TheTabOfAnAbsentMapIsFaintAndHasTheFocusInItsPlace) {
   }
 }
 
+TEST_F(MainWindowTest, ASecondLineMakesItsTabHigherAndLeavesTheOthersCaptionsAndWidth) {
+  auto* const tabs = window->findChild<QTabBar*>();
+  const QSize before = tabs->tabRect(7).size();
+  const QString caption = tabs->tabText(7);
+  const QImage without = tabs->grab(tabs->tabRect(6)).toImage();
+  form1().TabStrip1.setSecondLine(8, "Idle");
+  EXPECT_GT(tabs->tabRect(7).height(), before.height());
+  EXPECT_EQ(tabs->tabRect(7).width(), before.width());
+  EXPECT_EQ(tabs->tabText(7), caption);
+  EXPECT_EQ(tabs->grab(tabs->tabRect(6)).toImage(), without);
+  form1().TabStrip1.setSecondLine(8, std::string(500, 'W'));
+  EXPECT_LT(tabs->tabRect(7).width(), 200) << "a long one is cut";
+  form1().TabStrip1.setSecondLine(8, "");
+  EXPECT_EQ(tabs->tabRect(7).size(), before);
+}
+
 TEST_F(MainWindowTest,
        FilesDroppedAnywhereOnTheWindowAreHandedOverAsCopiesWithoutHoldingUpTheOther) {
   using Told = std::vector<std::string>;

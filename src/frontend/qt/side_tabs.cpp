@@ -8,9 +8,10 @@
 
 namespace {
 
-constexpr int textMargin = 12;  // pixels to both sides of a caption
-constexpr int lineMargin = 5;   // pixels above and below a caption
-constexpr int markWidth = 3;    // pixels, of the bar beside the selected tab
+constexpr int textMargin = 12;     // pixels to both sides of a caption
+constexpr int lineMargin = 5;      // pixels above and below a caption
+constexpr int widestSecond = 150;  // pixels, of what makes the tabs wider
+constexpr int markWidth = 3;       // pixels, of the bar beside the selected tab
 constexpr int rounding = 3;
 constexpr int dotSize = 6;  // pixels across
 
@@ -34,14 +35,16 @@ QFont SideTabs::secondFont() const {
 
 QSize SideTabs::tabSizeHint(int index) const {
   const QFontMetrics metrics = fontMetrics();
+  const QFontMetrics second(secondFont());
   int widest = 0;
   for (int i = 0; i < count(); ++i) {
-    widest = std::max(widest, metrics.size(Qt::TextShowMnemonic, tabText(i)).width());
+    widest = std::max({widest, metrics.size(Qt::TextShowMnemonic, tabText(i)).width(),
+                       std::min(second.horizontalAdvance(secondLine_(i)), byFont(widestSecond))});
   }
   const QSize size(widest + 2 * textMargin, metrics.height() + 2 * lineMargin);
   if (secondLine_(index).isEmpty()) return size;
   // The second line takes the margins' room.
-  return size + QSize(0, QFontMetrics(secondFont()).height() - lineMargin);
+  return size + QSize(0, second.height() - lineMargin);
 }
 
 QSize SideTabs::minimumTabSizeHint(int index) const { return tabSizeHint(index); }

@@ -12,8 +12,8 @@ class SideTabs : public QTabBar {
   explicit SideTabs(QWidget* parent = nullptr);
   // Tells which tabs stand for something that isn't there; they can be chosen, but are faint.
   void setAbsent(std::function<bool(int index)> absent) { absent_ = std::move(absent); }
-  // Tells what stands faintly below a tab's caption, "" for nothing. A long one doesn't make the
-  // tabs wider: it is cut.
+  // Tells what stands faintly below a tab's caption, "" for nothing. A long one makes the tabs
+  // wider to some degree; what has no room then is cut.
   void setSecondLine(std::function<QString(int index)> line) { secondLine_ = std::move(line); }
   // Tells which tabs bear a dot.
   void setMarked(std::function<bool(int index)> marked) { marked_ = std::move(marked); }
