@@ -13,7 +13,8 @@ constexpr int lineMargin = 5;      // pixels above and below a caption
 constexpr int widestSecond = 150;  // pixels, of what makes the tabs wider
 constexpr int markWidth = 3;       // pixels, of the bar beside the selected tab
 constexpr int rounding = 3;
-constexpr int dotSize = 6;  // pixels across
+constexpr int dotSize = 6;   // pixels across
+constexpr int dotRoom = 10;  // pixels to the right of what is written
 
 }  // namespace
 
@@ -68,7 +69,7 @@ void SideTabs::paintTab(QPainter& painter, int index) const {
     painter.setBrush(palette().midlight());
     painter.drawRoundedRect(area, rounding, rounding);
   }
-  paintCaption(painter, area.adjusted(textMargin, 0, -textMargin, 0), index);
+  paintCaption(painter, area.adjusted(textMargin, 0, -dotRoom, 0), index);
   if (marked_(index)) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette().windowText());
@@ -89,7 +90,7 @@ void SideTabs::paintCaption(QPainter& painter, const QRect& area, int index) con
   const int below = second.isEmpty() ? 0 : QFontMetrics(secondFont()).height();
   const int first = fontMetrics().height();
   const QRect caption(area.left(), area.top() + (area.height() - first - below) / 2,
-                      area.width() + textMargin, first);
+                      area.width() + dotRoom, first);
   painter.setFont(font());
   painter.setPen(present ? palette().color(QPalette::WindowText) : absentInk(palette()));
   painter.drawText(caption, Qt::AlignVCenter | Qt::TextShowMnemonic, tabText(index));
