@@ -29,7 +29,8 @@ printf ' 12 ,-3.5e2,&HFF,x,,1,1' >"$corpus/clipboard/odd.txt"
 printf 'S1130000%s\nS9030000FC\n' 000102030405060708090A0B0C0D0E0F74 >"$corpus/intel_hex/piece.s19"
 calls=("info any" "info a.bin a.hex --map a.adr --json" "show a.bin --map a.adr HIGH_FUEL --hex"
   "show any --map a.adr --format csv" "diff a.bin a.hex any --map a.adr" "check any a.bin"
-  "diff any a.s19 --base &H8000 --json" "convert any b.srec" "split any o e --kbit 64 --to hex"
+  "diff any a.s19 --base &H8000 --json" "convert any b.srec" "convert any a.hex"
+  "split any o e --kbit 64 --to hex" "report a.bin --map a.adr --lang ja -o r.html"
   "convert --into . --to raw any a.s19 --force" "join a.bin any c.bin"
   "apply a.bin --map a.adr --script any -o d.hex" "take a.bin any --map a.adr -o e.bin"
   "apply any --map any --script lean -o - --to srec" "take any a.hex --map any VQ_MAP -o a.bin")
@@ -45,10 +46,13 @@ interpolate HIGH_FUEL * both even
 smooth HIGH_FUEL 2-3,2-4 below 120  # only those
 parameter REV1_LIMIT 7200
 parameter K_DATA A1B2C3
+shift HIGH_FUEL left scale
+copy HIGH_FUEL REG_FUEL
 SCRIPT
 # The words of calls and scripts, which chance would not find.
-for word in info show diff check convert split join apply take --map --base --format --json --hex \
-  --to --into --kbit --output --force --script below across down both even step percent smooth \
+for word in info show diff check convert split join apply take report --lang --map --base \
+  --format --json --hex --to --into --kbit --output --force --script below across down both even \
+  step percent smooth shift copy left right scale \
   interpolate multiply parameter TP_SCALE_FUEL RPM_SCALE_FUEL SPEED1_LIMIT TTP_MAX 65536 \
   4294967296 1e38 -100 '&H7FFFFFFF' ADD_MAP1 any a.bin a.hex a.s19 a.adr lean; do
   printf '"%s "\n' "$word"
