@@ -4,6 +4,8 @@
 #include "platform/program_call.h"
 
 int main(int count, char** texts) {
-  const PlainStreams streams;
-  return runCommandLine(programArguments(count, texts));
+  const unsigned codePage = usePlainStreams();
+  const int code = runCommandLine(programArguments(count, texts));
+  giveStreamsBack(codePage);
+  return code;
 }

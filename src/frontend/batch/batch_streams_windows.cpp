@@ -8,13 +8,15 @@
 
 #include "frontend/batch/batch_streams.h"
 
-PlainStreams::PlainStreams() : codePage_(GetConsoleOutputCP()) {
+unsigned usePlainStreams() {
+  const unsigned codePage = GetConsoleOutputCP();
   for (FILE* const stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
   SetConsoleOutputCP(CP_UTF8);
+  return codePage;
 }
 
-PlainStreams::~PlainStreams() {
-  if (codePage_ != 0) SetConsoleOutputCP(codePage_);
+void giveStreamsBack(unsigned codePage) {
+  if (codePage != 0) SetConsoleOutputCP(codePage);
 }
 
 bool errorsGoToATerminal() { return _isatty(_fileno(stderr)) != 0; }
