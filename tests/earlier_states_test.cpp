@@ -208,6 +208,15 @@ TEST_F(KeptByHand, TheOldestGoFirstButNeverTheNewestOrTheFirstOfAPath) {
   EXPECT_LT(earlierStates().size(), mostStates);
 }
 
+TEST_F(KeptByHand, AStateIsNoSecondNameOfAFileOfTheUserOnceAProgramStarts) {
+  loadSmallCar();
+  const EarlierState state = put(1, "image.bin");
+  fs::create_hard_link(placeOf(state, ".state"), path("linked"));
+  separateStates();
+  writeText("linked", "other bytes, in place");
+  EXPECT_EQ(bytesOf(state), Bytes(5, 1));
+}
+
 TEST_F(KeptByHand, TheFileAsItStoodBeforeTheFirstSaveNeverGoes) {
   loadSmallCar();
   const EarlierState unfinished = put(1, "a", 1, 5, StateKind::unfinished);

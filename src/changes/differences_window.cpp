@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "changes/view_commands.h"
 #include "controls/desktop.h"
@@ -16,23 +16,18 @@
 
 namespace {
 
-constexpr Grid::Look listLook{{}, {}, 1};
-constexpr int columns = 5;
-constexpr int emptyRows = 2;  // its header and a row without a difference
-constexpr std::array<int, columns> widths{3900, 900, 1200, 1200, 2400};  // twips
-
-constexpr std::array<Wording, columns> headers{{{"名前", "Name"},
-                                                {"セル数", "Cells"},
-                                                {"最大増", "Largest +"},
-                                                {"最大減", "Largest -"},
-                                                {"アドレス", "Addresses"}}};
+constexpr std::array<ListColumn, 5> columns{{{{"名前", "Name"}, 3900},
+                                             {{"セル数", "Cells"}, 900},
+                                             {{"最大増", "Largest +"}, 1200},
+                                             {{"最大減", "Largest -"}, 1200},
+                                             {{"アドレス", "Addresses"}, 2400}}};
 
 std::string signedChange(std::int64_t change) {
   if (change == 0) return {};
   return (change > 0 ? "+" : "") + std::to_string(change);
 }
 
-std::array<std::string, columns> textsOf(const Difference& each) {
+std::vector<std::string> textsOf(const Difference& each) {
   return {nameOf(each), std::to_string(each.count), signedChange(each.up), signedChange(each.down),
           addressText(each.from) + "-" + addressText(each.to)};
 }
@@ -63,14 +58,12 @@ std::string headingText() {
 
 DifferencesWindow differencesWindow;
 
-DifferencesWindow::DifferencesWindow()
-    : Window("Differences"), list(*this, emptyRows, columns, 1, 0, listLook) {
+DifferencesWindow::DifferencesWindow() : Window("Differences"), list(*this, columns) {
   onLoad = [this] { fill(); };
   list.nameAfter({&heading});
   defaultButton = &goThere;
   cancelButton = &close;
   firstFocus = &list;
-  list.onSelect = [this] { list.setSelection({list.row(), 0, list.row(), columns - 1}); };
   list.onDoubleClick = [this] { goThere.userClick(); };
   goThere.onClick = [this] {
     if (const Difference* const row = chosen()) goToDifference(*row);
@@ -91,16 +84,12 @@ void DifferencesWindow::fill() {
   takeOver.setCaption(captioned({"取り込む", "Take over"}));
   copyAsText.setCaption(captioned({"テキストとしてコピー", "Copy as text"}));
   close.setCaption(captioned({"閉じる", "Close"}));
-  for (int column = 0; column < columns; ++column) {
-    list.setColumnWidth(column, widths[static_cast<std::size_t>(column)]);
-    list.setText(0, column, captioned(headers[static_cast<std::size_t>(column)]));
-  }
+  list.nameColumns();
   showRows();
 }
 
 const Difference* DifferencesWindow::chosen() const {
-  const auto row = static_cast<std::size_t>(list.row() - 1);
-  return row < rows_.size() ? &rows_[row] : nullptr;
+  return list.chosen() < rows_.size() ? &rows_[list.chosen()] : nullptr;
 }
 
 // The row that was chosen stays so, also when others come and go.
@@ -110,21 +99,13 @@ void DifferencesWindow::showRows() {
   const int formerRow = list.row();
   rows_ = differences();
   shownChanges_ = changesOfDifferences();
-  const GridPause pause(list);
-  const int lines = std::max(static_cast<int>(std::size(rows_)) + 1, emptyRows);
-  if (list.rows() != lines) list.resize(lines, columns);
-  for (int column = 0; column < columns; ++column) list.setText(1, column, "");
-  for (std::size_t i = 0; i < rows_.size(); ++i) {
-    const auto texts = textsOf(rows_[i]);
-    for (int column = 0; column < columns; ++column) {
-      list.setText(static_cast<int>(i) + 1, column, texts[static_cast<std::size_t>(column)]);
-    }
-  }
+  std::vector<std::vector<std::string>> texts;
+  for (const Difference& each : rows_) texts.push_back(textsOf(each));
   const auto same = std::find_if(rows_.begin(), rows_.end(),
                                  [&kept](const Difference& each) { return isSame(each, kept); });
-  const int row = former && same != rows_.end() ? static_cast<int>(same - rows_.begin()) + 1
-                                                : std::min(formerRow, lines - 1);
-  list.setSelection({std::max(row, 1), 0, std::max(row, 1), columns - 1});
+  const int row =
+      former && same != rows_.end() ? static_cast<int>(same - rows_.begin()) + 1 : formerRow;
+  list.showRows(texts, row);
   for (Button* button : {&goThere, &takeOver, &copyAsText}) button->setEnabled(!rows_.empty());
   heading.setCaption(headingText());
 }

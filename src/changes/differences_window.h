@@ -7,15 +7,15 @@
 
 #include "controls/button.h"
 #include "controls/controls.h"
-#include "controls/grid.h"
 #include "controls/window.h"
 #include "core/difference_list.h"
+#include "core/row_list.h"
 
 struct DifferencesWindow : Window {
   DifferencesWindow();
 
   Label heading{*this};
-  Grid list;
+  RowList list;
   Button goThere{*this}, takeOver{*this}, copyAsText{*this}, close{*this};
 
   // The list anew, if the window is open.

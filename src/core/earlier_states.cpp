@@ -147,6 +147,11 @@ void addState(FileStore& store, EarlierState state, std::span<const std::uint8_t
   keepAs(state);
   listed.files.push_back(file);
   listed.changed = store.changed();
+}
+
+// Once what the user waits for is done: both would wait for one folder.
+void clear(const FileStore& store) {
+  if (clearing.valid() || listed.folder != store.folder()) return;
   if (!isOver(listed.files.size(), bytesIn(listed.files))) return;
   clearing = std::async(std::launch::async, dropOldest, store, listed.files);
 }
@@ -242,6 +247,21 @@ std::vector<std::uint8_t> bytesOf(const EarlierState& state) {
 
 void forgetState(const EarlierState& state) { stateStore().forget(state.file); }
 
+void separateStates() noexcept {
+  trapFailure([] {
+    constexpr std::ptrdiff_t newest = 16;  // what is older was looked at by former programs
+    FileStore store = stateStore();
+    std::vector<StoredFile> files = store.files();
+    files.erase(files.begin(), files.end() - std::min(newest, std::ssize(files)));
+    std::erase_if(files, [&](const StoredFile& file) { return !store.isSecondName(file); });
+    const auto held = files.empty() ? std::nullopt : store.hold();
+    if (!held) return;
+    for (const StoredFile& file : files) {
+      trapFailure([&] { store.separate(file, store.read(file)); });
+    }
+  });
+}
+
 void replaceUserFile(const std::string& path, std::span<const std::uint8_t> bytes) {
   const FileContent file{path, bytes};
   replaceUserFiles({&file, 1});
@@ -259,6 +279,7 @@ void replaceUserFiles(std::span<const FileContent> files) {
     keeper.stopped();
     throw;
   }
+  keeping([] { clear(stateStore()); });
 }
 
 void keepState(const EarlierState& state, std::span<const std::uint8_t> bytes) {
@@ -266,6 +287,7 @@ void keepState(const EarlierState& state, std::span<const std::uint8_t> bytes) {
   const auto held = store.hold();
   addState(store, state, bytes,
            [&](const EarlierState& added) { store.keep(added.file, textOf(added), bytes); });
+  clear(store);
 }
 
 std::optional<StateLayout> layoutOfImage() {

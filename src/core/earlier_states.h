@@ -52,6 +52,10 @@ std::vector<EarlierState> earlierStates();
 std::vector<std::uint8_t> bytesOf(const EarlierState& state);
 void forgetState(const EarlierState& state);
 
+// A program that ended just before it replaced a file left that file with a second name, in the
+// store: the state becomes a file of its own.
+void separateStates() noexcept;
+
 // Replace files of the user as replaceFiles does; what stands there is in the store before.
 void replaceUserFile(const std::string& path, std::span<const std::uint8_t> bytes);
 void replaceUserFiles(std::span<const FileContent> files);

@@ -6,6 +6,7 @@
 #include "core/map_extent.h"
 #include "core/stored_bytes.h"
 #include "platform/failure.h"
+#include "rom/image_differences.h"
 #include "rom/map_values.h"
 
 PendingImage pendingImage;
@@ -14,21 +15,12 @@ namespace {
 
 constexpr std::size_t firstParam = mapCount;
 constexpr std::int64_t nowhere = -1;
-constexpr std::size_t blockBytes = 4096;
 
 std::size_t entryNumber(const MapKind& kind) { return static_cast<std::size_t>(kind.id - 1); }
 
 ByteStretch stretchOfEntry(std::size_t entry) {
   return entry < firstParam ? stretchOf(mapKinds()[entry])
                             : stretchOf(paramKinds()[entry - firstParam]);
-}
-
-// How many bytes of two blocks differ; most often none.
-std::int64_t unlike(const std::uint8_t* one, const std::uint8_t* other, std::size_t size) {
-  if (std::equal(one, one + size, other)) return 0;
-  std::int64_t count = 0;
-  for (std::size_t i = 0; i < size; ++i) count += one[i] != other[i];
-  return count;
 }
 
 }  // namespace
@@ -135,17 +127,7 @@ void PendingImage::rebuild() {
     if (entryOf(kind).present()) storeMap(kind);
   }
   storeAllParams();
-  countUnsaved();
-}
-
-void PendingImage::countUnsaved() {
-  const RomImage& saved = editorState.savedImage;
-  const std::size_t common = std::min(saved.size(), bytes_.size());
-  unsaved_ = static_cast<std::int64_t>(std::max(saved.size(), bytes_.size()) - common);
-  for (std::size_t from = 0; from < common; from += blockBytes) {
-    unsaved_ +=
-        unlike(bytes_.data() + from, saved.data() + from, std::min(blockBytes, common - from));
-  }
+  unsaved_ = differentBytes(bytes_, editorState.savedImage);
 }
 
 bool PendingImage::isInForce() const {

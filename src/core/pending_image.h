@@ -43,7 +43,6 @@ class PendingImage {
   void storeMap(const MapKind& kind);
   void storeAllParams();
   void put(std::int64_t address, std::uint8_t byte);
-  void countUnsaved();
 
   RomImage bytes_;
   std::int64_t unsaved_ = 0;

@@ -124,10 +124,7 @@ void tellFound(const EarlierState& state, const std::function<void()>& showState
               NoticeKind::warning,
               {name + "は保存されないまま終了しました。" + when + "の状態が残っています。",
                name + " was not saved when the program ended; its state of " + when + " is kept."},
-              {{{"以前の状態", "Earlier states"}, [showStates] {
-                  withdrawNotice(noticeSubject);
-                  showStates();
-                }}}});
+              {{{"以前の状態", "Earlier states"}, showStates}}});
 }
 
 }  // namespace
@@ -173,9 +170,12 @@ void dropUnfinishedImage() noexcept {
   unfinished.store->removeLock();
 }
 
+void withdrawUnfinishedNotice() { withdrawNotice(noticeSubject); }
+
 void watchUnsavedImage(const std::function<void()>& showStates) {
   dropUnfinishedImage();
   if (!hasEarlierStates()) return;
+  separateStates();
   const std::vector<EarlierState> found = takeOverAll();
   if (!found.empty()) {
     const auto when = [](const EarlierState& state) { return state.file.when; };

@@ -16,6 +16,9 @@ void finishUnfinishedImage() noexcept;
 // The image is saved or given up: what was kept of it for that case goes.
 void dropUnfinishedImage() noexcept;
 
+// The notice of such images goes: the user was shown them.
+void withdrawUnfinishedNotice();
+
 // Looks for images of programs that ended without being asked to, and says so by the notice strip,
 // which offers `showStates`; from then on this program's own image is kept, too.
 void watchUnsavedImage(const std::function<void()>& showStates);

@@ -29,16 +29,13 @@ const char* const location = "任意の形式読み込み";
 constexpr Wording title{"任意の形式の読み込み", "Load any form"};
 constexpr Wording fileTitle{"任意の形式のファイル", "Image of any form"};
 
-constexpr Grid::Look listLook{{}, {}, 1};
-constexpr int columns = 3;
-constexpr std::array<int, columns> widths{5200, 3000, 1500};  // twips
-constexpr std::size_t mostLines = 200;                        // of gaps, and of faults
+constexpr std::array<ListColumn, 3> columns{
+    {{{"内容", "Contents"}, 5200}, {{"アドレス", "Addresses"}, 3000}, {{"バイト", "Bytes"}, 1500}}};
+constexpr std::size_t mostLines = 200;  // of gaps, and of faults
 constexpr int mostDigits = 8;
 
-using Line = std::array<std::string, columns>;
+using Line = std::vector<std::string>;
 
-constexpr std::array<Wording, columns> headers{
-    {{"内容", "Contents"}, {"アドレス", "Addresses"}, {"バイト", "Bytes"}}};
 constexpr std::array<Wording, 3> formNames{
     {{"バイナリ", "Raw bytes"}, {"IntelHEX", "Intel HEX"}, {"Sレコード", "S-record"}}};
 
@@ -143,7 +140,7 @@ ChosenFile chosenToLoad() {
 
 AnyFormWindow anyFormWindow;
 
-AnyFormWindow::AnyFormWindow() : Window("AnyForm"), list(*this, 2, columns, 1, 0, listLook) {
+AnyFormWindow::AnyFormWindow() : Window("AnyForm"), list(*this, columns) {
   wireDialog(*this, {[this] { fill(); }, &load, [this] { loadIt(); }, &cancel, &base});
   list.nameAfter({&heading});
   base.nameAfter({&baseLabel});
@@ -167,17 +164,8 @@ void AnyFormWindow::fill() {
       {"ROMデータの先頭のアドレス (16進):", "Address of the image's first byte (hexadecimal):"}));
   load.setCaption(captioned({"読み込み", "Load"}));
   cancel.setCaption(captioned({"キャンセル", "Cancel"}));
-  const GridPause pause(list);
-  const auto lines = found_.faults.empty() ? linesOf(found_.content) : linesOf(found_.faults);
-  list.resize(static_cast<int>(lines.size()) + 1, columns);
-  for (int column = 0; column < columns; ++column) {
-    const auto place = static_cast<std::size_t>(column);
-    list.setColumnWidth(column, widths[place]);
-    list.setText(0, column, captioned(headers[place]));
-    int row = 0;
-    for (const Line& line : lines) list.setText(++row, column, line[place]);
-  }
-  list.setSelection({1, 0, 1, 0});
+  list.nameColumns();
+  list.showRows(found_.faults.empty() ? linesOf(found_.content) : linesOf(found_.faults), 1);
   base.setEnabled(found_.faults.empty() && found_.content.form != ImageFileForm::raw);
   judge();
 }

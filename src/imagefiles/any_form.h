@@ -10,7 +10,6 @@
 #include "controls/button.h"
 #include "controls/controls.h"
 #include "controls/desktop.h"
-#include "controls/grid.h"
 #include "controls/window.h"
 #include "core/editor_state.h"
 #include "rom/image_reading.h"
@@ -27,7 +26,7 @@ struct AnyFormWindow : Window {
   AnyFormWindow();
 
   Label heading{*this};
-  Grid list;
+  RowList list;
   Label baseLabel{*this}, verdict{*this};
   TextBox base{*this};
   Button load{*this}, cancel{*this};

@@ -11,39 +11,30 @@
 #include "core/form1.h"
 #include "core/pending_image.h"
 #include "core/progress.h"
+#include "core/unsaved_states.h"
 #include "core/wording.h"
 #include "imagefiles/earlier_images.h"
 #include "platform/clock.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/replacement_names.h"
+#include "rom/image_differences.h"
 
 namespace {
 
-constexpr Grid::Look listLook{{}, {}, 1};
-constexpr int columns = 5;
-constexpr int emptyRows = 2;  // its header and a row without a state
-constexpr std::array<int, columns> widths{2400, 3300, 2000, 1100, 1500};  // twips
-constexpr std::int64_t second = 1'000'000;                                // microseconds
+constexpr std::int64_t second = 1'000'000;  // microseconds
 
-constexpr std::array<Wording, columns> headers{{{"日時", "Time"},
-                                                {"名前", "Name"},
-                                                {"理由", "Why"},
-                                                {"サイズ", "Bytes"},
-                                                {"相違バイト", "Different"}}};
+constexpr std::array<ListColumn, 5> columns{{{{"日時", "Time"}, 2400},
+                                             {{"名前", "Name"}, 3300},
+                                             {{"理由", "Why"}, 2000},
+                                             {{"サイズ", "Bytes"}, 1100},
+                                             {{"相違バイト", "Different"}, 1500}}};
 
 constexpr std::array<Wording, 3> reasons{{{"上書き保存の前", "before a save"},
                                           {"保存せずに破棄", "given up unsaved"},
                                           {"異常終了", "program ended"}}};
 constexpr Wording unknown{"不明", "unknown"};
 constexpr Wording damaged{"破損", "damaged"};
-
-std::int64_t differentBytes(const RomImage& one, const RomImage& other) {
-  const std::size_t common = std::min(one.size(), other.size());
-  auto count = static_cast<std::int64_t>(std::max(one.size(), other.size()) - common);
-  for (std::size_t i = 0; i < common; ++i) count += one[i] != other[i];
-  return count;
-}
 
 std::string timeOf(const EarlierState& state) {
   return localTime("%Y-%m-%d %H:%M:%S", state.file.when / second);
@@ -69,8 +60,7 @@ void compareWithChosen(const EarlierState& state) {
 
 EarlierStatesWindow earlierStatesWindow;
 
-EarlierStatesWindow::EarlierStatesWindow()
-    : Window("EarlierStates"), list(*this, emptyRows, columns, 1, 0, listLook) {
+EarlierStatesWindow::EarlierStatesWindow() : Window("EarlierStates"), list(*this, columns) {
   wireDialog(*this, {[this] { fill(); }, &loadState, [this] { leaveFor(loadEarlierState); }, &close,
                      &list});
   list.nameAfter({&heading});
@@ -99,10 +89,7 @@ void EarlierStatesWindow::fill() {
   saveCopy.setCaption(captioned({"コピーを保存...", "Save a copy..."}));
   forget.setCaption(captioned({"消去", "Forget"}));
   close.setCaption(captioned({"閉じる", "Close"}));
-  for (int column = 0; column < columns; ++column) {
-    list.setColumnWidth(column, widths[static_cast<std::size_t>(column)]);
-    list.setText(0, column, captioned(headers[static_cast<std::size_t>(column)]));
-  }
+  list.nameColumns();
   thisFileOnly.setEnabled(!editorState.imagePath.empty());
   thisFileOnly.setChecked(editorState.imageSize != 0);
   showRows();
@@ -122,32 +109,22 @@ void EarlierStatesWindow::showRows() {
     if (row.damaged) row.differing = captioned(damaged);
   }
   setProgress(-1);  // Intel HEX moves the bar as it is read
-  const GridPause pause(list);
-  const int lines = std::max(static_cast<int>(rows_.size()) + 1, emptyRows);
-  if (list.rows() != lines) list.resize(lines, columns);
-  for (int column = 0; column < columns; ++column) list.setText(1, column, "");
-  for (std::size_t i = 0; i < rows_.size(); ++i) {
-    const EarlierState& state = rows_[i].state;
-    const std::array<std::string, columns> texts{timeOf(state), nameOf(state), reasonOf(state),
-                                                 std::to_string(state.file.mark.size),
-                                                 rows_[i].differing};
-    for (int column = 0; column < columns; ++column) {
-      list.setText(static_cast<int>(i) + 1, column, texts[static_cast<std::size_t>(column)]);
-    }
+  std::vector<std::vector<std::string>> texts;
+  for (const auto& [state, differing, isDamaged] : rows_) {
+    texts.push_back({timeOf(state), nameOf(state), reasonOf(state),
+                     std::to_string(state.file.mark.size), differing});
   }
-  const int row = std::clamp(list.row(), 1, lines - 1);
-  list.setSelection({row, 0, row, columns - 1});
+  list.showRows(texts, list.row());
   showChosen();
 }
 
 const EarlierStatesWindow::Row* EarlierStatesWindow::chosen() const {
-  const auto row = static_cast<std::size_t>(list.row() - 1);
-  return row < rows_.size() ? &rows_[row] : nullptr;
+  return list.chosen() < rows_.size() ? &rows_[list.chosen()] : nullptr;
 }
 
 // The whole path of the chosen one, and what can be done with it.
 void EarlierStatesWindow::showChosen() {
-  list.setSelection({list.row(), 0, list.row(), columns - 1});
+  list.lightRow(list.row());
   const Row* const row = chosen();
   const bool whole = row && !row->damaged;
   showDifferences.setEnabled(whole && editorState.imageSize != 0);
@@ -167,4 +144,7 @@ void EarlierStatesWindow::leaveFor(void (*command)(const EarlierState& state)) {
   command(state);
 }
 
-void showEarlierStates() { openDialog(earlierStatesWindow); }
+void showEarlierStates() {
+  withdrawUnfinishedNotice();
+  openDialog(earlierStatesWindow);
+}

@@ -6,16 +6,16 @@
 
 #include "controls/button.h"
 #include "controls/controls.h"
-#include "controls/grid.h"
 #include "controls/window.h"
 #include "core/earlier_states.h"
+#include "core/row_list.h"
 
 struct EarlierStatesWindow : Window {
   EarlierStatesWindow();
 
   Label heading{*this};
   CheckBox thisFileOnly{*this};
-  Grid list;
+  RowList list;
   Button showDifferences{*this}, loadState{*this}, saveCopy{*this}, forget{*this}, close{*this};
 
  private:

@@ -205,9 +205,13 @@ void FileStore::keepFile(const StoredFile& file, const std::string& text,
   });
 }
 
-void FileStore::separate(const StoredFile& file, std::span<const std::uint8_t> bytes) {
+bool FileStore::isSecondName(const StoredFile& file) const noexcept {
   std::error_code error;
-  if (fs::hard_link_count(placeOf(file, stateEnding), error) == 1 || error) return;
+  return fs::hard_link_count(placeOf(file, stateEnding), error) != 1 && !error;
+}
+
+void FileStore::separate(const StoredFile& file, std::span<const std::uint8_t> bytes) {
+  if (!isSecondName(file)) return;
   copyIn(file, bytes);
   flush();
 }

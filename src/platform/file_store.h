@@ -41,7 +41,8 @@ class FileStore {
 
   // Keeps `bytes`, on disk when it returns.
   void keep(const StoredFile& file, const std::string& text, std::span<const std::uint8_t> bytes);
-  // Where a file here is still a second name of another one, it becomes a file of its own.
+  // Whether a file here is still a second name of another one; it can become a file of its own.
+  bool isSecondName(const StoredFile& file) const noexcept;
   void separate(const StoredFile& file, std::span<const std::uint8_t> bytes);
   // Keeps the bytes of `target`, whose name is about to be taken by another file: the file system
   // gives it a second name here where it can, else it is copied. `flush` brings the name to disk.

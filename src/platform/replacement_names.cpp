@@ -39,14 +39,10 @@ std::string numberIn(std::string_view name, std::string_view prefix, std::string
 
 }  // namespace
 
-std::uint64_t hashOf(std::span<const std::uint8_t> bytes) {
-  std::uint64_t hash = 0xCBF29CE484222325;
-  for (const std::uint8_t byte : bytes) hash = (hash ^ byte) * 0x100000001B3;
-  return hash;
-}
-
 std::uint64_t hashOf(std::string_view text) {
-  return hashOf(std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()));
+  std::uint64_t hash = fnvOffset;
+  for (const char c : text) hash = (hash ^ static_cast<std::uint8_t>(c)) * fnvPrime;
+  return hash;
 }
 
 std::string hex64(std::uint64_t value) {

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,8 +16,9 @@ struct FoundBeside {
   Beside kind;
 };
 
+constexpr std::uint64_t fnvOffset = 0xCBF29CE484222325;
+constexpr std::uint64_t fnvPrime = 0x100000001B3;
 // FNV-1a.
-std::uint64_t hashOf(std::span<const std::uint8_t> bytes);
 std::uint64_t hashOf(std::string_view text);
 
 // 16 hexadecimal digits.

@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
-// Which content a file has.
+// Which content a file has. The hash takes eight bytes at a time, the low one first, then the rest
+// one by one: it begins with FNV's offset; each is put in by exclusive or, multiplied by FNV's
+// prime, and the result turned by half its length. So one change alone is never missed.
 struct ContentMark {
   std::uint64_t size = 0;
   std::uint64_t hash = 0;

@@ -63,6 +63,14 @@ std::int64_t numberOf(const ComparedImages& images, ParamId id, ImageView image)
   return number;
 }
 
+// How many bytes of two blocks are not the same; most often none.
+std::int64_t differentInBlock(ImageView one, ImageView other) {
+  if (std::ranges::equal(one, other)) return 0;
+  std::int64_t count = 0;
+  for (std::size_t i = 0; i < one.size(); ++i) count += one[i] != other[i];
+  return count;
+}
+
 }  // namespace
 
 bool differAt(const ComparedImages& images, std::int64_t address, std::int64_t bytes) {
@@ -133,4 +141,15 @@ std::vector<ImageDifference> imageDifferences(const ComparedImages& images) {
   const std::vector<ImageDifference> outside = differencesOutside(images);
   list.insert(list.end(), outside.begin(), outside.end());
   return list;
+}
+
+std::int64_t differentBytes(ImageView one, ImageView other) {
+  constexpr std::size_t blockBytes = 4096;
+  const std::size_t common = std::min(one.size(), other.size());
+  auto count = static_cast<std::int64_t>(std::max(one.size(), other.size()) - common);
+  for (std::size_t from = 0; from < common; from += blockBytes) {
+    const std::size_t size = std::min(blockBytes, common - from);
+    count += differentInBlock(one.subspan(from, size), other.subspan(from, size));
+  }
+  return count;
 }

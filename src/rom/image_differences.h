@@ -40,6 +40,9 @@ std::vector<ImageDifference> differencesOutside(const ComparedImages& images);
 // All of these, in the order of MapId, then ParamId.
 std::vector<ImageDifference> imageDifferences(const ComparedImages& images);
 
+// How many bytes are not the same; those that only one of the images has count too.
+std::int64_t differentBytes(ImageView one, ImageView other);
+
 // True where the bytes of one cell or parameter are held by both and differ.
 bool differAt(const ComparedImages& images, std::int64_t address, std::int64_t bytes);
 
