@@ -12,6 +12,7 @@
 #include "controls/desktop.h"
 #include "controls/window.h"
 #include "core/editor_state.h"
+#include "core/row_list.h"
 #include "rom/image_reading.h"
 
 // A file as it was read, and what its bytes give.
