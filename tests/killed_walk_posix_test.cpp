@@ -9,6 +9,7 @@
 #include <map>
 
 #include "core/earlier_states.h"
+#include "core/history.h"
 #include "core/pending_image.h"
 #include "core/unsaved_states.h"
 #include "failing_calls_posix.h"
@@ -55,12 +56,22 @@ class KilledUser : public TirelessUser {
       });
       desk.boxes.clear();
       desk.prompts.clear();
+      const Bytes saved = editorState.savedImage;
       step();
-      told.unsavedBytes = 0;
+      const bool other = editorState.savedImage != saved && !canUndo() && !canRedo();
+      if (told.unsavedBytes > 0) forgetUnsaved(desk.ended || other);
       if (chance(20)) keepUnsaved();
     }
   }
+  // The image that was kept stays for ever when it was given up, and counts no more once edited.
+  void forgetUnsaved(bool givenUp) {
+    const Bytes unsaved(told.unsaved, told.unsaved + told.unsavedBytes);
+    const bool isSaved = editorState.savedImage == unsaved;
+    if (givenUp && !isSaved) told.hashes[told.files++] = hashOfBytes(unsaved);
+    if (givenUp || isSaved || pendingImage.bytes() != unsaved) told.unsavedBytes = 0;
+  }
   void keepUnsaved() {
+    told.unsavedBytes = 0;
     keepUnfinishedImage();
     finishUnfinishedImage();
     const Bytes& image = pendingImage.bytes();
