@@ -196,8 +196,8 @@ void FileStore::keepFile(const StoredFile& file, const std::string& text,
                          std::span<const std::uint8_t> bytes, const fs::path& target) {
   keeping(file, [&] {
     writeText(file, text);
-    std::error_code error;
-    if (fs::hard_link_count(target, error) == 1 && !error) {
+    if (namesOf(target) == 1) {
+      std::error_code error;
       fs::create_hard_link(target, placeOf(file, stateEnding), error);
       if (!error) return;
     }
@@ -206,8 +206,11 @@ void FileStore::keepFile(const StoredFile& file, const std::string& text,
 }
 
 bool FileStore::isSecondName(const StoredFile& file) const noexcept {
-  std::error_code error;
-  return fs::hard_link_count(placeOf(file, stateEnding), error) != 1 && !error;
+  try {
+    return namesOf(placeOf(file, stateEnding)) > 1;
+  } catch (const std::system_error&) {
+    return false;
+  }
 }
 
 void FileStore::separate(const StoredFile& file, std::span<const std::uint8_t> bytes) {

@@ -209,6 +209,8 @@ void WaitingFile::moveTo(const fs::path& target) {
   close(static_cast<int>(std::exchange(handle_, -1)));
 }
 
+std::uintmax_t namesOf(const fs::path& path) { return fs::hard_link_count(path); }
+
 void flushFolder(const fs::path& folder) noexcept {
   const char* const name = folder.empty() ? "." : folder.c_str();
   const Descriptor opened(open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC));

@@ -33,6 +33,9 @@ void requireReadable(const std::filesystem::path& path);
 // The file that a chain of links leads to: replacing it leaves the links in place.
 std::filesystem::path behindLinks(std::filesystem::path path);
 
+// How many names the file has.
+std::uintmax_t namesOf(const std::filesystem::path& path);
+
 // Throws if `target` is there but is no regular file or may not be written.
 void requireReplaceable(const std::filesystem::path& target);
 
