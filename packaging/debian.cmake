@@ -56,6 +56,6 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "ZELKOVA shows the maps, scales and limits of an engine control unit's ROM image
 as coloured grids, curves and surfaces, and lets a tuner change them. What lies
 where is told by an address map, a short text file for each car model. Images
-are read and written as raw binary, Intel HEX and odd/even pairs. The program
-speaks Japanese and English, and a manual and a made-up car come with it.")
+are read and written as raw binary, Intel HEX, S-records and odd/even pairs. The
+program speaks Japanese and English, and a manual and a made-up car come with it.")
 include(CPack)

@@ -29,7 +29,7 @@ std::string textOf(const char* name) {
 
 Outcome run(const std::string& arguments) {
   const std::string command =
-      "cd " + (files / "") + " && " + BATCH + " " + arguments + " >out 2>err";
+      "cd " + (files / "") + " && { " + BATCH + " " + arguments + "; } >out 2>err";
   const int status = std::system(command.c_str());
   return {WEXITSTATUS(status), textOf("out"), textOf("err")};
 }
@@ -64,12 +64,25 @@ TEST_F(Batch, TellsWhatDiffersAndHowItEnded) {
        "HIGH_FUEL\n"},
       {"convert a.bin b.bin", 2, "",
        "zelkova-batch: b.bin is there already: name another file, or replace it with --force\n"},
+      {"convert a.bin . --to raw", 2, "",
+       "zelkova-batch: . is there already: name another file, or replace it with --force\n"},
       {"convert a.bin a.xyz", 2, "",
        "zelkova-batch: a.xyz: no form is known by this name; say --to raw, hex or srec\n"},
       {"split a.bin o.bin e.bin --kbit 64", 2, "",
        "zelkova-batch: a.bin: the image has only 32 bytes\n"},
       {"convert --into . --to raw a.bin ./a.bin", 2, "",
        "zelkova-batch: ./a.bin: two files would become this one\n"},
+      {"convert --into nowhere --to raw a.bin b.bin", 2, "",
+       "zelkova-batch: nowhere: no such folder; make it first\n"},
+      {"split a.bin o.bin ./o.bin --force", 2, "",
+       "zelkova-batch: ./o.bin: both halves would become this one\n"},
+      {"apply a.bin --map car.adr --script - -o o.bin --to paper </dev/null", 2, "",
+       "zelkova-batch: paper: the forms are raw, hex and srec\n"},
+      {"convert a.bin o.hex --base 0xFFFFFFE1", 2, "",
+       "zelkova-batch: a.bin: would end beyond address FFFFFFFF: say a smaller --base\n"},
+      {"info - <.", 2, "", "zelkova-batch: standard input can't be read to its end\n"},
+      {"info $(yes a.bin | head -99) >/dev/full", 2, "",
+       "zelkova-batch: standard output can't be written\n"},
   };
   for (const auto& [arguments, code, out, error] : table) {
     const Outcome outcome = run(arguments);
@@ -125,7 +138,10 @@ TEST_F(Batch, EveryFormComesBackTheSame) {
   const Bytes image = patternImage(32);
   for (const char* steps : {"convert a.bin x.srec && BATCH convert x.srec x.hex && BATCH convert - "
                             "y.bin --to raw <x.hex",
-                            "split a.bin o.hex e.hex && BATCH join o.hex e.hex y.bin"}) {
+                            "split a.bin o.hex e.srec && BATCH join o.hex e.srec y.bin",
+                            "convert a.bin high.hex --base 0x1F000 && BATCH take high.hex high.hex "
+                            "--map car.adr -o high2.hex && BATCH convert high2.hex y.bin --base "
+                            "0x1F000"}) {
     std::string commands = steps;
     for (auto at = commands.find("BATCH"); at != std::string::npos; at = commands.find("BATCH")) {
       commands.replace(at, 5, BATCH);

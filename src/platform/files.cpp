@@ -90,7 +90,8 @@ std::string fullPath(const std::string& path) {
 
 bool nameSameFile(const std::string& one, const std::string& other) noexcept {
   try {
-    const auto a = systemPath(one), b = systemPath(other);
+    const auto a = std::filesystem::absolute(systemPath(one));
+    const auto b = std::filesystem::absolute(systemPath(other));
     std::error_code missing;
     return std::filesystem::equivalent(a, b, missing) ||
            nameSameEntry(std::filesystem::weakly_canonical(a),

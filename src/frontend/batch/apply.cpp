@@ -11,9 +11,7 @@ int apply(const Arguments& arguments) {
   const Bytes image = edited(
       file.image, readAddressText(arguments.map),
       decodeText({reinterpret_cast<const char*>(script.data()), script.size()}), arguments.script);
-  const auto named =
-      arguments.form.empty() ? formNamed(arguments.output) : formNamed(arguments.form);
-  const ImageFileForm form = named.value_or(file.content.form);
+  const ImageFileForm form = formOf(arguments, arguments.output, file.content.form);
   writeWhole(arguments.output, encoded(image, form, file.base), arguments.whenThere);
   return tellWritten(
       arguments, {tellOf(arguments, {{file.path}, arguments.output, nameOf(form), image.size()})});

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <iterator>
 #include <span>
 #include <string_view>
 #include <utility>
 
 #include "platform/failure.h"
+#include "platform/file_names.h"
 #include "platform/files.h"
 #include "platform/text_encoding.h"
 #include "rom/address_check.h"
@@ -20,6 +22,7 @@ namespace {
 constexpr const char* standardStream = "-";
 constexpr std::size_t largestFile = 0x40000000;
 constexpr std::size_t largestText = 0x1000000;
+constexpr std::uint64_t addresses = 0x100000000;
 
 // Runs `step`; a Failure becomes trouble with the file's name.
 template <class Step>
@@ -38,7 +41,16 @@ Bytes readStandardInput() {
     bytes.insert(bytes.end(), part.begin(), part.begin() + static_cast<std::ptrdiff_t>(count));
     if (bytes.size() > largestFile) throw Trouble("standard input: more than 1 GiB");
   }
+  if (std::ferror(stdin) != 0) throw Trouble("standard input can't be read to its end");
   return bytes;
+}
+
+// Raw bytes tell no address: they begin where they are said to.
+void beginAt(std::uint32_t base, ImageFile& file) {
+  if (base + std::uint64_t{file.content.bytes.size()} > addresses) {
+    throw Trouble(file.path + ": would end beyond address FFFFFFFF: say a smaller --base");
+  }
+  file.content.base = base;
 }
 
 std::span<const std::uint8_t> bytesOf(const std::string& text) {
@@ -59,6 +71,7 @@ ImageFile readImage(const std::string& path, std::optional<std::uint32_t> base) 
   ImageFile file{path, {}, 0, {}};
   try {
     file.content = readImageContent(readWhole(path));
+    if (base && file.content.form == ImageFileForm::raw) beginAt(*base, file);
     file.base = base.value_or(usualBase(file.content));
     file.image = bytesFrom(std::move(file.content), file.base);
   } catch (const ImageFault& fault) {
@@ -79,9 +92,18 @@ AddressMap readAddressMap(const std::string& path) {
   const auto stops = std::ranges::find_if(
       checked.problems, [](const AddressProblem& each) { return each.stopsReading; });
   if (stops != checked.problems.end()) {
-    throw Trouble(path + ": " + stops->what + "; \"zelkova-batch check\" tells all");
+    const std::string line = stops->line > 0 ? ":" + std::to_string(stops->line) : "";
+    throw Trouble(path + line + ": " + stops->what + "; \"zelkova-batch check\" tells all");
   }
   return std::move(checked.map);
+}
+
+void requireRoom(const std::string& path, WhenThere whenThere) {
+  std::error_code unknown;  // told by the write
+  if (path == standardStream || whenThere == WhenThere::replace) return;
+  if (std::filesystem::exists(systemPath(path), unknown)) {
+    throw Trouble(path + " is there already: name another file, or replace it with --force");
+  }
 }
 
 void writeWhole(const std::string& path, std::span<const std::uint8_t> bytes, WhenThere whenThere) {
@@ -90,9 +112,7 @@ void writeWhole(const std::string& path, std::span<const std::uint8_t> bytes, Wh
     if (!written || std::fflush(stdout) != 0) throw Trouble("standard output can't be written");
     return;
   }
-  if (whenThere == WhenThere::refuse && fileExists(path)) {
-    throw Trouble(path + " is there already: name another file, or replace it with --force");
-  }
+  requireRoom(path, whenThere);
   naming(path, [&] { replaceFile(path, bytes); });
 }
 
@@ -136,7 +156,8 @@ const char* nameOf(ImageFileForm form) { return formNames[static_cast<std::size_
 Encoded encoded(const Bytes& image, ImageFileForm form, std::uint32_t base) {
   switch (form) {
     case ImageFileForm::intelHex:
-      return {intelHexText(image), {}};
+      if (base == 0) return {intelHexText(image), {}};
+      return {intelHexText(std::array{AddressedBytes{base, image}}), {}};
     case ImageFileForm::sRecords:
       return {sRecordText(image, base), {}};
     case ImageFileForm::raw:

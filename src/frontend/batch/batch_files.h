@@ -27,7 +27,7 @@ struct ImageFile {
   Bytes image;
 };
 
-// `base`: where the image begins, else as usualBase tells.
+// `base`: where the image begins, else as usualBase tells. Raw bytes are moved there.
 ImageFile readImage(const std::string& path, std::optional<std::uint32_t> base = {});
 Bytes readWhole(const std::string& path);
 
@@ -37,6 +37,8 @@ std::string readAddressText(const std::string& path);
 AddressMap readAddressMap(const std::string& path);
 
 enum class WhenThere { refuse, replace };
+// What is there is trouble, unless it is to be replaced.
+void requireRoom(const std::string& path, WhenThere whenThere);
 void writeWhole(const std::string& path, std::span<const std::uint8_t> bytes, WhenThere whenThere);
 void writeWhole(const std::string& path, const std::string& text, WhenThere whenThere);
 
@@ -50,5 +52,5 @@ void writeWhole(const std::string& path, const Encoded& file, WhenThere whenTher
 // By name or by extension; nothing for another one.
 std::optional<ImageFileForm> formNamed(const std::string& name);
 const char* nameOf(ImageFileForm form);
-// Intel HEX begins at 0, whatever `base`.
+// `base`: the address of the first byte where the form tells it.
 Encoded encoded(const Bytes& image, ImageFileForm form, std::uint32_t base);

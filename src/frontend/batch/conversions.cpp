@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 #include "frontend/batch/batch_commands.h"
 #include "frontend/batch/many_files.h"
 #include "frontend/batch/written_files.h"
+#include "platform/file_names.h"
 #include "platform/files.h"
 #include "rom/map_traits.h"
 #include "rom/map_values.h"
@@ -12,14 +14,6 @@ namespace {
 
 constexpr int bytesOfKbit = 128;
 constexpr std::array<int, 6> sizes{64, 128, 256, 512, 1024, 2048};
-
-ImageFileForm formOf(const Arguments& arguments, const std::string& output) {
-  const std::string& name = arguments.form.empty() ? output : arguments.form;
-  if (const auto form = formNamed(name)) return *form;
-  throw Trouble(arguments.form.empty()
-                    ? output + ": no form is known by this name; say --to raw, hex or srec"
-                    : arguments.form + ": the forms are raw, hex and srec");
-}
 
 std::string inFolder(const Arguments& arguments, const std::string& path, ImageFileForm form) {
   const std::string name = fileNameOf(path);
@@ -50,6 +44,9 @@ int convertMany(const Arguments& arguments) {
     names.push_back(inFolder(arguments, each, form));
   }
   requireNamesOnce(names);
+  if (!std::filesystem::is_directory(systemPath(arguments.folder))) {
+    throw Trouble(arguments.folder + ": no such folder; make it first");
+  }
   return tellWritten(arguments, forEachFile(names.size(), [&](std::size_t i) {
                        return convertOne(arguments, arguments.images[i], names[i], form);
                      }));
@@ -86,18 +83,18 @@ int split(const Arguments& arguments) {
   if (bytes % 2 != 0) throw Trouble(file.path + ": an odd number of bytes makes no pair");
   std::array<Bytes, 2> halves;
   for (std::size_t i = 0; i < bytes; ++i) halves[i % 2].push_back(file.image[i]);
-  const ImageFileForm form = formOf(arguments, arguments.images[1]);
-  if (arguments.whenThere == WhenThere::refuse && fileExists(arguments.images[2])) {
-    throw Trouble(arguments.images[2] +
-                  " is there already: name another file, or replace it with "
-                  "--force");
+  const std::array forms{formOf(arguments, arguments.images[1]),
+                         formOf(arguments, arguments.images[2])};
+  if (nameSameFile(arguments.images[1], arguments.images[2])) {
+    throw Trouble(arguments.images[2] + ": both halves would become this one");
   }
+  requireRoom(arguments.images[2], arguments.whenThere);
   std::vector<FileResult> results;
   for (std::size_t i = 0; i < 2; ++i) {
     const std::string& to = arguments.images[1 + i];
     requireRoomForJson(arguments, to);
-    writeWhole(to, encoded(halves[i], form, 0), arguments.whenThere);
-    results.push_back(tellOf(arguments, {{file.path}, to, nameOf(form), halves[i].size()}));
+    writeWhole(to, encoded(halves[i], forms[i], 0), arguments.whenThere);
+    results.push_back(tellOf(arguments, {{file.path}, to, nameOf(forms[i]), halves[i].size()}));
   }
   return tellWritten(arguments, std::move(results));
 }
@@ -141,9 +138,7 @@ int take(const Arguments& arguments) {
   for (const ParamId id : named.params) {
     carry(traitsOf(id).keyword, map.param(id).address, map.param(id).bytes);
   }
-  const ImageFileForm form = arguments.form.empty() && !formNamed(arguments.output)
-                                 ? to.content.form
-                                 : formOf(arguments, arguments.output);
+  const ImageFileForm form = formOf(arguments, arguments.output, to.content.form);
   requireRoomForJson(arguments, arguments.output);
   writeWhole(arguments.output, encoded(to.image, form, to.base), arguments.whenThere);
   return tellWritten(

@@ -69,6 +69,8 @@ int tellResults(const std::vector<FileResult>& results) {
     }
     code = std::max(code, each.code);
   }
-  if (std::fflush(stdout) != 0) throw Trouble("standard output can't be written");
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    throw Trouble("standard output can't be written");
+  }
   return code;
 }

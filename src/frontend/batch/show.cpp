@@ -96,7 +96,8 @@ std::string titleOf(const AddressMap& map, MapId id) {
 std::string inTables(const Car& car, const NamedEntries& named, Format format) {
   std::string text;
   for (const MapId id : named.maps) {
-    text += titleOf(car.map, id) + "\n" + tabled(rowsOf(car, id), format, true) + "\n";
+    text += tabled({Row{titleOf(car.map, id)}}, format, false);
+    text += tabled(rowsOf(car, id), format, true) + "\n";
   }
   std::vector<Row> rows;
   for (const ParamId id : named.params) {

@@ -1,11 +1,16 @@
 // Files that commands write, and what --json tells of them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "frontend/batch/batch_commands.h"
 #include "frontend/batch/many_files.h"
+
+// By --to, else by the output's name, else `own`; trouble where none of them tells.
+ImageFileForm formOf(const Arguments& arguments, const std::string& output,
+                     std::optional<ImageFileForm> own = {});
 
 // A file to be written from others: an image in a form, or a page.
 struct WrittenFile {
