@@ -39,6 +39,10 @@ void showPreview(QWidget* parent, const PrintJob& job) {
   preview.landscape = job.landscape;
   preview.printCaption = shown(captioned({"印刷...", "Print..."}));
   preview.pdfCaption = QStringLiteral("PDF...");
+  preview.zoomName = shown(captioned({"拡大率", "Zoom"}));
+  preview.pageName = shown(captioned({"ページ", "Page"}));
+  preview.pagesName = shown(captioned({"ページのプレビュー", "Preview of the pages"}));
+  preview.moreName = shown(captioned({"その他のボタン", "More buttons"}));
   // No failure leaves through the toolkit.
   preview.paint = [&job](QPagedPaintDevice& device) {
     bool painted = false;

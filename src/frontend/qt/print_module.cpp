@@ -1,7 +1,11 @@
 // The print module: the preview, and printers.
 #include "frontend/qt/print_module.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QComboBox>
+#include <QGraphicsView>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
@@ -9,6 +13,7 @@
 #include <QPrinterInfo>
 #include <QScreen>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace {
 
@@ -36,6 +41,30 @@ void print(QPrinter& printer, QPrintPreviewDialog& window, const Preview& previe
   window.accept();
 }
 
+void name(QWidget& window, const Preview& preview) {
+  for (QLineEdit* const box : window.findChildren<QLineEdit*>()) {
+    box->setAccessibleName(preview.pageName);
+  }
+  for (QComboBox* const box : window.findChildren<QComboBox*>()) {
+    box->setAccessibleName(preview.zoomName);
+    box->view()->setAccessibleName(preview.zoomName);
+    if (box->lineEdit()) box->lineEdit()->setAccessibleName(preview.zoomName);
+  }
+  for (QGraphicsView* const pages : window.findChildren<QGraphicsView*>()) {
+    pages->setAccessibleName(preview.pagesName);
+    pages->viewport()->setAccessibleName(preview.pagesName);
+    if (pages->parentWidget()) pages->parentWidget()->setAccessibleName(preview.pagesName);
+  }
+}
+
+// The toolkit's own are for the mouse alone.
+void letKeysReachButtons(QToolBar& bar, const Preview& preview) {
+  for (QToolButton* const button : bar.findChildren<QToolButton*>()) {
+    button->setFocusPolicy(Qt::TabFocus);
+    if (!button->defaultAction()) button->setAccessibleName(preview.moreName);
+  }
+}
+
 }  // namespace
 
 extern "C" Q_DECL_EXPORT void zelkovaShowPreview(const Preview& preview) {
@@ -59,6 +88,8 @@ extern "C" Q_DECL_EXPORT void zelkovaShowPreview(const Preview& preview) {
     QAction* const pdf = bar->addAction(preview.pdfCaption);
     pdf->setShortcut(QKeySequence::Save);
     QObject::connect(pdf, &QAction::triggered, [&] { preview.savePdf(printer.pageLayout()); });
+    letKeysReachButtons(*bar, preview);
   }
+  name(window, preview);
   window.exec();
 }

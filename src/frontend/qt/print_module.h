@@ -13,6 +13,8 @@ struct Preview {
   QString title;
   bool landscape = false;
   QString printCaption, pdfCaption;
+  // For a reader of the screen; they have no captions.
+  QString zoomName, pageName, pagesName, moreName;
   // False where the device refused.
   std::function<bool(QPagedPaintDevice&)> paint;
   std::function<void(const QPageLayout&)> savePdf;
