@@ -66,7 +66,7 @@ EarlierStatesWindow::EarlierStatesWindow() : Window("EarlierStates"), list(*this
   list.nameAfter({&heading});
   list.onSelect = [this] { showChosen(); };
   list.onDoubleClick = [this] { showDifferences.userClick(); };
-  thisFileOnly.onChange = [this] { showRows(); };
+  thisFileOnly.onChange = [this] { showRows(1); };
   showDifferences.onClick = [this] { leaveFor(compareWithChosen); };
   saveCopy.onClick = [this] {
     makeTopmost(*this, false);
@@ -77,7 +77,7 @@ EarlierStatesWindow::EarlierStatesWindow() : Window("EarlierStates"), list(*this
     const Row* const row = chosen();
     if (!row) return;
     forgetState(row->state);
-    showRows();
+    showRows(list.row());
   };
 }
 
@@ -92,11 +92,11 @@ void EarlierStatesWindow::fill() {
   list.nameColumns();
   thisFileOnly.setEnabled(!editorState.imagePath.empty());
   thisFileOnly.setChecked(editorState.imageSize != 0);
-  showRows();
+  showRows(1);
 }
 
 // What a state differs in is found by reading it, which also tells whether it is whole.
-void EarlierStatesWindow::showRows() {
+void EarlierStatesWindow::showRows(int chosenRow) {
   const std::uint64_t own = hashOf(fullPath(editorState.imagePath));
   rows_.clear();
   for (const EarlierState& state : earlierStates()) {
@@ -114,7 +114,7 @@ void EarlierStatesWindow::showRows() {
     texts.push_back({timeOf(state), nameOf(state), reasonOf(state),
                      std::to_string(state.file.mark.size), differing});
   }
-  list.showRows(texts, list.row());
+  list.showRows(texts, chosenRow);
   showChosen();
 }
 

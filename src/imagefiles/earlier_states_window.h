@@ -26,7 +26,7 @@ struct EarlierStatesWindow : Window {
   };
 
   void fill();
-  void showRows();
+  void showRows(int chosenRow);
   void showChosen();
   const Row* chosen() const;
   void leaveFor(void (*command)(const EarlierState& state));
