@@ -47,6 +47,7 @@ struct Unfinished {
 };
 
 Unfinished unfinished;
+bool unfinishedFound = false;
 
 bool takeFolder() {
   if (unfinished.held) return true;
@@ -170,13 +171,17 @@ void dropUnfinishedImage() noexcept {
   unfinished.store->removeLock();
 }
 
-void withdrawUnfinishedNotice() { withdrawNotice(noticeSubject); }
+bool withdrawUnfinishedNotice() {
+  withdrawNotice(noticeSubject);
+  return std::exchange(unfinishedFound, false);
+}
 
 void watchUnsavedImage(const std::function<void()>& showStates) {
   dropUnfinishedImage();
   if (!hasEarlierStates()) return;
   separateStates();
   const std::vector<EarlierState> found = takeOverAll();
+  unfinishedFound = !found.empty();
   if (!found.empty()) {
     const auto when = [](const EarlierState& state) { return state.file.when; };
     tellFound(*std::ranges::max_element(found, {}, when), showStates);

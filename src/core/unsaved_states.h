@@ -16,8 +16,9 @@ void finishUnfinishedImage() noexcept;
 // The image is saved or given up: what was kept of it for that case goes.
 void dropUnfinishedImage() noexcept;
 
-// The notice of such images goes: the user was shown them.
-void withdrawUnfinishedNotice();
+// The notice of such images goes, since the user is shown them; true for the first time after one
+// was found.
+bool withdrawUnfinishedNotice();
 
 // Looks for images of programs that ended without being asked to, and says so by the notice strip,
 // which offers `showStates`; from then on this program's own image is kept, too.

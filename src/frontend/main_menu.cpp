@@ -269,7 +269,9 @@ bool refused(const CommandGuard& guard) {
   return true;
 }
 
+// What the command before said of its work no longer stands.
 void run(const MenuRow& row) {
+  form1().doneStatus.setCaption("");
   if (!row.guard || !refused(*row.guard)) row.routine();
 }
 

@@ -31,6 +31,7 @@ void loadSteps(const ImageForm& form, const std::string& path) {
   editorState.compareImage = form.decode(readImageFile(chosen.path));
   form1().Label35.setCaption("COMP. " + chosen.title);
   editorState.compareLoaded = form.comparable(editorState.compareImage);
+  if (editorState.compareLoaded > 0) compareWith(Against::comparison);
 }
 
 void loadComparison(const ImageForm& form, const std::string& path = {}) {

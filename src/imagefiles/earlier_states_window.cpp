@@ -91,7 +91,7 @@ void EarlierStatesWindow::fill() {
   close.setCaption(captioned({"閉じる", "Close"}));
   list.nameColumns();
   thisFileOnly.setEnabled(!editorState.imagePath.empty());
-  thisFileOnly.setChecked(editorState.imageSize != 0);
+  thisFileOnly.setChecked(editorState.imageSize != 0 && !showAllFirst);
   showRows(1);
 }
 
@@ -144,7 +144,8 @@ void EarlierStatesWindow::leaveFor(void (*command)(const EarlierState& state)) {
   command(state);
 }
 
+// A crash's image may have been another one than that which was loaded since.
 void showEarlierStates() {
-  withdrawUnfinishedNotice();
+  earlierStatesWindow.showAllFirst = withdrawUnfinishedNotice();
   openDialog(earlierStatesWindow);
 }

@@ -16,6 +16,7 @@ struct EarlierStatesWindow : Window {
   Label heading{*this};
   CheckBox thisFileOnly{*this};
   RowList list;
+  bool showAllFirst = false;
   Button showDifferences{*this}, loadState{*this}, saveCopy{*this}, forget{*this}, close{*this};
 
  private:
