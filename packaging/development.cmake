@@ -11,7 +11,8 @@ install(TARGETS zelkova_rom EXPORT zelkova
         ARCHIVE DESTINATION lib COMPONENT development ${unless_asked})
 # The headers include each other by their folders, which stand in a folder of their own.
 set(headers
-    platform/failure platform/file_names platform/files platform/numbers platform/text_encoding platform/utf8
+    platform/failure platform/file_names platform/files platform/numbers platform/text_encoding
+    platform/utf8
     rom/address_check rom/addressed_bytes rom/image_differences rom/image_reading
     rom/image_writing rom/intel_hex_writer rom/map_entries
     rom/map_traits rom/map_values rom/srecord_writer)
