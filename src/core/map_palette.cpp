@@ -79,11 +79,14 @@ Colour shownColour(Colour given) {
 
 Colour shownInk(Colour given, Colour ground) { return secondInForce ? inkOn(ground) : given; }
 
+double luminance(Colour colour) {
+  return 0.2126 * decoded(colour.red) + 0.7152 * decoded(colour.green) +
+         0.0722 * decoded(colour.blue);
+}
+
 Colour inkOn(Colour ground) {
   // As bright as it must be for black and white to stand out alike: (1 + 0.05) / (y + 0.05) is
   // (y + 0.05) / (0 + 0.05) there.
   constexpr double middle = 0.1791;
-  const double luminance =
-      0.2126 * decoded(ground.red) + 0.7152 * decoded(ground.green) + 0.0722 * decoded(ground.blue);
-  return luminance > middle ? black : white;
+  return luminance(ground) > middle ? black : white;
 }

@@ -13,5 +13,7 @@ Colour shownColour(Colour given);
 // The text that stands on the cell: `given` in the given colours, else black or white, whichever
 // stands out more (always by 4.5 : 1 at least).
 Colour shownInk(Colour given, Colour ground);
+// IEC 61966-2-1: how much light a colour gives, from 0 (black) to 1 (white).
+double luminance(Colour colour);
 // Black or white, whichever stands out more from the ground.
 Colour inkOn(Colour ground);

@@ -218,9 +218,15 @@ void loadAnyFormFrom(const std::string& path, std::optional<std::uint32_t> base)
   if (failed == 0 && found) anyFormWindow.open(std::move(*found), base);
 }
 
-void offerAnyForm(const std::string& path, int failure) {
+RomImage takeDecoded(const ImageForm& form, RomImage bytes) {
+  RomImage records = &form == &intelHexImages ? bytes : RomImage();
+  takeImage(form.decode(std::move(bytes)));
+  return records;
+}
+
+void offerAnyForm(const ImageForm& form, const std::string& path, int failure) {
   constexpr std::size_t lookedAt = 4096;
-  if (failure != badSubscript) return;
+  if (&form != &intelHexImages || failure != badSubscript) return;
   trapFailure([&] {
     if (imageFileForm(readFile(path, lookedAt)) == ImageFileForm::raw) return;
     const std::string name = fileNameOf(path);

@@ -15,6 +15,8 @@
 #include "core/row_list.h"
 #include "rom/image_reading.h"
 
+struct ImageForm;
+
 // A file as it was read, and what its bytes give.
 struct FoundImage {
   ChosenFile file;
@@ -51,9 +53,12 @@ void loadAnyForm();
 // The same, but the file is known already, and where its image begins.
 void loadAnyFormFrom(const std::string& path, std::optional<std::uint32_t> base = {});
 
+// Makes the file's bytes the loaded image. Gives them back where the given Intel HEX reader read
+// them, to be looked into once all is loaded.
+RomImage takeDecoded(const ImageForm& form, RomImage bytes);
 // The Intel HEX loader failed with `failure` on the file: the notice strip offers the command, if
 // the file holds records.
-void offerAnyForm(const std::string& path, int failure);
+void offerAnyForm(const ImageForm& form, const std::string& path, int failure);
 // It made the image that is loaded of these records: the strip says so if they are damaged or give
 // something else by their addresses.
 void tellIfReadOtherwise(const std::string& path, const RomImage& records);

@@ -1,7 +1,6 @@
 #include "imagefiles/image_files.h"
 
 #include <string>
-#include <utility>
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
@@ -42,9 +41,7 @@ void loadSteps(const ImageForm& form, const std::string& path) {
   desktop().setBusyPointer(true);
   dropImage();
   showOperation("READ");
-  RomImage bytes = readWatched(editorState.dialogPath);
-  const RomImage records = &form == &intelHexImages ? bytes : RomImage();
-  takeImage(form.decode(std::move(bytes)));
+  const RomImage records = takeDecoded(form, readWatched(editorState.dialogPath));
   nameImage();
   showFileSize();
   loaderTail();
@@ -97,7 +94,7 @@ void loadImage(const ImageForm& form, const std::string& path = {}) {
   runFileCommand({form.load.location, [&] { loadSteps(form, path); },
                   [&](int number) {
                     showFailure(number, "　Ill. DATA? ", editorState.dialogTitle);
-                    if (&form == &intelHexImages) offerAnyForm(editorState.dialogPath, number);
+                    offerAnyForm(form, editorState.dialogPath, number);
                   }});
 }
 

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
 
 #include "core/dialogs.h"
 #include "core/editor_state.h"
@@ -56,9 +55,7 @@ void loadSteps(const std::string& path, const ImageForm& form) {
   dropImage();
   form1().Label13.setCaption("READ");
   form1().refresh();
-  RomImage bytes = readWatched(path);
-  const RomImage records = &form == &intelHexImages ? bytes : RomImage();
-  takeImage(form.decode(std::move(bytes)));
+  const RomImage records = takeDecoded(form, readWatched(path));
   if (path.find_first_of("\\/") != std::string::npos) editorState.dialogTitle = fileNameOf(path);
   nameImage();
   showFileSize();
@@ -72,7 +69,7 @@ void load(const std::string& path, const ImageForm& form) {
   int reached = 0;
   const auto tell = [&](int failure) {
     tellFailure(failure, fileNameOf(path));
-    if (&form == &intelHexImages) offerAnyForm(path, failure);
+    offerAnyForm(form, path, failure);
   };
   const int number = runFileCommand({"Recent File読み込み", [&] { loadSteps(path, form); }, tell,
                                      [&](int) { reached = bar.value(); }});

@@ -6,8 +6,9 @@
 #include <QProxyStyle>
 #include <QStyleOption>
 #include <algorithm>
-#include <cmath>
+#include <cstdint>
 
+#include "core/map_palette.h"
 #include "frontend/qt/dark_desktop.h"
 
 namespace {
@@ -17,11 +18,8 @@ constexpr int calmSpacing = 8;
 constexpr double leastContrast = 4.5;  // of texts
 
 double luminance(const QColor& colour) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-         0.0722 * linear(colour.blueF());
+  const auto part = [](int value) { return static_cast<std::uint8_t>(value); };
+  return luminance(Colour{part(colour.red()), part(colour.green()), part(colour.blue())});
 }
 
 bool isDark(const QPalette& palette) {
